@@ -1,0 +1,48 @@
+// Child processes: started by a command text, waited for while the windows stay alive, ended on the way out.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace brasquelin {
+
+enum class WindowStyle { hidden = 0, normalWithFocus = 1 };
+
+/// Starting, asking and ending; the system's own unless a test puts another one in its place. Each started process
+/// is remembered with the system's handle to it, so a process id that was reused is never taken for it.
+class ProcessTable {
+  public:
+    virtual ~ProcessTable() = default;
+    /// Starts a command and gives its process id. An empty command is error 5, a program that is missing error 53, one
+    /// that may not be run error 70.
+    virtual std::uint32_t start(std::string_view command, WindowStyle style) = 0;
+    /// False when the process has ended or was not started here.
+    virtual bool isRunning(std::uint32_t processId) = 0;
+    /// True when the process was ended by this call.
+    virtual bool terminate(std::uint32_t processId) = 0;
+};
+
+ProcessTable& processTable();
+/// A null pointer brings the system's table back.
+void setProcessTable(ProcessTable* table);
+/// The system's own table.
+ProcessTable& systemProcessTable();
+
+/// The process that shellAndWait last started; 0 until then, never reset.
+extern std::uint32_t childProcessId;
+
+/// Starts a command and returns its process id at once.
+std::uint32_t startCommand(std::string_view command, WindowStyle style);
+
+/// Starts a command and returns when it has ended, 1,000 ms later at the earliest. Pending events of the user interface
+/// are processed meanwhile; what is kept of text files is forgotten.
+void shellAndWait(std::string_view command, WindowStyle style);
+
+/// Ends a process. `windowHandle`, unless 0, names the process by a window that it owns (Windows only).
+bool killProcess(std::uint32_t processId, std::uintptr_t windowHandle = 0);
+
+/// Waits while pending events of the user interface are processed.
+void waitMilliseconds(std::uint32_t milliseconds);
+
+}  // namespace brasquelin

@@ -1,0 +1,49 @@
+// Files and directories. Every path goes through the system's own resolver (see paths.h).
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brasquelin {
+
+bool fileExists(std::string_view path);
+bool directoryExists(std::string_view path);
+bool isLink(std::string_view path);
+
+/// The bytes of a file. Raises 53, 70, 75 or 76 with the path as given.
+std::string readFileBytes(std::string_view path);
+
+/// What tells two versions of a file apart without reading it.
+struct FileStamp {
+    std::uint64_t size = 0;
+    std::int64_t modified = 0;  // nanoseconds
+    std::uint64_t identity = 0;
+    bool operator==(const FileStamp&) const = default;
+};
+/// Nothing when there is no such file.
+std::optional<FileStamp> fileStamp(std::string_view path);
+
+/// Creates the file anew with these bytes: written beside its place and moved over it, so a failure leaves the old
+/// file. A device or pipe is written directly. Raises 61, 70, 75 or 76.
+void writeFile(std::string_view path, std::string_view bytes);
+
+/// The same for a file that holds a user's work: the bytes are on the disk before the old file goes.
+void saveFile(std::string_view path, std::string_view bytes);
+
+/// False when the file or directory could not be removed; never raises.
+bool deleteFile(std::string_view path) noexcept;
+bool removeDirectory(std::string_view path) noexcept;
+
+/// Names (without the directory), sorted without regard to letter case; hidden ones are left out. An unreadable
+/// directory is empty. A link counts as a file.
+std::vector<std::string> listFiles(std::string_view directory);
+std::vector<std::string> listDirectories(std::string_view directory);
+
+/// Raises 76 when there is no such directory.
+void changeDirectory(std::string_view path);
+std::string currentDirectory();
+
+}  // namespace brasquelin

@@ -1,0 +1,52 @@
+// Paths and what the system knows about the running program.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brasquelin {
+
+/// Put between the parts of paths that the program composes itself: "\" or "/".
+extern const char pathSeparator;
+
+/// directory + separator + name.
+std::string joinPath(std::string_view directory, std::string_view name);
+
+/// The directory of the running executable, without a trailing separator; another one for tests.
+const std::string& programDirectory();
+void setProgramDirectory(std::string directory);
+
+/// The short form of the program directory: what "$exepath$" stands for.
+const std::string& exeDirectory();
+
+/// Windows: the short (8.3) form. Linux: the absolute path. Empty when the path does not exist.
+std::string shortPath(std::string_view path);
+
+/// An existing relative path with a directory part, made absolute; any other path as it is.
+std::string anchoredPath(std::string_view path);
+
+/// The path as the system opens it. Linux: back-slashes become slashes; the exact name is tried, then each component
+/// in any letter case. Windows: the path itself.
+std::string resolvePath(std::string_view path);
+
+/// The path of a program as the system starts it. Linux: resolved, and a missing "tool.exe" is "tool" where that
+/// exists. Empty when there is no such file.
+std::string resolveProgram(std::string_view path);
+
+/// True for "/", "C:\" and the like: a directory that has no parent.
+bool isFileSystemRoot(std::string_view path);
+
+/// The texts that end the program's own path in a line of a list file, in lower case, such as "\brasquelin.exe ".
+const std::vector<std::string>& programMarkers();
+
+/// The command line without the program's own path; leading blanks are stripped.
+std::string processCommandLine(int argc, const char* const* argv);
+
+/// True when windows can be shown.
+bool displayAvailable();
+
+/// The user's directory for application data (Linux: XDG_DATA_HOME or its default; elsewhere empty).
+std::string userDataDirectory();
+
+}  // namespace brasquelin
