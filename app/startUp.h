@@ -1,0 +1,26 @@
+// The fixed sequence of a start.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace brasquelin {
+
+/// What start-up needs of the main window; each may be empty.
+struct StartUpWindows {
+    std::function<void()> prepareToolbar;
+    std::function<void()> detectBorders;
+};
+
+/// Resets every table, registers the file types, reads the configuration, and does what the command line asks for.
+/// Run-time errors are reported and stop it. True when the program goes on interactively; false when start-up was
+/// stopped by an error. Raises EndProgram.
+bool startUp(const std::string& commandLine, const StartUpWindows& windows = {});
+
+/// The whole program on a machine without a display: the exit status.
+int runWithoutDisplay(const std::string& commandLine);
+
+/// The main window is destroyed: ends the child process that was last waited for.
+void endLastChild();
+
+}  // namespace brasquelin

@@ -1,0 +1,24 @@
+// Value expansion of a profile's lines.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "text/substitution.h"
+
+namespace brasquelin {
+
+/// Expands a line at a nesting level: built-ins, global variables, counters of open loops, assignments, counters of all
+/// loops started, declared variables, plugin variables. `line` is left as it stands before the last pass. `scriptPath`
+/// is the profile's path, `index` what "$index$" becomes. Ends the program after its message for an assignment to an
+/// undeclared variable; raises 9 or 13 for a bad item number.
+std::string expandProfileLine(std::string& line, int level, std::string_view scriptPath, int index);
+
+/// The counters of the loops that are open at the level.
+std::string expandCounters(std::string_view text, int level);
+
+/// The message about an assignment to a variable that its file does not declare.
+[[noreturn]] void endForUnknownVar(std::string_view name, std::string_view fromFile, int fromLine,
+                                   std::string_view inFile);
+
+}  // namespace brasquelin

@@ -1,0 +1,50 @@
+// Opening a profile or library: its declarations become a prompt, which is shown, or confirmed unseen.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "vars/promptForm.h"
+
+namespace brasquelin {
+
+/// What the opening of a file depends on.
+struct OpenOptions {
+    std::vector<std::string> presets;  // values from the command line, the first for row 0
+    bool namedOnCommandLine = false;   // the prompt is shown without blocking, and closing it ends the program
+    bool replaying = false;            // list mode: a library without variables is run at once
+    std::function<void()> confirmed;   // called once the values are stored
+};
+
+/// Reads and prompts for a profile. A profile without variables is confirmed at once. Ends the program for a missing
+/// file, a first line that is too short and an invalid type specification, each after its message.
+void loadProfile(const std::string& path, OpenOptions options);
+
+/// The same for a library.
+void loadFunction(const std::string& path, OpenOptions options);
+
+/// The title in line 1, blanks turned into "_" for a profile. Ends the program after its message for a line that is too
+/// short.
+std::string readProfileTitle(const std::string& path);
+std::string readFunctionTitle(const std::string& path);
+
+/// The form that the prompt window of this kind shows; null before the first one.
+std::shared_ptr<PromptForm> currentPrompt(PromptKind kind);
+
+/// OK: stores each row's name=value, hides the window and starts what was to be confirmed. Ends the program after its
+/// message for a row of unknown type.
+void confirmPrompt(PromptForm& form);
+
+/// The window was closed by its close box or unloaded: ends the program when the file was named on the command line.
+void promptClosed(const PromptForm& form);
+
+/// The values that the last confirmed library prompt gave, as name=value.
+const std::vector<std::string>& functionArguments();
+
+/// Start-up and tests: no prompt was opened yet.
+void resetPrompts();
+
+}  // namespace brasquelin

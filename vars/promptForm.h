@@ -1,0 +1,96 @@
+// The prompt as a model: one row per variable with what is visible, chosen and typed. All sizes are twips.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "vars/typeSpec.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+
+struct Box {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    int bottom() const { return top + height; }
+};
+
+/// Where the controls of one row stand.
+struct RowPlacement {
+    Box varName{120, 70, 2055, 255};
+    Box textType{2400, 30, 3015, 285};
+    Box listType{2400, 30, 3015, 315};
+    Box pathType{2400, 30, 2535, 285};
+    Box getPath{4920, 30, 495, 285};
+    Box graph1{0, 0, 2295, 375};
+    Box graph2{2300, 0, 3240, 375};
+
+    /// The row below this one.
+    RowPlacement next() const;
+};
+
+struct PromptRow {
+    std::string name;
+    std::string label;  // what `varName` shows: name + "="
+    std::string info;   // its tooltip
+    std::string typeSpec;
+    VariableKind kind = VariableKind::unknown;
+
+    std::string text;                  // `textType` or `pathType`
+    std::vector<std::string> choices;  // `listType`: an empty entry, then the items or labels
+    std::vector<std::string> values;   // `combType`: parallel to the choices of a comb
+    int selected = -1;                 // position in `choices`, -1 when nothing is selected
+
+    std::string dialogFilter;
+    std::string dialogMode;  // "open" or "save"
+    bool doubledBackslashes = false;
+
+    bool askUser = false;         // "#ask#": the name in bold and dark red
+    bool backdropVisible = true;  // false once a command-line value has set the row
+    RowPlacement place;
+
+    bool showsText() const { return kind == VariableKind::text; }
+    bool showsPath() const { return kind == VariableKind::path || kind == VariableKind::dbls; }
+    bool showsChoices() const { return kind == VariableKind::list || kind == VariableKind::comb; }
+
+    /// What OK stores for the row.
+    std::string value() const;
+    /// Selects an entry by its number. Raises 13 for what is no number, 9 for one out of range.
+    void select(std::string_view number);
+};
+
+enum class PromptKind { profile, function };
+
+struct PromptForm {
+    PromptKind kind = PromptKind::profile;
+    std::string path;
+    std::string title;  // the window's caption
+    std::vector<PromptRow> rows;
+    Box cmdCancel{0, 0, 2295, 375};
+    Box cmdOK{2300, 0, 3240, 375};
+    int height = 0;                   // without the border
+    std::function<void()> confirmed;  // what OK starts once the values are stored
+
+    /// "frmVarProfile" or "frmVarFunction"
+    std::string_view windowName() const;
+};
+
+/// One row per declaration, defaults filled in, placed below each other. Raises 13 or 9 for a bad default of a choice.
+std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations);
+
+/// Places the buttons below the rows and sets the height.
+void placeButtons(PromptForm& form);
+
+/// Gives the rows the values of the command line, one each in order; values beyond the last row are ignored. Asks for
+/// "#pop" values. Raises 13 or 9 for a bad number of a choice, EndProgram for a cancelled input box.
+void applyPresets(PromptForm& form, const std::vector<std::string>& presets);
+
+/// Opens the row's file dialog and takes the choice, if any. True when the row changed.
+bool browse(PromptRow& row);
+
+}  // namespace brasquelin

@@ -1,0 +1,16 @@
+// Answers remembered from run to run in "pop.tmp" beside the program, newest first, 51 at the most.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace brasquelin {
+
+/// The newest value under exactly this key.
+std::optional<std::string> recallValue(std::string_view key);
+
+/// Raises the error of writing the file.
+void rememberValue(std::string_view key, std::string_view value);
+
+}  // namespace brasquelin
