@@ -1,0 +1,59 @@
+#include "text/runTimeError.h"
+
+#include <utility>
+
+namespace brasquelin {
+
+std::string_view description(ErrorNumber number) {
+    switch (number) {
+        case ErrorNumber::invalidCall:
+            return "Invalid procedure call or argument";
+        case ErrorNumber::overflow:
+            return "Overflow";
+        case ErrorNumber::subscriptOutOfRange:
+            return "Subscript out of range";
+        case ErrorNumber::typeMismatch:
+            return "Type mismatch";
+        case ErrorNumber::fileNotFound:
+            return "File not found";
+        case ErrorNumber::deviceError:
+            return "Device I/O error";
+        case ErrorNumber::diskFull:
+            return "Disk full";
+        case ErrorNumber::inputPastEnd:
+            return "Input past end of file";
+        case ErrorNumber::permissionDenied:
+            return "Permission denied";
+        case ErrorNumber::pathFileAccess:
+            return "Path/File access error";
+        case ErrorNumber::pathNotFound:
+            return "Path not found";
+    }
+    return "Application-defined or object-defined error";
+}
+
+namespace {
+
+std::string atLine(int line) {
+    return line > 0 ? " at line " + std::to_string(line) : std::string();
+}
+
+}  // namespace
+
+RunTimeError::RunTimeError(ErrorNumber number, std::string path, int line)
+    : std::runtime_error(std::string(description(number))), number_(number), path_(std::move(path)), line_(line) {}
+
+std::string RunTimeError::report() const {
+    return "Error " + std::to_string(static_cast<int>(number_)) + " : " + what();
+}
+
+std::string RunTimeError::reportWhileLoading(std::string_view handlerPath, int handlerLine) const {
+    const std::string handler(handlerPath);
+    const bool ownFile = !path_.empty() && path_ != handler;
+    std::string text = report() + "\r\nWhile loading '";
+    if (!ownFile) return text + handler + "'" + atLine(line_ > 0 ? line_ : handlerLine);
+    text += path_ + "'" + atLine(line_);
+    return handler.empty() ? text : text + "\r\nFrom file '" + handler + "'" + atLine(handlerLine);
+}
+
+}  // namespace brasquelin
