@@ -19,7 +19,7 @@ struct OpenOptions {
     std::function<void()> confirmed;   // called once the values are stored
 };
 
-/// Reads and prompts for a profile. A profile without variables is confirmed at once. Ends the program for a missing
+/// Reads and prompts for a profile. A profile without variables is run at once. Ends the program for a missing
 /// file, a first line that is too short and an invalid type specification, each after its message.
 void loadProfile(const std::string& path, OpenOptions options);
 
@@ -38,7 +38,8 @@ std::shared_ptr<PromptForm> currentPrompt(PromptKind kind);
 /// message for a row of unknown type.
 void confirmPrompt(PromptForm& form);
 
-/// The window was closed by its close box or unloaded: ends the program when the file was named on the command line.
+/// The window was closed by its close box (not by Cancel, OK or the program): ends the program when the file was named
+/// on the command line.
 void promptClosed(const PromptForm& form);
 
 /// The values that the last confirmed library prompt gave, as name=value.

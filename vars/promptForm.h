@@ -74,6 +74,7 @@ struct PromptForm {
     Box cmdCancel{0, 0, 2295, 375};
     Box cmdOK{2300, 0, 3240, 375};
     int height = 0;                   // without the border
+    bool endsProgram = false;         // closing the window ends the program
     std::function<void()> confirmed;  // what OK starts once the values are stored
 
     /// "frmVarProfile" or "frmVarFunction"

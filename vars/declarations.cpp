@@ -1,0 +1,155 @@
+#include "vars/declarations.h"
+
+#include <optional>
+#include <string>
+
+#include "platform/desktop.h"
+#include "platform/paths.h"
+#include "platform/textFiles.h"
+#include "text/text.h"
+#include "vars/typeSpec.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::size_t attributePosition = 7;  // behind ".Type=" and ".Info=", whatever these six characters are
+constexpr std::string_view defaultKey = ".default=";
+
+std::string expandBuiltIns(std::string_view text, std::string_view scriptPath) {
+    ReferenceText references{std::string(text)};
+    if (!references.mayRefer()) return references.take();
+    const std::string scriptDirectory = dirOf(scriptPath);
+    references.replace("exepath", exeDirectory());
+    references.replace("scriptpath", scriptDirectory);
+    for (const std::string_view ending : {"dblslash", "dbslash"}) {
+        references.replace("exepath" + std::string(ending), doubleBackslashes(exeDirectory()));
+        references.replace("scriptpath" + std::string(ending), doubleBackslashes(scriptDirectory));
+    }
+    return references.take();
+}
+
+/// Where the two readers differ.
+struct ReaderRules {
+    bool countsEveryLine;
+    bool skipsOtherAttributes;  // a fourth line that begins with "." but is no default
+    bool endsCleanly;           // the end of the file inside a declaration is no error
+    int pluginLevel;
+};
+
+class DeclarationReader {
+  public:
+    DeclarationReader(std::string_view path, Table<VariableDeclaration>& table, const ReaderRules& rules)
+        : path_(path), file_(readTextFile(path)), table_(table), rules_(rules) {}
+
+    void read() {
+        while (nextLine()) {
+            ++passes_;
+            while (opensDeclaration() && readDeclaration()) continue;
+            if (ended_) return;
+            noteTag();
+        }
+    }
+
+  private:
+    bool nextLine() {
+        if (position_ >= file_->lines.size()) return false;
+        line_ = file_->lines[position_++];
+        return true;
+    }
+
+    /// False at the end of the file, for the reader that ends there without an error.
+    bool needLine() {
+        if (nextLine()) return true;
+        if (!rules_.endsCleanly) throw RunTimeError(ErrorNumber::inputPastEnd, path_);
+        ended_ = true;
+        return false;
+    }
+
+    int lineNumber() const { return static_cast<int>(rules_.countsEveryLine ? position_ : passes_); }
+
+    bool opensDeclaration() const { return inBlock_ && !ended_ && !line_.empty() && line_.front() != '['; }
+
+    /// True when the line behind the declaration is to be examined again.
+    bool readDeclaration() {
+        VariableDeclaration& record = table_.nextRow();
+        record.name = line_;
+        if (!needLine()) return false;
+        readTypeSpec(record);
+        if (!needLine()) return false;
+        record.info = fromCharacter(line_, attributePosition);
+        const bool hasFourthLine = nextLine();
+        const bool again = readDefault(record, hasFourthLine);
+        table_.takeNextRow();
+        ended_ = !hasFourthLine && rules_.endsCleanly;
+        return again;
+    }
+
+    void readTypeSpec(VariableDeclaration& record) {
+        const auto typeSpec = fromCharacter(line_, attributePosition);
+        checkTypeSpec(typeSpec, path_, lineNumber());
+        if (typeSpec.find('$') == std::string_view::npos) {
+            record.typeSpec = typeSpec;
+        } else {
+            record.typeSpec = expandPluginVars(typeSpec, rules_.pluginLevel);
+        }
+    }
+
+    bool readDefault(VariableDeclaration& record, bool hasFourthLine) {
+        if (hasFourthLine && startsWithIgnoringCase(line_, defaultKey)) {
+            record.defaultValue = expandBuiltIns(fromCharacter(line_, defaultKey.size() + 1), path_);
+            return false;
+        }
+        if (hasFourthLine && rules_.skipsOtherAttributes && line_.starts_with('.')) return false;
+        record.defaultValue.clear();
+        return true;
+    }
+
+    void noteTag() {
+        if (equalIgnoringCase(line_, "[var]")) inBlock_ = true;
+        if (equalIgnoringCase(line_, "[/var]")) inBlock_ = false;
+    }
+
+    std::string path_;
+    std::shared_ptr<const TextFile> file_;
+    Table<VariableDeclaration>& table_;
+    ReaderRules rules_;
+    std::string_view line_;
+    std::size_t position_ = 0;
+    std::size_t passes_ = 0;
+    bool inBlock_ = false;
+    bool ended_ = false;
+};
+
+bool readDeclarations(std::string_view path, Table<VariableDeclaration>& table, const ReaderRules& rules,
+                      OnParseError onParseError) {
+    table.resetCount();
+    DeclarationReader reader(path, table, rules);
+    try {
+        reader.read();
+    } catch (const ParseError& error) {
+        table.resetCount();
+        showCritical(error.report(), errorTitle);
+        if (onParseError == OnParseError::endProgram) throw EndProgram(1);
+        return false;
+    } catch (const RunTimeError& error) {
+        // The declarations read so far stay and the load goes on.
+        showCritical(error.reportWhileLoading(path), errorTitle);
+    }
+    return true;
+}
+
+}  // namespace
+
+bool readProfileVariables(std::string_view path, int level, OnParseError onParseError) {
+    const ReaderRules rules{true, true, true, level};
+    return readDeclarations(path, variableTables.profileVariables[level], rules, onParseError);
+}
+
+bool readFunctionVariables(std::string_view path, OnParseError onParseError) {
+    const ReaderRules rules{false, false, false, 0};
+    return readDeclarations(path, variableTables.functionVariables, rules, onParseError);
+}
+
+}  // namespace brasquelin

@@ -1,0 +1,172 @@
+#include "vars/promptForm.h"
+
+#include "platform/desktop.h"
+#include "platform/paths.h"
+#include "text/text.h"
+#include "vars/rememberedValues.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::string_view askMarker = "#ask#";
+constexpr std::string_view popMarker = "#pop#";
+constexpr std::string_view popKeyMarker = "#pop:";
+
+Box below(const Box& box, int gap, int heightAbove) {
+    return {box.left, box.top + heightAbove + gap, box.width, box.height};
+}
+Box below(const Box& box, int gap) {
+    return below(box, gap, box.height);
+}
+
+void fillRow(PromptRow& row, const std::string& defaultValue) {
+    if (row.showsPath()) {
+        row.dialogFilter = dialogFilterOf(row.typeSpec);
+        row.dialogMode = dialogSaves(row.typeSpec) ? "save" : "open";
+        row.doubledBackslashes = row.kind == VariableKind::dbls;
+    }
+    if (row.kind == VariableKind::list) fillListChoices(choiceText(row.typeSpec), row.choices);
+    if (row.kind == VariableKind::comb) fillCombChoices(choiceText(row.typeSpec), row.choices, row.values);
+    if (defaultValue.empty()) return;
+    if (row.showsChoices()) {
+        row.select(defaultValue);
+    } else {
+        row.text = defaultValue;
+    }
+}
+
+/// The text of a path as the dialog's choice puts it into a row.
+std::string shortChoice(const std::string& chosen, bool saves) {
+    if (!saves) return shortPath(chosen);
+    return joinPath(shortPath(dirOf(chosen)), fileNameOf(chosen));
+}
+
+/// A cancelled input box ends the program; without a display that is a failure. True when the row was answered.
+bool askForRow(PromptRow& row) {
+    if (row.showsPath()) return browse(row);
+    if (!row.showsText()) return false;
+    const auto answer = desktop().askText(row.label, "Brasquelin", row.text);
+    if (!answer) throw EndProgram(desktop().hasWindows() ? 0 : 1);
+    row.text = *answer;
+    return true;
+}
+
+bool takesRemembered(const PromptRow& row, PromptKind kind) {
+    if (row.kind == VariableKind::dbls) return kind == PromptKind::function;
+    return row.showsText() || row.kind == VariableKind::path;
+}
+
+/// `key` is empty when the answer is not to be remembered.
+void popRow(PromptRow& row, PromptKind kind, std::string_view key) {
+    if (!key.empty() && takesRemembered(row, kind)) {
+        if (auto remembered = recallValue(key)) {
+            row.text = std::move(*remembered);
+            return;
+        }
+    }
+    if (askForRow(row) && !key.empty()) rememberValue(key, row.text);
+}
+
+void takeValue(PromptRow& row, PromptKind kind, const std::string& value) {
+    if (row.showsChoices()) {
+        row.select(value.empty() ? "0" : value);
+    } else if (row.kind != VariableKind::dbls) {
+        row.text = value;
+    } else if (kind == PromptKind::profile) {
+        row.text = replaceAll(value, "\\", "\\\\");
+    }
+}
+
+void applyPreset(PromptRow& row, PromptKind kind, const std::string& value) {
+    if (equalIgnoringCase(value, askMarker)) {
+        row.askUser = true;
+        return;
+    }
+    if (startsWithIgnoringCase(value, popKeyMarker)) {
+        popRow(row, kind, fromCharacter(value, popKeyMarker.size() + 1));
+    } else if (equalIgnoringCase(value, popMarker)) {
+        popRow(row, kind, {});
+    } else {
+        takeValue(row, kind, value);
+    }
+    row.backdropVisible = false;
+}
+
+}  // namespace
+
+RowPlacement RowPlacement::next() const {
+    RowPlacement placed;
+    placed.varName = below(varName, 125);
+    placed.textType = below(textType, 100);
+    placed.pathType = below(pathType, 100);
+    placed.getPath = below(getPath, 100, pathType.height);
+    placed.listType = below(listType, 65);
+    placed.graph1 = below(graph1, 7);
+    placed.graph2 = below(graph2, 7);
+    return placed;
+}
+
+std::string PromptRow::value() const {
+    if (!showsChoices()) return text;
+    if (selected < 0) return {};
+    const auto position = static_cast<std::size_t>(selected);
+    return kind == VariableKind::comb ? values[position] : choices[position];
+}
+
+void PromptRow::select(std::string_view number) {
+    const int position = toInteger16(number);
+    if (position < 0 || static_cast<std::size_t>(position) >= choices.size()) {
+        throw RunTimeError(ErrorNumber::subscriptOutOfRange);
+    }
+    selected = position;
+}
+
+std::string_view PromptForm::windowName() const {
+    return kind == PromptKind::profile ? "frmVarProfile" : "frmVarFunction";
+}
+
+std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations) {
+    std::vector<PromptRow> rows;
+    rows.reserve(declarations.count());
+    for (const auto& declaration : declarations) {
+        PromptRow row;
+        row.name = declaration.name;
+        row.label = declaration.name + "=";
+        row.info = declaration.info;
+        row.typeSpec = declaration.typeSpec;
+        row.kind = kindOf(declaration.typeSpec);
+        if (!rows.empty()) row.place = rows.back().place.next();
+        fillRow(row, declaration.defaultValue);
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+void placeButtons(PromptForm& form) {
+    constexpr int gap = 5;
+    const Box backdrop = form.rows.empty() ? RowPlacement().graph1 : form.rows.back().place.graph1;
+    form.cmdOK.top = form.cmdCancel.top = backdrop.bottom() + gap;
+    form.height = (backdrop.height + gap) * (static_cast<int>(form.rows.size()) + 2);
+}
+
+void applyPresets(PromptForm& form, const std::vector<std::string>& presets) {
+    for (std::size_t i = 0; i < presets.size() && i < form.rows.size(); ++i) {
+        applyPreset(form.rows[i], form.kind, presets[i]);
+    }
+}
+
+bool browse(PromptRow& row) {
+    const bool saves = row.dialogMode != "open";
+    FileDialogRequest request;
+    request.mode = saves ? FileDialogMode::save : FileDialogMode::open;
+    request.title = saves ? "Save file" : "Open file";
+    request.filter = row.dialogFilter;
+    const std::string chosen = desktop().askFile(request);
+    if (chosen.empty()) return false;
+    row.text = shortChoice(chosen, saves);
+    if (row.doubledBackslashes) row.text = doubleBackslashes(row.text);
+    return true;
+}
+
+}  // namespace brasquelin
