@@ -13,6 +13,7 @@ struct Opening {
     bool replaying = false;    // list mode is at work
     std::size_t replayed = 0;  // its progress, for the waiting window
     std::size_t toReplay = 0;
+    bool running = false;              // a file is being run; another one has to wait
     std::function<void()> waitingRun;  // what the waiting window's timer starts
     void reset() { *this = Opening(); }
 };
@@ -21,7 +22,8 @@ extern Opening opening;
 /// Opens by extension: "bqp" a profile, "bqs" a library, anything else nothing. Raises the errors of the prompt.
 void openFile(const std::string& path, const std::vector<std::string>& presets);
 
-/// Opens what a picker offers, with no command-line values. Errors are reported.
+/// Opens what a picker offers, with no command-line values. Errors are reported; while a file is being run that is all
+/// that happens.
 void openPicked(const std::string& path);
 
 /// The waiting window's timer fired: starts what waits, once.

@@ -15,8 +15,9 @@ struct ProgramLine {
 /// `pathStart` is the character at which the path starts: 9 for ":plugin ", 8 for ":check ". Tokens are not replaced.
 ProgramLine splitProgramLine(std::string_view line, std::size_t pathStart);
 
-/// Fills the callables, plugins and checks of the level from the profile at `path` and runs its plugins and checks in
-/// the order of the lines. Raises the errors of missing files, of programs and of full tables.
+/// The profile must be the innermost one on the file stack. Fills the callables, plugins and checks of the level from
+/// the profile at `path` and runs its plugins and checks in the order of the lines. Raises the errors of missing files,
+/// of programs and of full tables.
 void processLibrarySection(const std::string& path, int level);
 
 /// The callable name in the first line of an included file: from character 22 for a library, 21 for a profile.

@@ -23,6 +23,9 @@ const std::string& exeDirectory();
 /// Windows: the short (8.3) form. Linux: the absolute path. Empty when the path does not exist.
 std::string shortPath(std::string_view path);
 
+/// The path itself when it is absolute, else directory + separator + path.
+std::string pathRelativeTo(std::string_view directory, std::string_view path);
+
 /// An existing relative path with a directory part, made absolute; any other path as it is.
 std::string anchoredPath(std::string_view path);
 

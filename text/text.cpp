@@ -147,8 +147,11 @@ bool endsWithIgnoringCase(std::string_view text, std::string_view suffix) {
 
 TextMatch findIgnoringCase(std::string_view text, std::string_view what, std::size_t from) {
     if (what.empty()) return {};
+    const char first = asciiLowerCase(what.front());
+    const bool asciiFirst = static_cast<unsigned char>(first) < 0x80;
     for (std::size_t begin = from; begin < text.size(); ++begin) {
         if (isContinuation(text[begin])) continue;
+        if (asciiFirst && asciiLowerCase(text[begin]) != first) continue;
         const std::size_t end = matchIgnoringCase(text, begin, what);
         if (end != std::string_view::npos) return {begin, end};
     }

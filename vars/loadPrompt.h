@@ -16,7 +16,8 @@ struct OpenOptions {
     std::vector<std::string> presets;  // values from the command line, the first for row 0
     bool namedOnCommandLine = false;   // the prompt is shown without blocking, and closing it ends the program
     bool replaying = false;            // list mode: a library without variables is run at once
-    std::function<void()> confirmed;   // called once the values are stored
+    std::function<void()> confirmed;   // what OK starts once the values are stored
+    std::function<void()> runAtOnce;   // what a profile without variables starts instead
 };
 
 /// Reads and prompts for a profile. A profile without variables is run at once. Ends the program for a missing

@@ -1,0 +1,299 @@
+#include "engine/runProfile.h"
+
+#include <charconv>
+#include <memory>
+#include <utility>
+
+#include "config/configFile.h"
+#include "engine/basicFunction.h"
+#include "engine/engineTables.h"
+#include "engine/expandProfileLine.h"
+#include "engine/librarySection.h"
+#include "engine/plugins.h"
+#include "platform/desktop.h"
+#include "platform/textFiles.h"
+#include "text/text.h"
+#include "vars/declarations.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+
+namespace {
+
+JobSink jobSink;
+
+/// A run-time error that was reported; the levels above stop without a word.
+struct RunStopped {};
+
+/// Keeps the file stack in step with the nesting of runs, however they end.
+class FileOnStack {
+  public:
+    explicit FileOnStack(const std::string& path) { engineTables.fileStack.push_back({path, 0}); }
+    ~FileOnStack() { engineTables.fileStack.pop_back(); }
+    FileOnStack(const FileOnStack&) = delete;
+    FileOnStack& operator=(const FileOnStack&) = delete;
+};
+
+/// What a line of the body is, told once per line by its first characters.
+enum class Statement { none, loopStart, loopEnd, basicFunction, plugin, call };
+
+constexpr std::string_view functionPrefix = "basicfunction.";
+constexpr std::string_view pluginPrefix = "plugin.";
+
+Statement classify(std::string_view line) {
+    if (line.empty() || line.front() == '.' || line.front() == '[') return Statement::none;
+    if (equalIgnoringCase(line, "for")) return Statement::loopStart;
+    if (equalIgnoringCase(line, "next")) return Statement::loopEnd;
+    if (startsWithIgnoringCase(line, functionPrefix)) return Statement::basicFunction;
+    if (startsWithIgnoringCase(line, pluginPrefix)) return Statement::plugin;
+    return Statement::call;
+}
+
+/// One profile at one level.
+class ProfileRun {
+  public:
+    ProfileRun(const std::string& path, int level);
+    void run();
+
+  private:
+    bool nextLine();
+    std::string expanded(std::string_view text) const;
+    void markLine(std::size_t number) const { engineTables.fileStack.back().line = static_cast<int>(number); }
+
+    void obeyChecks() const;
+    void handleLine();
+    void noteTag();
+    void startLoop();
+    void endLoop();
+    void runFunctionStatement();
+    void runPluginStatement();
+    void call();
+    std::vector<std::string> readParameters();
+    void callProfile(const std::string& called, std::vector<std::string> entries);
+    [[noreturn]] void rejectName(std::string_view name) const;
+    [[noreturn]] void rejectParameter() const;
+    FunctionContext context() const;
+
+    Loops& loops() const { return engineTables.loops[level_]; }
+    LoopRecord& currentLoop() const { return loops().records[static_cast<std::size_t>(loops().depth)]; }
+
+    const std::string& path_;
+    int level_;
+    int index_;
+    std::shared_ptr<const TextFile> file_;
+    std::size_t position_ = 0;  // lines read so far; the number of the line in hand
+    std::string_view line_;
+    bool inBody_ = false;
+};
+
+int countRun() {
+    int count = 0;
+    std::from_chars(engineTables.runCounter.data(), engineTables.runCounter.data() + engineTables.runCounter.size(),
+                    count);
+    engineTables.runCounter = std::to_string(++count);
+    return count;
+}
+
+ProfileRun::ProfileRun(const std::string& path, int level) : path_(path), level_(level), index_(countRun()) {
+    engineTables.callables[level].resetCount();
+    engineTables.plugins[level].resetCount();
+    engineTables.checks[level].resetCount();
+    engineTables.checkResults[level].resetCount();
+    variableTables.pluginResults[level].resetCount();
+}
+
+void ProfileRun::run() {
+    processLibrarySection(path_, level_);
+    obeyChecks();
+    readConfig(configFilePath());
+    loops().depth = 0;
+    file_ = readTextFile(path_);
+    while (nextLine()) handleLine();
+}
+
+bool ProfileRun::nextLine() {
+    if (position_ >= file_->lines.size()) return false;
+    line_ = file_->lines[position_++];
+    markLine(position_);
+    return true;
+}
+
+std::string ProfileRun::expanded(std::string_view text) const {
+    std::string line(text);
+    return expandProfileLine(line, level_, path_, index_);
+}
+
+void ProfileRun::obeyChecks() const {
+    for (const auto& result : std::as_const(engineTables.checkResults)[level_]) {
+        const bool vetoes = equalIgnoringCase(result.name, "return") && equalIgnoringCase(result.value, "false");
+        if (vetoes) throw EndProgram(0);
+    }
+}
+
+void ProfileRun::handleLine() {
+    if (!inBody_) return noteTag();
+    switch (classify(line_)) {
+        case Statement::none:
+            return noteTag();
+        case Statement::loopStart:
+            return startLoop();
+        case Statement::loopEnd:
+            return endLoop();
+        case Statement::basicFunction:
+            return runFunctionStatement();
+        case Statement::plugin:
+            return runPluginStatement();
+        case Statement::call:
+            return call();
+    }
+}
+
+void ProfileRun::noteTag() {
+    if (!line_.starts_with('[')) return;
+    if (equalIgnoringCase(line_, "[profile]")) inBody_ = true;
+    if (equalIgnoringCase(line_, "[/profile]")) inBody_ = false;
+}
+
+// The four header lines are read with the loops as they were before; only then the record changes.
+void ProfileRun::startLoop() {
+    const std::size_t bodyLine = position_ + 5;
+    const auto header = [this](std::size_t valuePosition) {
+        if (!nextLine()) throw RunTimeError(ErrorNumber::inputPastEnd);
+        const std::string line = expanded(line_);
+        return std::string(fromCharacter(line, valuePosition));
+    };
+    LoopRecord record;
+    record.variable = header(10);
+    record.start = toInteger16(header(11));
+    record.end = toInteger16(header(9));
+    record.step = toInteger16(header(10));
+    record.bodyLine = bodyLine;
+    record.current = record.start;
+    record.currentText = std::to_string(record.current);
+
+    auto& open = loops();
+    if (static_cast<std::size_t>(open.depth) + 1 >= open.records.size()) {
+        throw RunTimeError(ErrorNumber::subscriptOutOfRange);
+    }
+    ++open.depth;
+    ++open.started;
+    open.deepest = std::max(open.deepest, open.depth);
+    currentLoop() = std::move(record);
+}
+
+void ProfileRun::endLoop() {
+    if (loops().depth == 0) throw RunTimeError(ErrorNumber::invalidCall);
+    LoopRecord& loop = currentLoop();
+    loop.current += loop.step;
+    loop.currentText = std::to_string(loop.current);
+    const bool ended = loop.step >= 1 ? loop.current > loop.end : loop.current < loop.end;
+    if (ended) {
+        --loops().depth;
+    } else {
+        position_ = loop.bodyLine - 1;
+    }
+}
+
+FunctionContext ProfileRun::context() const {
+    return {level_, path_, engineTables.fileStack.back().line};
+}
+
+void ProfileRun::runFunctionStatement() {
+    const std::string text = expanded(line_.substr(functionPrefix.size()));
+    const Assignment statement = splitAssignment(text);
+    std::string jobLine;
+    if (!runNamedFunction(statement.name, statement.value, context(), jobLine)) rejectName(statement.name);
+    appendJob(std::move(jobLine));
+}
+
+void ProfileRun::runPluginStatement() {
+    const std::string text = expanded(line_.substr(pluginPrefix.size()));
+    const Assignment statement = splitAssignment(text);
+    for (const auto& plugin : std::as_const(engineTables.plugins)[level_]) {
+        if (!equalIgnoringCase(plugin.name, statement.name)) continue;
+        runPlugin(plugin.path, statement.value, level_);
+        appendJob("// Plugin " + std::string(statement.name) + " loaded ...");
+        return;
+    }
+    rejectName(statement.name);
+}
+
+void ProfileRun::call() {
+    const std::string name = expanded(line_);
+    const std::string called = lookupCallable(name, level_);
+    if (called.empty()) rejectName(name);
+    const std::size_t callLine = position_;
+    std::vector<std::string> entries = readParameters();
+    markLine(callLine);
+    if (endsWithIgnoringCase(called, "bqs")) {
+        appendJob(runBasicFunction(called, context(), entries));
+    } else if (endsWithIgnoringCase(called, "bqp")) {
+        callProfile(called, std::move(entries));
+    }
+}
+
+/// The parameter lines as name=value. Only the value is expanded; the first "=" of the raw line splits it.
+std::vector<std::string> ProfileRun::readParameters() {
+    std::vector<std::string> entries;
+    while (position_ < file_->lines.size() && file_->lines[position_].starts_with('.')) {
+        nextLine();
+        const Assignment parameter = splitAssignment(line_.substr(1));
+        if (!parameter.hasEquals) rejectParameter();
+        entries.push_back(std::string(parameter.name) + "=" + expanded(parameter.value));
+    }
+    return entries;
+}
+
+void ProfileRun::callProfile(const std::string& called, std::vector<std::string> entries) {
+    auto& values = variableTables.values[level_ + 1];
+    values.resetCount();
+    readProfileVariables(called, level_ + 1);
+    for (auto& entry : entries) values.append(std::move(entry));
+    if (!runProfile(called, level_ + 1)) throw RunStopped();
+}
+
+void ProfileRun::rejectName(std::string_view name) const {
+    showCritical("Error : unknown function '" + std::string(name) + "' in file '" + path_ + "' at line " +
+                 std::to_string(engineTables.fileStack.back().line));
+    throw EndProgram(1);
+}
+
+void ProfileRun::rejectParameter() const {
+    showCritical("Parse error in file '" + path_ + "' at line " + std::to_string(position_));
+    throw EndProgram(1);
+}
+
+}  // namespace
+
+void setJobSink(JobSink sink) {
+    jobSink = std::move(sink);
+}
+
+void appendJob(std::string line) {
+    if (jobSink) jobSink(std::move(line));
+}
+
+bool runProfile(const std::string& path, int level) {
+    const FileOnStack onStack(path);
+    try {
+        ProfileRun(path, level).run();
+        return true;
+    } catch (const RunTimeError& error) {
+        showCritical(error.reportWhileLoading(path, engineTables.fileStack.back().line), errorTitle);
+    } catch (const RunStopped&) {
+        // Reported where it happened.
+    }
+    return false;
+}
+
+bool runLibrary(const std::string& path, const std::vector<std::string>& arguments) {
+    try {
+        appendJob(runBasicFunction(path, {}, arguments));
+        return true;
+    } catch (const RunTimeError& error) {
+        showCritical(error.reportWhileLoading(path), errorTitle);
+        return false;
+    }
+}
+
+}  // namespace brasquelin
