@@ -1,0 +1,93 @@
+#include "platform/paths.h"
+
+#include <windows.h>
+
+#include <shlwapi.h>
+
+#include "platform/files.h"
+#include "platform/windows/wideText.h"
+
+namespace brasquelin {
+
+const char pathSeparator = '\\';
+
+namespace {
+
+bool isSeparator(char character) {
+    return character == '\\' || character == '/';
+}
+
+bool hasDrive(std::string_view path) {
+    return path.size() >= 2 && path[1] == ':';
+}
+
+std::wstring fullPath(const std::wstring& path) {
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return full;
+}
+
+/// The command line behind the program's own path: a quoted one ends at the quote, any other at the first blank.
+std::wstring_view behindProgram(std::wstring_view line) {
+    const bool quoted = line.starts_with(L'"');
+    const std::size_t end = quoted ? line.find(L'"', 1) : line.find_first_of(L" \t");
+    if (end == std::wstring_view::npos) return {};
+    return line.substr(quoted ? end + 1 : end);
+}
+
+}  // namespace
+
+std::string shortPath(std::string_view path) {
+    const std::wstring wide = toWide(path);
+    std::wstring buffer(1024, L' ');
+    DWORD length = GetShortPathNameW(wide.c_str(), buffer.data(), static_cast<DWORD>(buffer.size()));
+    if (length > buffer.size()) {
+        buffer.assign(length + 1, L' ');
+        length = GetShortPathNameW(wide.c_str(), buffer.data(), static_cast<DWORD>(buffer.size()));
+    }
+    return fromWide(std::wstring_view(buffer).substr(0, length));
+}
+
+std::string anchoredPath(std::string_view path) {
+    const bool relative = !path.empty() && !isSeparator(path.front()) && !hasDrive(path);
+    if (!relative || path.find_first_of("\\/") == std::string_view::npos) return std::string(path);
+    if (!fileExists(path) && !directoryExists(path)) return std::string(path);
+    return fromWide(fullPath(toWide(path)));
+}
+
+std::string resolvePath(std::string_view path) {
+    return std::string(path);
+}
+
+std::string resolveProgram(std::string_view path) {
+    return fileExists(path) ? std::string(path) : std::string();
+}
+
+bool isFileSystemRoot(std::string_view path) {
+    if (path.empty()) return false;
+    // A drive alone stands for its root wherever a directory is meant.
+    std::wstring full = fullPath(toWide(hasDrive(path) && path.size() == 2 ? std::string(path) + "\\" : path));
+    if (full.starts_with(L"\\\\?\\")) full.erase(0, 4);
+    return PathIsRootW(full.c_str()) != 0;
+}
+
+const std::vector<std::string>& programMarkers() {
+    static const std::vector<std::string> markers{"\\brasquelin.exe "};
+    return markers;
+}
+
+std::string processCommandLine(int /*argc*/, const char* const* /*argv*/) {
+    std::wstring_view line = behindProgram(GetCommandLineW());
+    line.remove_prefix(std::min(line.find_first_not_of(L" \t"), line.size()));
+    return fromWide(line);
+}
+
+bool displayAvailable() {
+    return true;
+}
+
+std::string userDataDirectory() {
+    return {};
+}
+
+}  // namespace brasquelin

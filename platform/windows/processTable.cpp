@@ -1,0 +1,79 @@
+#include <windows.h>
+
+#include <map>
+#include <stdexcept>
+
+#include "platform/childProcess.h"
+#include "platform/windows/debugPrivilege.h"
+#include "platform/windows/programStart.h"
+#include "platform/windows/systemError.h"
+#include "platform/windows/systemHandle.h"
+#include "text/runTimeError.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr DWORD queryAccess = 0x400;
+constexpr DWORD terminateAccess = 1;
+constexpr DWORD stillActive = 259;
+
+class WindowsProcessTable : public ProcessTable {
+  public:
+    std::uint32_t start(std::string_view command, WindowStyle style) override;
+    bool isRunning(std::uint32_t processId) override;
+    bool terminate(std::uint32_t processId) override;
+
+  private:
+    // While the handle is kept, the system does not give the id to another process.
+    std::map<std::uint32_t, SystemHandle> started_;
+};
+
+STARTUPINFOW startUpInfo(WindowStyle style) {
+    STARTUPINFOW info{};
+    info.cb = sizeof info;
+    info.dwFlags = STARTF_USESHOWWINDOW;
+    info.wShowWindow = style == WindowStyle::hidden ? SW_HIDE : SW_SHOWNORMAL;
+    return info;
+}
+
+std::uint32_t WindowsProcessTable::start(std::string_view command, WindowStyle style) {
+    ProgramStart program = programStartOf(command);
+    STARTUPINFOW info = startUpInfo(style);
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(program.program.c_str(), program.commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                       nullptr, &info, &process) == 0) {
+        throw RunTimeError(startErrorOf(GetLastError()));
+    }
+    CloseHandle(process.hThread);
+    started_[process.dwProcessId] = ownHandle(process.hProcess);
+    return process.dwProcessId;
+}
+
+bool WindowsProcessTable::isRunning(std::uint32_t processId) {
+    const auto kept = started_.find(processId);
+    if (kept == started_.end()) return false;
+    DWORD exitCode = 0;
+    const SystemHandle process = ownHandle(OpenProcess(queryAccess, FALSE, processId));
+    const bool active = process && GetExitCodeProcess(process.get(), &exitCode) != 0 && exitCode == stillActive;
+    // A program may end with this very number.
+    if (active && WaitForSingleObject(kept->second.get(), 0) == WAIT_TIMEOUT) return true;
+    started_.erase(kept);
+    return false;
+}
+
+bool WindowsProcessTable::terminate(std::uint32_t processId) {
+    if (!isRunning(processId)) return false;
+    enableDebugPrivilege();
+    const SystemHandle process = ownHandle(OpenProcess(terminateAccess, FALSE, processId));
+    return process && TerminateProcess(process.get(), 0) != 0;
+}
+
+}  // namespace
+
+ProcessTable& systemProcessTable() {
+    static WindowsProcessTable table;
+    return table;
+}
+
+}  // namespace brasquelin
