@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
+#include "text/substitution.h"
 #include "text/text.h"
 
 namespace brasquelin {

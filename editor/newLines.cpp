@@ -1,0 +1,128 @@
+#include "editor/newLines.h"
+
+#include <algorithm>
+
+#include "config/configFile.h"
+#include "engine/librarySection.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/textFiles.h"
+#include "text/text.h"
+#include "vars/declarations.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::size_t includePathStart = 10;
+constexpr std::string_view pluginPrefix = "Plugin.";
+constexpr std::string_view functionPrefix = "BasicFunction.";
+
+std::string joined(const std::vector<std::string>& items) {
+    std::string text;
+    for (const auto& item : items) text.append(text.empty() && &item == &items.front() ? "" : "||").append(item);
+    return text;
+}
+
+void appendIncludes(const ProfileDocument& document, std::vector<CallableEntry>& entries) {
+    for (const auto& line : document.listInclude) {
+        if (!startsWithIgnoringCase(line, ":include ")) continue;
+        std::string path = replaceVar("exepath", exeDirectory(), fromCharacter(line, includePathStart));
+        path = replaceVar("scriptpath", dirOf(settings.profilePath), path);
+        if (!fileExists(path)) continue;
+        const auto file = readTextFile(path);
+        const std::string firstLine = file->lines.empty() ? std::string() : file->lines.front();
+        entries.push_back({callableNameOf(path, firstLine), path});
+    }
+}
+
+void appendFunctions(std::vector<CallableEntry>& entries) {
+    if (settings.basicFunctionPath.empty()) return;
+    const auto list = readTextFile(settings.basicFunctionPath);
+    for (std::size_t i = 0; i < list->lines.size(); i += 2) {
+        entries.push_back({std::string(functionPrefix) + list->lines[i], {}});
+    }
+}
+
+}  // namespace
+
+const std::vector<std::string>& variableTypes() {
+    static const std::vector<std::string> types{"Text", "Comb", "List", "PathOpen", "PathSave", "DblSOpen", "DblSSave"};
+    return types;
+}
+
+std::string typeSpecOf(const VariableFields& fields) {
+    const auto start = firstCharacters(fields.type, 4);
+    if (fields.type == "List") return "List(" + joined(fields.listChoices) + ")";
+    if (fields.type == "Comb") return "Comb(" + joined(fields.combEntries) + ")";
+    if (start == "Path" || start == "DblS") return fields.type + "(" + fields.filter + ")";
+    return start == "Text" ? "Text" : "";
+}
+
+std::vector<std::string> declarationLines(const VariableFields& fields) {
+    return {fields.name, ".Type=" + typeSpecOf(fields), ".Info=" + fields.info, ".Default=" + fields.defaultValue};
+}
+
+std::string combEntry(std::string_view label, std::string_view command) {
+    return std::string(label) + "[" + std::string(command) + "]";
+}
+
+std::vector<std::string> loopLines(const std::string& name, const std::string& start, const std::string& end,
+                                   const std::string& step) {
+    if (name.empty() || start.empty() || end.empty() || step.empty()) return {};
+    return {"For", ".VarName=" + name, ".VarStart=" + start, ".VarEnd=" + end, ".VarStep=" + step};
+}
+
+std::string includePath(std::string_view chosen, std::string_view profilePath) {
+    const std::string& programFolder = exeDirectory();
+    if (!programFolder.empty() && chosen.starts_with(programFolder)) {
+        return "$exepath$" + std::string(chosen.substr(programFolder.size()));
+    }
+    if (profilePath.empty()) return std::string(chosen);
+    const std::string profileFolder = shortPath(dirOf(profilePath));
+    if (profileFolder.empty() || !chosen.starts_with(profileFolder)) return std::string(chosen);
+    return "$scriptpath$" + std::string(chosen.substr(profileFolder.size()));
+}
+
+bool isProgramFile(std::string_view chosen) {
+    return endsWithIgnoringCase(chosen, "exe");
+}
+
+std::string includeLine(std::string_view path) {
+    return ":Include " + std::string(path);
+}
+
+std::string programLine(std::string_view path, std::string_view parameters, bool isCheck) {
+    std::string line = (isCheck ? ":Check " : ":Plugin ") + std::string(path);
+    if (!parameters.empty()) line += " [Param=" + std::string(parameters) + "]";
+    return line;
+}
+
+std::vector<CallableEntry> callableEntries(const ProfileDocument& document) {
+    std::vector<CallableEntry> entries;
+    appendIncludes(document, entries);
+    appendFunctions(entries);
+    for (const auto& name : document.pluginNames) entries.push_back({std::string(pluginPrefix) + name, {}});
+    return entries;
+}
+
+bool takesOneParameter(std::string_view entry, std::string& prompt) {
+    if (entry.starts_with(pluginPrefix)) {
+        prompt = "Plugin Command Line :";
+    } else if (entry.starts_with(functionPrefix)) {
+        prompt = "Basic Function parameter :";
+    } else {
+        return false;
+    }
+    return true;
+}
+
+std::vector<std::string> variablesOfInclude(const std::string& path) {
+    std::vector<std::string> names;
+    readFunctionVariables(path, OnParseError::report);
+    for (const auto& variable : std::as_const(variableTables.functionVariables)) names.push_back(variable.name);
+    return names;
+}
+
+}  // namespace brasquelin

@@ -1,0 +1,63 @@
+// The lines that the editor's dialogs append, as pure functions of their fields.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editor/profileDocument.h"
+
+namespace brasquelin {
+
+/// What the dialog for a new variable holds.
+struct VariableFields {
+    std::string name = "newvar";
+    std::string type = "Text";
+    std::vector<std::string> listChoices;
+    std::vector<std::string> combEntries;
+    std::string filter = "All Files|*.*";
+    std::string info = "none";
+    std::string defaultValue;
+};
+
+/// The choices of the type field.
+const std::vector<std::string>& variableTypes();
+
+/// "List(a||b)" and the like; empty for a type that is none of the choices.
+std::string typeSpecOf(const VariableFields& fields);
+
+/// Name, type, info and default: four lines.
+std::vector<std::string> declarationLines(const VariableFields& fields);
+
+/// The entry of a comb that needs a command is label[command].
+std::string combEntry(std::string_view label, std::string_view command);
+
+/// The five lines of a loop; none when a field is empty.
+std::vector<std::string> loopLines(const std::string& name, const std::string& start, const std::string& end,
+                                   const std::string& step);
+
+/// A chosen file as the include list writes it: "$exepath$" or "$scriptpath$" in front where it lies below them.
+std::string includePath(std::string_view chosen, std::string_view profilePath);
+
+/// True for a file that is a plugin or check.
+bool isProgramFile(std::string_view chosen);
+std::string includeLine(std::string_view path);
+std::string programLine(std::string_view path, std::string_view parameters, bool isCheck);
+
+/// Something that a profile can call, as the command dialog offers it.
+struct CallableEntry {
+    std::string name;  // "BasicFunction.copy", "Plugin.zip" or the title of an include
+    std::string path;  // of an include; empty otherwise
+};
+
+/// Includes that exist, basic functions of the list file, plugins: in this order. Raises the error of an unreadable
+/// list file unless none is configured.
+std::vector<CallableEntry> callableEntries(const ProfileDocument& document);
+
+/// True for entries that take one parameter text instead of variables; `prompt` is what asks for it.
+bool takesOneParameter(std::string_view entry, std::string& prompt);
+
+/// The variables that a call of the include asks for, in order. Empty, after a message, for a bad declaration.
+std::vector<std::string> variablesOfInclude(const std::string& path);
+
+}  // namespace brasquelin

@@ -1,0 +1,233 @@
+#include "editor/profileDocument.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "config/configFile.h"
+#include "engine/librarySection.h"
+#include "engine/plugins.h"
+#include "platform/desktop.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/textFiles.h"
+#include "text/text.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::string_view header = "#Brasquelin Profile ";
+constexpr std::size_t pluginPathStart = 9;
+constexpr std::size_t limit = 256;  // groups of a list, lines of a group
+
+std::string configuredDirectory;  // what the current file's setting held before the editor took it over
+
+// Reading
+
+/// The three sections of a profile while its lines are read in order.
+class SectionReader {
+  public:
+    explicit SectionReader(ProfileDocument& document)
+        : sections_{{"[library]", "[/library]", document.listInclude, false},
+                    {"[var]", "[/var]", document.listVar, false},
+                    {"[profile]", "[/profile]", document.listCommand, false}} {}
+
+    void take(const std::string& line) {
+        for (auto& section : sections_) {
+            if (equalIgnoringCase(line, section.closingTag)) section.open = false;
+        }
+        for (auto& section : sections_) {
+            if (section.open && !line.empty()) section.lines.push_back(line);
+        }
+        for (auto& section : sections_) {
+            if (equalIgnoringCase(line, section.openingTag)) section.open = true;
+        }
+    }
+
+  private:
+    struct Section {
+        std::string_view openingTag;
+        std::string_view closingTag;
+        std::vector<std::string>& lines;
+        bool open;
+    };
+    Section sections_[3];
+};
+
+ProfileDocument readDocument(const std::string& path) {
+    const auto file = readTextFile(path);
+    if (file->lines.empty()) throw RunTimeError(ErrorNumber::inputPastEnd, path);
+    ProfileDocument document;
+    document.profileName = fromCharacter(file->lines.front(), header.size() + 1);
+    SectionReader reader(document);
+    std::for_each(file->lines.begin() + 1, file->lines.end(), [&](const std::string& line) { reader.take(line); });
+    return document;
+}
+
+ProgramLine pluginOf(const std::string& line, const std::string& profilePath) {
+    ProgramLine plugin = splitProgramLine(line, pluginPathStart);
+    plugin.path = replaceVar("scriptpath", dirOf(profilePath), replaceVar("exepath", exeDirectory(), plugin.path));
+    return plugin;
+}
+
+std::vector<ProgramLine> pluginsOf(const ProfileDocument& document, const std::string& profilePath) {
+    std::vector<ProgramLine> plugins;
+    for (const auto& line : document.listInclude) {
+        if (startsWithIgnoringCase(line, ":plugin ")) plugins.push_back(pluginOf(line, profilePath));
+    }
+    return plugins;
+}
+
+void queryPlugins(const std::vector<ProgramLine>& plugins) {
+    variableTables.pluginResults[0].resetCount();
+    for (const auto& plugin : plugins) {
+        try {
+            runPlugin(plugin.path, plugin.parameters, 0);
+        } catch (const RunTimeError& error) {
+            showCritical(error.reportWhileLoading(plugin.path), errorTitle);
+        }
+    }
+}
+
+// Line groups
+
+bool isAttribute(const std::string& line) {
+    return line.starts_with('.');
+}
+
+/// Where each group starts, and the end of the last one.
+std::vector<std::size_t> groupStarts(const std::vector<std::string>& lines) {
+    std::vector<std::size_t> starts;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (i == 0 || !isAttribute(lines[i])) starts.push_back(i);
+    }
+    starts.push_back(lines.size());
+    return starts;
+}
+
+void checkLimits(const std::vector<std::size_t>& starts) {
+    bool tooLarge = starts.size() - 1 > limit;
+    for (std::size_t i = 1; i < starts.size(); ++i) tooLarge = tooLarge || starts[i] - starts[i - 1] > limit;
+    if (tooLarge) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
+}
+
+std::size_t groupOf(const std::vector<std::size_t>& starts, std::size_t line) {
+    const auto after = std::upper_bound(starts.begin(), std::prev(starts.end()), line);
+    return static_cast<std::size_t>(std::max<std::ptrdiff_t>(after - starts.begin() - 1, 0));
+}
+
+auto at(std::vector<std::string>& lines, std::size_t position) {
+    return lines.begin() + static_cast<std::ptrdiff_t>(position);
+}
+
+/// Exchanges group `upper` with the one behind it; `line` is where the selected line stood.
+std::size_t exchangeGroups(std::vector<std::string>& lines, const std::vector<std::size_t>& starts, std::size_t upper,
+                           std::size_t line) {
+    const std::size_t begin = starts[upper];
+    const std::size_t middle = starts[upper + 1];
+    const std::size_t end = starts[upper + 2];
+    std::rotate(at(lines, begin), at(lines, middle), at(lines, end));
+    return line < middle ? line + (end - middle) : line - (middle - begin);
+}
+
+std::optional<std::size_t> moveGroup(ProfileDocument& document, std::optional<std::size_t> selected, bool up) {
+    auto& lines = document.listCommand;
+    const auto starts = groupStarts(lines);
+    checkLimits(starts);
+    const std::size_t line = selected.value_or(0);
+    const std::size_t group = groupOf(starts, line);
+    const std::size_t groups = starts.size() - 1;
+    const bool stays = up ? group == 0 : group + 1 >= groups;
+    if (stays || line >= lines.size()) return selected;
+    return exchangeGroups(lines, starts, up ? group - 1 : group, line);
+}
+
+void appendSection(std::vector<std::string>& lines, std::string_view tag, const std::vector<std::string>& section) {
+    lines.push_back("[" + std::string(tag) + "]");
+    lines.emplace_back();
+    lines.insert(lines.end(), section.begin(), section.end());
+    lines.emplace_back();
+    lines.push_back("[/" + std::string(tag) + "]");
+}
+
+}  // namespace
+
+std::vector<std::string>& ProfileDocument::list(EditorList which) {
+    return const_cast<std::vector<std::string>&>(std::as_const(*this).list(which));
+}
+
+const std::vector<std::string>& ProfileDocument::list(EditorList which) const {
+    if (which == EditorList::include) return listInclude;
+    return which == EditorList::variables ? listVar : listCommand;
+}
+
+void newDocument(ProfileDocument& document) {
+    document = ProfileDocument();
+    settings.profilePath.clear();
+    variableTables.pluginResults[0].resetCount();
+}
+
+void enterEditor(ProfileDocument& document) {
+    // A second visit finds the file of the first one here.
+    if (directoryExists(settings.profilePath)) configuredDirectory = settings.profilePath;
+    newDocument(document);
+}
+
+void openDocument(ProfileDocument& document, const std::string& path) {
+    ProfileDocument opened = readDocument(path);
+    const auto plugins = pluginsOf(opened, path);
+    for (const auto& plugin : plugins) opened.pluginNames.append(pluginNameOf(plugin.path));
+    document = std::move(opened);
+    settings.profilePath = path;
+    queryPlugins(plugins);
+}
+
+std::vector<std::string> documentLines(const ProfileDocument& document) {
+    std::vector<std::string> lines{std::string(header) + document.profileName, "", ""};
+    if (!document.listInclude.empty()) appendSection(lines, "library", document.listInclude);
+    if (!document.listVar.empty()) {
+        lines.emplace_back();
+        appendSection(lines, "var", document.listVar);
+        lines.emplace_back();
+    }
+    appendSection(lines, "profile", document.listCommand);
+    return lines;
+}
+
+void saveDocument(const ProfileDocument& document, const std::string& path) {
+    saveFile(path, textFileBytes(documentLines(document)));
+}
+
+std::string proposedFileName(const ProfileDocument& document) {
+    const std::string& directory = settings.profilePath.empty() ? configuredDirectory : settings.profilePath;
+    return joinPath(directory, document.profileName + ".bqp");
+}
+
+bool removeLines(ProfileDocument& document, EditorList which, std::optional<std::size_t> selected) {
+    auto& lines = document.list(which);
+    if (!selected || *selected >= lines.size()) return false;
+    std::size_t end = *selected + 1;
+    if (which != EditorList::include) {
+        if (isAttribute(lines[*selected])) return false;
+        while (end < lines.size() && isAttribute(lines[end])) ++end;
+    }
+    lines.erase(at(lines, *selected), at(lines, end));
+    return true;
+}
+
+void clearList(ProfileDocument& document, EditorList which) {
+    document.list(which).clear();
+    if (which == EditorList::include) document.pluginNames.resetCount();
+}
+
+std::optional<std::size_t> moveGroupUp(ProfileDocument& document, std::optional<std::size_t> selected) {
+    return moveGroup(document, selected, true);
+}
+
+std::optional<std::size_t> moveGroupDown(ProfileDocument& document, std::optional<std::size_t> selected) {
+    return moveGroup(document, selected, false);
+}
+
+}  // namespace brasquelin

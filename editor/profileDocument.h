@@ -1,0 +1,60 @@
+// The profile in the editor as a document: three lists of lines and a name, without any window.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "text/table.h"
+
+namespace brasquelin {
+
+/// The lists by the numbers that `activeList` gives them.
+enum class EditorList { none = 0, include = 1, variables = 2, commands = 3 };
+
+/// The current file is `settings.profilePath`: empty for a document that has none yet.
+struct ProfileDocument {
+    std::string profileName = "newprofile";
+    std::vector<std::string> listInclude;
+    std::vector<std::string> listVar;
+    std::vector<std::string> listCommand;
+    Table<std::string> pluginNames;  // what the command dialog offers; removing a line does not remove its name
+
+    std::vector<std::string>& list(EditorList which);
+    const std::vector<std::string>& list(EditorList which) const;
+};
+
+/// A document without lines and without a file. Also forgets what plugins have answered.
+void newDocument(ProfileDocument& document);
+
+/// Replaces the document by the profile at `path`, which becomes the current file. Its plugins are run to learn their
+/// variables; one that fails is reported. Raises 62 for a file without a first line, 9 for a 257th plugin, and the
+/// errors of opening; the document is as it was then.
+void openDocument(ProfileDocument& document, const std::string& path);
+
+/// The bytes of the profile file are the document's lines in their sections. Raises the error of writing.
+void saveDocument(const ProfileDocument& document, const std::string& path);
+std::vector<std::string> documentLines(const ProfileDocument& document);
+
+/// The name that "Save as ..." proposes: in the configured profile directory while the document has no file.
+std::string proposedFileName(const ProfileDocument& document);
+
+/// Loading the editor's window: remembers the configured profile directory and starts a new document.
+void enterEditor(ProfileDocument& document);
+
+/// Removes a line of the include list, or a line group of another list; nothing for an attribute line. True when
+/// something was removed.
+bool removeLines(ProfileDocument& document, EditorList which, std::optional<std::size_t> selected);
+
+/// Empties a list; the include list takes the plugin names with it.
+void clearList(ProfileDocument& document, EditorList which);
+
+/// Exchanges the selected line group of the command list with the one before or after it. Nothing selected counts as
+/// the first group. Gives the selected line's new place. Raises 9 for more than 256 groups or lines in a group; the
+/// list is as it was then.
+std::optional<std::size_t> moveGroupUp(ProfileDocument& document, std::optional<std::size_t> selected);
+std::optional<std::size_t> moveGroupDown(ProfileDocument& document, std::optional<std::size_t> selected);
+
+}  // namespace brasquelin

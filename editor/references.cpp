@@ -1,0 +1,75 @@
+#include "editor/references.h"
+
+#include "config/configFile.h"
+#include "text/text.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+
+namespace {
+
+using References = std::vector<std::string>;
+
+constexpr std::size_t loopNameStart = 10;  // behind ".VarName="
+
+std::string reference(std::string_view name) {
+    return "$" + std::string(name) + "$";
+}
+
+void appendPluginVariables(References& references) {
+    for (const auto& result : std::as_const(variableTables.pluginResults)[0])
+        references.push_back(reference(result.name));
+}
+
+void appendVariables(const ProfileDocument& document, References& references) {
+    for (const auto& line : document.listVar) {
+        if (!line.starts_with('.')) references.push_back(reference(line));
+    }
+}
+
+void appendGlobals(References& references) {
+    for (std::size_t i = 0; i < globalVarRows(); ++i) references.push_back(reference(settings.globalVars[i].name));
+}
+
+void appendLoops(const ProfileDocument& document, References& references) {
+    const auto& lines = document.listCommand;
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+        if (lines[i] == "For") references.push_back(reference(fromCharacter(lines[i + 1], loopNameStart)));
+    }
+}
+
+References forCommandList(const ProfileDocument& document, References references) {
+    appendPluginVariables(references);
+    appendVariables(document, references);
+    appendGlobals(references);
+    appendLoops(document, references);
+    return references;
+}
+
+}  // namespace
+
+References loopReferences(const ProfileDocument& document) {
+    return forCommandList(document, {"$index$"});
+}
+
+References commandReferences(const ProfileDocument& document) {
+    return forCommandList(document,
+                          {"$exepath$", "$Index$", "$exepathdblslash$", "$scriptpath$", "$scriptpathdbslash$"});
+}
+
+References variableReferences() {
+    References references{"$exepath$", "$Index$", "$exepathdbslash$", "$scriptpath$", "$scriptpathdbslash$"};
+    appendPluginVariables(references);
+    appendGlobals(references);
+    return references;
+}
+
+References callReferences(const ProfileDocument& document) {
+    References references{"$exepath$", "$Index$", "$exepathdblslash$", "$scriptpath$", "$scriptpathdbslash$"};
+    appendPluginVariables(references);
+    appendVariables(document, references);
+    appendLoops(document, references);
+    return references;
+}
+
+}  // namespace brasquelin
