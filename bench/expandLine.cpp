@@ -1,0 +1,81 @@
+// Expansion of one profile line, beside a peer that searches the whole line for every name in turn.
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "config/configFile.h"
+#include "engine/engineTables.h"
+#include "engine/expandProfileLine.h"
+#include "platform/paths.h"
+#include "text/text.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+namespace {
+
+const std::string line = "$exepath$/tool --input $source$ --size $size$ --part $i$ --to $global7$/out.bin";
+const std::string scriptPath = "/profiles/x.bqp";
+
+/// 10 declared and assigned variables, 20 global variables, two open loops; the line above has 5 references.
+void fillTables() {
+    settings.reset();
+    variableTables.reset();
+    engineTables.reset();
+    for (int i = 0; i < 20; ++i) {
+        settings.globalVars[static_cast<std::size_t>(i)] = {"global" + std::to_string(i), "/data/" + std::to_string(i)};
+    }
+    settings.globalVarCount = std::string("20");
+    for (const char* name :
+         {"source", "target", "size", "format", "quality", "bitrate", "codec", "preset", "start", "stop"}) {
+        variableTables.profileVariables[1].append({name, "Text", "none", "default"});
+        variableTables.values[1].append(std::string(name) + "=value of " + name);
+    }
+    auto& loops = engineTables.loops[1];
+    loops.depth = loops.deepest = 2;
+    loops.started = 2;
+    loops.records[1] = {"i", 1, 9, 1, 5, "5", 1};
+    loops.records[2] = {"inner", 1, 9, 1, 7, "7", 1};
+}
+
+void expandOneLine(benchmark::State& state) {
+    fillTables();
+    for (auto _ : state) {
+        std::string text = line;
+        benchmark::DoNotOptimize(expandProfileLine(text, 1, scriptPath, 1));
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(expandOneLine);
+
+void peerSearchesForEveryName(benchmark::State& state) {
+    fillTables();
+    std::vector<std::pair<std::string, std::string>> names{{"exepath", "/opt"},
+                                                           {"exepathdblslash", "/opt"},
+                                                           {"scriptpath", "/profiles"},
+                                                           {"scriptpathdblslash", "/profiles"},
+                                                           {"index", "1"}};
+    for (int i = 0; i < 20; ++i) names.emplace_back("global" + std::to_string(i), "/data/" + std::to_string(i));
+    for (const auto& entry : variableTables.values[1]) {
+        const Assignment assignment = splitAssignment(entry);
+        names.emplace_back(assignment.name, assignment.value);
+    }
+    names.emplace_back("i", "5");
+    names.emplace_back("inner", "7");
+    for (auto& [name, value] : names) name = "$" + name + "$";
+    for (auto _ : state) {
+        std::string text = line;
+        for (const auto& [name, value] : names) {
+            for (auto at = text.find(name); at != std::string::npos; at = text.find(name, at + value.size())) {
+                text.replace(at, name.size(), value);
+            }
+        }
+        benchmark::DoNotOptimize(text);
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(peerSearchesForEveryName);
+
+}  // namespace
+}  // namespace brasquelin

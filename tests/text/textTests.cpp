@@ -1,0 +1,115 @@
+#include "text/text.h"
+
+#include <gtest/gtest.h>
+
+#include "text/runTimeError.h"
+#include "text/substitution.h"
+
+namespace brasquelin {
+namespace {
+
+ErrorNumber errorOf(std::string_view number) {
+    try {
+        toInteger16(number);
+    } catch (const RunTimeError& error) {
+        return error.number();
+    }
+    return ErrorNumber::deviceError;
+}
+
+TEST(Text, PositionsCountCodePoints) {
+    EXPECT_EQ(characterCount("aé€😀"), 4U);
+    EXPECT_EQ(firstCharacters("aé€😀", 2), "aé");
+    EXPECT_EQ(lastCharacters("aé€😀", 2), "€😀");
+    EXPECT_EQ(fromCharacter("aé€😀", 3), "€😀");
+    EXPECT_EQ(fromCharacter("ab", 3), "");
+    EXPECT_EQ(withoutLast("aé"), "a");
+    EXPECT_EQ(withoutLast("", 2), "");
+}
+
+TEST(Text, LetterCaseIsFoldedWithoutALocale) {
+    EXPECT_EQ(lowerCase("ÀÉŽΣЖ Az"), "àéžσж az");
+    EXPECT_TRUE(equalIgnoringCase("Été", "ÉTÉ"));
+    EXPECT_TRUE(equalIgnoringCase("Ⱥb", "ⱥB"));  // the two letters differ in length
+    EXPECT_FALSE(equalIgnoringCase("K", "\u212A"));
+    EXPECT_TRUE(startsWithIgnoringCase("ÀBC", "àb"));
+    EXPECT_FALSE(startsWithIgnoringCase("a", "ab"));
+    EXPECT_TRUE(endsWithIgnoringCase("x.BQP", "bqp"));
+    const TextMatch match = findIgnoringCase("xxÉtÉ", "éT");
+    EXPECT_EQ(match.begin, 2U);
+    EXPECT_EQ(match.end, 5U);
+}
+
+TEST(Text, LinesEndWithEitherMarkAndTheLastOneWithoutAny) {
+    EXPECT_EQ(splitLines("a\r\nb\n\nc"), (std::vector<std::string>{"a", "b", "", "c"}));
+    EXPECT_EQ(splitLines("a\r\n"), std::vector<std::string>{"a"});
+    EXPECT_TRUE(splitLines("").empty());
+}
+
+TEST(Text, Utf8IsRecognised) {
+    EXPECT_TRUE(isUtf8("plain é € 😀"));
+    EXPECT_FALSE(isUtf8("caf\xE9"));
+    EXPECT_FALSE(isUtf8("\xC0\xAF"));      // overlong
+    EXPECT_FALSE(isUtf8("\xED\xA0\x80"));  // surrogate
+    EXPECT_FALSE(isUtf8("cut \xE2\x82"));
+}
+
+TEST(Text, WholeNumbersHaveSixteenBits) {
+    EXPECT_EQ(toInteger16(" -32768 "), -32768);
+    EXPECT_EQ(toInteger16("+7"), 7);
+    EXPECT_EQ(errorOf("32768"), ErrorNumber::overflow);
+    EXPECT_EQ(errorOf("99999999999999999999"), ErrorNumber::overflow);
+    for (const char* bad : {"", "x", "1.5", "1 2", "-"}) EXPECT_EQ(errorOf(bad), ErrorNumber::typeMismatch) << bad;
+}
+
+TEST(Substitution, ReplacesEveryReferenceInAnyLetterCaseWithoutRescanning) {
+    EXPECT_EQ(replaceVar("name", "x", "$Name$ and $NAME$, not name"), "x and x, not name");
+    EXPECT_EQ(replaceVar("a", "$a$", "$a$$a$"), "$a$$a$");
+    EXPECT_EQ(replaceVar("a", "1", "$a$a$"), "1a$");
+    EXPECT_EQ(replaceVar("été", "1", "$ÉTÉ$"), "1");
+    EXPECT_EQ(replaceVar("", "x", "a$$b$$"), "axbx");
+    EXPECT_EQ(replaceVar("a$b", "x", "$A$B$"), "x");
+    EXPECT_EQ(replaceVar("other", "x", "$name$"), "$name$");
+}
+
+TEST(Substitution, AValueMayBringAReferenceForALaterName) {
+    ReferenceText text("$first$-$b$");
+    text.replace("first", "$b$");
+    text.replace("b", "é");
+    EXPECT_EQ(text.text(), "é-é");
+    text.assign("$x$y$x$");
+    text.replace("x", "$");
+    EXPECT_TRUE(text.mayRefer());
+    EXPECT_EQ(text.text(), "$y$");
+    text.replace("y", "done");
+    EXPECT_EQ(text.text(), "done");
+}
+
+TEST(Substitution, FormsRespectLetterCase) {
+    ReferenceText text("index($c$) index($C$) Index($c$) $c$");
+    text.replaceForm("index", "c", "3");
+    EXPECT_EQ(text.text(), "3 index($C$) Index($c$) $c$");
+    text.replace("c", "v");
+    EXPECT_EQ(text.text(), "3 index(v) Index(v) v");
+}
+
+TEST(Substitution, DirectoriesAndDoubledBackslashes) {
+    EXPECT_EQ(dirOf("C:\\Work\\P\\a.bqp"), "C:\\Work\\P");
+    EXPECT_EQ(dirOf("/a/b"), "/a");
+    EXPECT_EQ(dirOf("a.bqp"), "");
+    EXPECT_EQ(doubleBackslashes("C:\\Work\\P"), "C:\\\\Work\\\\P");
+    EXPECT_EQ(doubleBackslashes("C:\\abc"), "");
+    EXPECT_EQ(doubleBackslashes("/work/a\\b"), "/work/a\\b");
+}
+
+TEST(RunTimeErrors, TellTheFileTheyAreAbout) {
+    const RunTimeError own(ErrorNumber::fileNotFound, "lib.bqs");
+    EXPECT_EQ(own.reportWhileLoading("x.bqp", 4),
+              "Error 53 : File not found\r\nWhile loading 'lib.bqs'\r\nFrom file 'x.bqp' at line 4");
+    EXPECT_EQ(RunTimeError(ErrorNumber::typeMismatch).reportWhileLoading("x.bqp", 7),
+              "Error 13 : Type mismatch\r\nWhile loading 'x.bqp' at line 7");
+    EXPECT_EQ(own.reportWhileLoading({}), "Error 53 : File not found\r\nWhile loading 'lib.bqs'");
+}
+
+}  // namespace
+}  // namespace brasquelin
