@@ -1,0 +1,83 @@
+#include "platform/wx/application.h"
+
+#include <wx/app.h>
+#include <wx/init.h>
+
+#include <exception>
+#include <utility>
+
+#include "platform/desktop.h"
+#include "text/runTimeError.h"
+
+namespace brasquelin {
+
+namespace {
+
+void report(const RunTimeError& error) {
+    const std::string file = error.path().empty() ? std::string() : "\r\n'" + error.path() + "'";
+    desktop().showMessage(error.report() + file, errorTitle, Icon::critical);
+}
+
+class Application : public wxApp {
+  public:
+    explicit Application(std::function<void()> start) : start_(std::move(start)) {}
+
+    bool OnInit() override {
+        SetAppName("brasquelin");
+        SetAppDisplayName("Brasquelin");
+        SetExitOnFrameDelete(false);
+        CallAfter([this] { start_(); });
+        return true;
+    }
+
+    int OnRun() override {
+        try {
+            const int status = wxApp::OnRun();
+            Application::RethrowStoredException();
+            return status;
+        } catch (const EndProgram& end) {
+            return end.exitStatus();
+        }
+    }
+
+    bool OnExceptionInMainLoop() override {
+        try {
+            throw;
+        } catch (const RunTimeError& error) {
+            report(error);
+        } catch (const std::exception& error) {
+            desktop().showMessage(error.what(), errorTitle, Icon::critical);
+        }
+        return true;
+    }
+
+    /// The first exception counts: what is thrown while it unwinds the loops only follows from it.
+    bool StoreCurrentException() override {
+        if (!stored_) stored_ = std::current_exception();
+        return true;
+    }
+
+    void RethrowStoredException() override {
+        if (stored_) std::rethrow_exception(std::exchange(stored_, nullptr));
+    }
+
+  private:
+    std::function<void()> start_;
+    std::exception_ptr stored_;
+};
+
+}  // namespace
+
+int runApplication(std::function<void()> start) {
+    wxApp::SetInstance(new Application(std::move(start)));
+    char name[] = "brasquelin";
+    char* arguments[] = {name, nullptr};
+    int count = 1;
+    return wxEntry(count, arguments);
+}
+
+void rethrowFromEvents() {
+    if (wxTheApp) wxTheApp->RethrowStoredException();
+}
+
+}  // namespace brasquelin

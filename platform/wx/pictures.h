@@ -1,0 +1,26 @@
+// The program's pictures, drawn rather than stored, so that they are sharp at every size.
+#pragma once
+
+#include <wx/bmpbndl.h>
+#include <wx/iconbndl.h>
+
+namespace brasquelin {
+
+enum class Picture {
+    addLibrary,
+    addProfile,
+    clearJoblist,
+    executeLine,
+    executeJoblist,
+    profileEditor,
+    options,
+    about,
+    program
+};
+
+/// `side` is the width and height on a display without scaling; larger versions come along.
+wxBitmapBundle picture(Picture which, int side);
+
+wxIconBundle programIcons();
+
+}  // namespace brasquelin

@@ -1,0 +1,184 @@
+#include "platform/wx/wxDesktop.h"
+
+#include <wx/app.h>
+#include <wx/clipbrd.h>
+#include <wx/evtloop.h>
+#include <wx/filedlg.h>
+#include <wx/filename.h>
+#include <wx/msgdlg.h>
+#include <wx/textdlg.h>
+#include <wx/utils.h>
+
+#include <utility>
+
+#include "platform/paths.h"
+#include "platform/wx/application.h"
+#include "platform/wx/fileFilter.h"
+#include "platform/wx/programDialog.h"
+#include "platform/wx/wxText.h"
+#include "text/runTimeError.h"
+#include "text/substitution.h"
+
+namespace brasquelin {
+
+namespace {
+
+long iconStyle(Icon icon) {
+    switch (icon) {
+        case Icon::information:
+            return wxICON_INFORMATION;
+        case Icon::exclamation:
+            return wxICON_EXCLAMATION;
+        case Icon::critical:
+            return wxICON_ERROR;
+        case Icon::none:
+            break;
+    }
+    return wxICON_NONE;
+}
+
+/// Shows a modal dialog; an exception from one of its events continues here.
+int showModally(wxDialog& dialog) {
+    const int answer = dialog.ShowModal();
+    rethrowFromEvents();
+    return answer;
+}
+
+/// Destroys a window of the program when its modal show is over, however it ended.
+class Unloading {
+  public:
+    explicit Unloading(wxTopLevelWindow& window) : window_(window) {}
+    ~Unloading() {
+        window_.Hide();
+        window_.SetName("");
+        window_.Destroy();
+    }
+    Unloading(const Unloading&) = delete;
+    Unloading& operator=(const Unloading&) = delete;
+
+  private:
+    wxTopLevelWindow& window_;
+};
+
+void showUntilClosed(wxDialog& window) {
+    std::function<void()> lastStep;
+    {
+        const Unloading unloading(window);
+        showModally(window);
+        if (auto* dialog = dynamic_cast<ProgramDialog*>(&window)) lastStep = dialog->takeLastStep();
+    }
+    if (lastStep) lastStep();
+}
+
+void showModeless(wxTopLevelWindow& window) {
+    window.Show();
+    window.Raise();
+}
+
+long fileDialogStyle(FileDialogMode mode) {
+    return mode == FileDialogMode::open ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE | wxFD_OVERWRITE_PROMPT;
+}
+
+/// Some desktops leave it to the program to add the extension of the chosen filter.
+std::string withExtension(std::string path, const FileDialogRequest& request, int filterIndex) {
+    const bool complete = fileNameOf(path).find('.') != std::string_view::npos;
+    if (request.mode == FileDialogMode::open || complete || filterIndex < 0) return path;
+    return path + extensionOfFilter(request.filter, static_cast<std::size_t>(filterIndex));
+}
+
+}  // namespace
+
+wxTopLevelWindow* loadedWindow(std::string_view name) {
+    const wxString wanted = toWx(name);
+    for (auto* window : wxTopLevelWindows) {
+        if (window->GetName() == wanted) return static_cast<wxTopLevelWindow*>(window);
+    }
+    return nullptr;
+}
+
+void WxDesktop::registerWindow(std::string name, WindowFactory factory) {
+    factories_.insert_or_assign(std::move(name), std::move(factory));
+}
+
+wxTopLevelWindow& WxDesktop::loadWindow(std::string_view name) {
+    if (auto* loaded = loadedWindow(name)) return *loaded;
+    const auto factory = factories_.find(name);
+    if (factory == factories_.end()) throw RunTimeError(ErrorNumber::invalidCall, std::string(name));
+    return *factory->second();
+}
+
+void WxDesktop::showWindow(std::string_view name, bool modal) {
+    auto* dialog = dynamic_cast<wxDialog*>(&loadWindow(name));
+    if (!modal || !dialog) return showModeless(loadWindow(name));
+    if (dialog->IsModal()) return dialog->Raise();
+    if (dialog->IsShown()) {  // left over from a modeless show: it may stand for something else
+        unloadWindow(name);
+        dialog = dynamic_cast<wxDialog*>(&loadWindow(name));
+    }
+    showUntilClosed(*dialog);
+}
+
+void WxDesktop::unloadWindow(std::string_view name) {
+    auto* window = loadedWindow(name);
+    if (!window) return;
+    if (window->IsShown()) {
+        window->Close(true);
+        rethrowFromEvents();
+    } else {
+        window->SetName("");
+        window->Destroy();
+    }
+}
+
+bool WxDesktop::isVisible(std::string_view name) const {
+    const auto* window = loadedWindow(name);
+    return window && window->IsShown();
+}
+
+void WxDesktop::presentMessage(std::string_view text, std::string_view title, Icon icon) {
+    wxMessageDialog box(nullptr, toWxLines(text), toWx(title), wxOK | iconStyle(icon));
+    showModally(box);
+}
+
+bool WxDesktop::askYesNo(std::string_view text, std::string_view title) {
+    wxMessageDialog box(nullptr, toWxLines(text), toWx(title), wxYES_NO | wxICON_QUESTION);
+    return showModally(box) == wxID_YES;
+}
+
+std::optional<std::string> WxDesktop::askText(std::string_view prompt, std::string_view title,
+                                              std::string_view defaultText) {
+    wxTextEntryDialog box(nullptr, toWxLines(prompt), toWx(title), toWx(defaultText));
+    if (showModally(box) != wxID_OK) return std::nullopt;
+    return fromWx(box.GetValue());
+}
+
+std::string WxDesktop::askFile(const FileDialogRequest& request) {
+    const std::string start = resolvePath(request.startName);
+    const std::string filter = fileFilter(request.filter, fromWx(wxFileSelectorDefaultWildcardStr));
+    wxFileDialog dialog(nullptr, toWx(request.title), toWx(dirOf(start)), toWx(fileNameOf(start)), toWx(filter),
+                        fileDialogStyle(request.mode));
+    if (showModally(dialog) != wxID_OK) return {};
+    return withExtension(fromWx(dialog.GetPath()), request, dialog.GetFilterIndex());
+}
+
+void WxDesktop::copyToClipboard(std::string_view text) {
+    const wxClipboardLocker lock;
+    if (!lock) return;
+    wxTheClipboard->SetData(new wxTextDataObject(toWx(text)));
+    wxTheClipboard->Flush();  // outlives the program
+}
+
+void WxDesktop::openLink(std::string_view target) {
+    const bool link = target.starts_with("mailto:") || target.find("://") != std::string_view::npos;
+    const bool opened =
+        link ? wxLaunchDefaultBrowser(toWx(target)) : wxLaunchDefaultApplication(toWx(resolvePath(target)));
+    if (!opened) showMessage("No program opens '" + std::string(target) + "'.", "Brasquelin", Icon::exclamation);
+}
+
+void WxDesktop::processPendingEvents() {
+    auto* loop = wxEventLoopBase::GetActive();
+    if (loop && !loop->IsYielding()) loop->YieldFor(wxEVT_CATEGORY_ALL);
+    rethrowFromEvents();
+}
+
+}  // namespace brasquelin
