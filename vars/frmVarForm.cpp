@@ -1,0 +1,146 @@
+#include "vars/frmVarForm.h"
+
+#include <wx/button.h>
+#include <wx/dcclient.h>
+#include <wx/display.h>
+#include <wx/scrolwin.h>
+#include <wx/settings.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/wx/placement.h"
+#include "platform/wx/wxText.h"
+#include "vars/loadPrompt.h"
+
+namespace brasquelin {
+
+namespace {
+
+void useFace(wxButton& button, const char* face, bool heavy) {
+    wxFont font = button.GetFont();
+    const bool found = font.SetFaceName(face);
+    button.SetFont(heavy && !found ? button.GetFont().Bold() : font);
+}
+
+int heightForWindows(const wxWindow& window) {
+    const int screen = std::max(wxDisplay::GetFromWindow(&window), 0);
+    const int border = borderSizes.vertical < 9999 ? borderSizes.vertical : 0;
+    return wxDisplay(static_cast<unsigned>(screen)).GetClientArea().height - border;
+}
+
+}  // namespace
+
+FrmVarForm::FrmVarForm(std::string_view name, std::string_view caption, std::shared_ptr<PromptForm> form)
+    : ProgramDialog(name, form ? std::string_view(form->title) : caption),
+      form_(form ? std::move(form) : std::make_shared<PromptForm>()),
+      scale_(*this) {
+    makeRows();
+    makeButtons();
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        layOut();
+        event.Skip();
+    });
+    setFirstSize();
+    focusFirst();
+}
+
+void FrmVarForm::makeRows() {
+    rowsArea_ = new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL);
+    for (std::size_t i = 0; i < form_->rows.size(); ++i) {
+        rows_.push_back(std::make_unique<FrmVarRow>(*rowsArea_, form_->rows[i], i));
+    }
+    rowsArea_->SetScrollRate(0, std::max(1, scale_.y(form_->cmdOK.height) / 4));
+    rowsArea_->Bind(wxEVT_PAINT, &FrmVarForm::paintBackdrops, this);
+}
+
+void FrmVarForm::makeButtons() {
+    cmdCancel_ =
+        new wxButton(this, wxID_CANCEL, "Cancel", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdCancel");
+    cmdOK_ = new wxButton(this, wxID_OK, "OK", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdOK");
+    useFace(*cmdCancel_, "Arial", false);
+    useFace(*cmdOK_, "Arial Black", true);
+    cmdOK_->SetDefault();
+    cmdCancel_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { closeWindow(); });
+    cmdOK_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { confirm(); });
+}
+
+void FrmVarForm::confirm() {
+    closeAndThen([form = form_] { confirmPrompt(*form); });
+}
+
+void FrmVarForm::closing(bool byUser) {
+    closeWindow();
+    if (byUser) promptClosed(*form_);
+}
+
+int FrmVarForm::rowsHeight() const {
+    int bottom = scale_.y(form_->cmdOK.top);
+    for (const auto& row : rows_) bottom = std::max(bottom, scale_.y(row->bottom()));
+    return bottom;
+}
+
+int FrmVarForm::designWidth() const {
+    return scale_.x(form_->cmdOK.left + form_->cmdOK.width);
+}
+
+int FrmVarForm::extraWidth() const {
+    return std::max(0, rowsArea_->GetClientSize().x - designWidth());
+}
+
+void FrmVarForm::setFirstSize() {
+    const int buttons = scale_.y(form_->cmdOK.height);
+    const int wanted = rowsHeight() + buttons;
+    const int available = heightForWindows(*this);
+    const bool scrolls = wanted > available;
+    const int scrollBar = scrolls ? std::max(0, wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this)) : 0;
+    SetClientSize(designWidth() + scrollBar, std::min(wanted, available));
+    SetMinClientSize(wxSize(designWidth() + scrollBar, std::min(wanted, 4 * buttons)));
+    placeOnScreen(*this);
+    layOut();
+}
+
+void FrmVarForm::layOut() {
+    if (!cmdOK_) return;
+    const wxSize client = GetClientSize();
+    const int buttons = scale_.y(form_->cmdOK.height);
+    rowsArea_->SetSize(0, 0, client.x, std::max(0, client.y - buttons));
+    rowsArea_->SetVirtualSize(rowsArea_->GetClientSize().x, rowsHeight());
+    const int split = scale_.x(form_->cmdOK.left);
+    cmdCancel_->SetSize(0, client.y - buttons, scale_.x(form_->cmdCancel.width), buttons);
+    cmdOK_->SetSize(split, client.y - buttons, client.x - split, buttons);
+    const int scrolledBy = rowsArea_->CalcUnscrolledPosition(wxPoint(0, 0)).y;
+    for (const auto& row : rows_) row->place(scale_, extraWidth(), scrolledBy);
+    rowsArea_->Refresh();
+}
+
+void FrmVarForm::paintBackdrops(wxPaintEvent& /*event*/) {
+    wxPaintDC canvas(rowsArea_);
+    rowsArea_->DoPrepareDC(canvas);
+    canvas.SetPen(*wxTRANSPARENT_PEN);
+    canvas.SetBrush(wxBrush(backdropColour(*rowsArea_)));
+    for (const auto& row : form_->rows) {
+        if (!row.backdropVisible) continue;
+        const Box& left = row.place.graph1;
+        const Box& right = row.place.graph2;
+        wxRect value = scale_.rect(right.left, right.top, right.width, right.height);
+        value.width += extraWidth();
+        canvas.DrawRectangle(scale_.rect(left.left, left.top, left.width, left.height));
+        canvas.DrawRectangle(value);
+    }
+}
+
+void FrmVarForm::focusFirst() {
+    const auto asked = [](const auto& row) { return row->model().askUser; };
+    const auto open = [](const auto& row) { return row->needsUser(); };
+    auto row = std::find_if(rows_.begin(), rows_.end(), asked);
+    if (row == rows_.end()) row = std::find_if(rows_.begin(), rows_.end(), open);
+    if (row == rows_.end()) row = rows_.begin();
+    if (row == rows_.end()) {
+        cmdOK_->SetFocus();
+    } else {
+        (*row)->takeFocus();
+    }
+}
+
+}  // namespace brasquelin

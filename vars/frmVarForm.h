@@ -1,0 +1,45 @@
+// What the two prompt windows share: a form drawn row by row, OK and Cancel.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/wx/programDialog.h"
+#include "platform/wx/twipScale.h"
+#include "vars/frmVarRow.h"
+#include "vars/promptForm.h"
+
+class wxPaintEvent;
+class wxScrolledWindow;
+
+namespace brasquelin {
+
+class FrmVarForm : public ProgramDialog {
+  public:
+    /// Shows the form; without one the window is empty and captioned `caption`.
+    FrmVarForm(std::string_view name, std::string_view caption, std::shared_ptr<PromptForm> form);
+
+  protected:
+    void closing(bool byUser) override;
+
+  private:
+    void makeRows();
+    void makeButtons();
+    void confirm();
+    void setFirstSize();
+    void layOut();
+    void paintBackdrops(wxPaintEvent& event);
+    void focusFirst();
+    int rowsHeight() const;
+    int designWidth() const;
+    int extraWidth() const;
+
+    std::shared_ptr<PromptForm> form_;
+    wxScrolledWindow* rowsArea_ = nullptr;
+    wxButton* cmdCancel_ = nullptr;
+    wxButton* cmdOK_ = nullptr;
+    TwipScale scale_;
+    std::vector<std::unique_ptr<FrmVarRow>> rows_;
+};
+
+}  // namespace brasquelin

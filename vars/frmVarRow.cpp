@@ -1,0 +1,137 @@
+#include "vars/frmVarRow.h"
+
+#include <wx/button.h>
+#include <wx/combobox.h>
+#include <wx/scrolwin.h>
+#include <wx/settings.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
+
+#include "platform/wx/twipScale.h"
+#include "platform/wx/wxText.h"
+
+namespace brasquelin {
+
+namespace {
+
+wxString controlName(const char* name, std::size_t index) {
+    return index == 0 ? wxString(name) : wxString::Format("%s(%zu)", name, index);
+}
+
+bool isDark(const wxColour& colour) {
+    return colour.GetLuminance() < 0.5;
+}
+
+wxColour mixed(const wxColour& base, const wxColour& tint, double share) {
+    const auto mix = [share](int from, int to) { return static_cast<unsigned char>(from + (to - from) * share); };
+    return wxColour(mix(base.Red(), tint.Red()), mix(base.Green(), tint.Green()), mix(base.Blue(), tint.Blue()));
+}
+
+void setRect(wxWindow& control, wxRect place, int scrolledBy) {
+    place.Offset(0, -scrolledBy);
+    control.SetSize(place);
+}
+
+wxRect pixels(const TwipScale& scale, const Box& box) {
+    return scale.rect(box.left, box.top, box.width, box.height);
+}
+
+}  // namespace
+
+wxColour backdropColour(const wxWindow& window) {
+    return mixed(window.GetBackgroundColour(), wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), 0.14);
+}
+
+FrmVarRow::FrmVarRow(wxScrolledWindow& parent, PromptRow& row, std::size_t index) : row_(row) {
+    makeName(parent, index);
+    if (row.showsText()) makeText(parent, index, "textType");
+    if (row.showsPath()) makeText(parent, index, "pathType");
+    if (row.showsPath()) makeBrowseButton(parent, index);
+    if (row.showsChoices()) makeChoices(parent, index);
+}
+
+void FrmVarRow::makeName(wxScrolledWindow& parent, std::size_t index) {
+    varName_ = new wxStaticText(&parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, controlName("varName", index));
+    varName_->SetLabelText(toWx(row_.label));
+    if (!row_.info.empty()) varName_->SetToolTip(toWx(row_.info));
+    if (row_.backdropVisible) varName_->SetBackgroundColour(backdropColour(parent));
+    if (!row_.askUser) return;
+    const wxColour darkRed(192, 0, 0);
+    const wxColour lightRed(255, 120, 110);
+    varName_->SetFont(varName_->GetFont().Bold());
+    varName_->SetForegroundColour(isDark(parent.GetBackgroundColour()) ? lightRed : darkRed);
+}
+
+void FrmVarRow::makeText(wxScrolledWindow& parent, std::size_t index, const char* name) {
+    text_ = new wxTextCtrl(&parent, wxID_ANY, toWx(row_.text), wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
+                           controlName(name, index));
+    if (!row_.info.empty()) text_->SetToolTip(toWx(row_.info));
+    text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { row_.text = fromWx(text_->GetValue()); });
+}
+
+void FrmVarRow::makeChoices(wxScrolledWindow& parent, std::size_t index) {
+    wxArrayString choices;
+    for (const auto& choice : row_.choices) choices.push_back(toWx(choice));
+    listType_ = new wxComboBox(&parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, choices, wxCB_READONLY,
+                               wxDefaultValidator, controlName("listType", index));
+    listType_->SetSelection(row_.selected);
+    if (!row_.info.empty()) listType_->SetToolTip(toWx(row_.info));
+    listType_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { row_.selected = listType_->GetSelection(); });
+}
+
+void FrmVarRow::makeBrowseButton(wxScrolledWindow& parent, std::size_t index) {
+    getPath_ = new wxButton(&parent, wxID_ANY, "...", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT,
+                            wxDefaultValidator, controlName("getPath", index));
+    getPath_->SetToolTip("Choose a file");
+    getPath_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { browseForPath(); });
+}
+
+void FrmVarRow::browseForPath() {
+    if (browse(row_)) text_->ChangeValue(toWx(row_.text));
+}
+
+void FrmVarRow::place(const TwipScale& scale, int extraWidth, int scrolledBy) {
+    const RowPlacement& at = row_.place;
+    setRect(*varName_, pixels(scale, at.varName), scrolledBy);
+    if (getPath_) {
+        wxRect button = pixels(scale, at.getPath);
+        wxRect box = pixels(scale, at.pathType);
+        box.SetRight(button.x - 1);  // the button stands over the end of the box
+        box.width += extraWidth;
+        button.x += extraWidth;
+        setRect(*text_, box, scrolledBy);
+        setRect(*getPath_, button, scrolledBy);
+    } else if (text_) {
+        wxRect box = pixels(scale, at.textType);
+        box.width += extraWidth;
+        setRect(*text_, box, scrolledBy);
+    } else if (listType_) {
+        wxRect box = pixels(scale, at.listType);
+        box.width += extraWidth;
+        box.height = std::max(box.height, listType_->GetBestSize().y);
+        setRect(*listType_, box, scrolledBy);
+    }
+}
+
+int FrmVarRow::bottom() const {
+    const RowPlacement& at = row_.place;
+    constexpr int dropDownNeeds = 35;
+    const int value = row_.showsChoices() ? at.listType.bottom() + dropDownNeeds : at.textType.bottom();
+    return std::max(at.graph1.bottom(), value);
+}
+
+bool FrmVarRow::needsUser() const {
+    if (listType_) return row_.selected < 0;
+    return text_ && row_.text.empty();
+}
+
+void FrmVarRow::takeFocus() {
+    wxWindow* control = text_ ? static_cast<wxWindow*>(text_) : listType_;
+    if (control) control->SetFocus();
+    if (text_) text_->SelectAll();
+}
+
+}  // namespace brasquelin
