@@ -1,0 +1,10 @@
+#include "app/frmAddProfile.h"
+
+namespace brasquelin {
+
+FrmAddProfile::FrmAddProfile()
+    : FrmPicker({"frmAddProfile", "Add profile", "profileName", "Load Profile",
+                 "There are no profiles in the profile folder."},
+                listProfiles()) {}
+
+}  // namespace brasquelin

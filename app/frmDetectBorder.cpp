@@ -1,0 +1,27 @@
+#include "app/frmDetectBorder.h"
+
+#include "platform/desktop.h"
+#include "platform/wx/placement.h"
+#include "platform/wx/wxDesktop.h"
+
+namespace brasquelin {
+
+namespace {
+constexpr int notMeasured = 9999;
+}
+
+FrmDetectBorder::FrmDetectBorder()
+    : wxFrame(nullptr, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE, "frmDetectBorder") {
+    const wxSize border = GetSize() - GetClientSize();
+    borderSizes.horizontal = border.x;
+    borderSizes.vertical = border.y;
+}
+
+void detectBorders() {
+    borderSizes = BorderSizes();
+    dynamic_cast<WxDesktop&>(desktop()).loadWindow("frmDetectBorder");
+    while (borderSizes.vertical == notMeasured) desktop().processPendingEvents();
+    desktop().unloadWindow("frmDetectBorder");
+}
+
+}  // namespace brasquelin

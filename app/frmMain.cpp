@@ -1,0 +1,150 @@
+#include "app/frmMain.h"
+
+#include <wx/accel.h>
+#include <wx/menu.h>
+#include <wx/sizer.h>
+#include <wx/toolbar.h>
+
+#include "app/frmDetectBorder.h"
+#include "app/frmJobList.h"
+#include "app/jobList.h"
+#include "app/startUp.h"
+#include "platform/desktop.h"
+#include "platform/wx/pictures.h"
+#include "platform/wx/placement.h"
+#include "platform/wx/popUpMenu.h"
+#include "platform/wx/wxDesktop.h"
+#include "platform/wx/wxText.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr int firstCommandId = wxID_HIGHEST + 1;
+
+int idOf(const MainCommand& command) {
+    return firstCommandId + static_cast<int>(&command - mainCommands().data());
+}
+
+const char* shortcutOf(const MainCommand& command) {
+    if (command.key == "add library") return "\tCtrl+L";
+    if (command.key == "add profile") return "\tCtrl+P";
+    if (command.key == "execute line") return "\tCtrl+E";
+    if (command.key == "execute joblist") return "\tF5";
+    if (command.key == "about") return "\tF1";
+    return "";
+}
+
+constexpr std::array<Picture, 8> pictures{
+    Picture::addLibrary,     Picture::addProfile,    Picture::clearJoblist, Picture::executeLine,
+    Picture::executeJoblist, Picture::profileEditor, Picture::options,      Picture::about,
+};
+
+void appendCommands(wxMenu& menu) {
+    for (const auto& command : mainCommands()) {
+        menu.Append(idOf(command), toWx(command.caption) + shortcutOf(command));
+        if (!command.separatorBehind.empty()) menu.AppendSeparator();
+    }
+}
+
+}  // namespace
+
+FrmMain::FrmMain()
+    : wxFrame(nullptr, wxID_ANY, "Brasquelin", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE, "frmMain") {
+    SetIcons(programIcons());
+    makeMenu();
+    makeToolbar();
+    JobList_ = new FrmJobList(this);
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(JobList_, wxSizerFlags(1).Expand());
+    SetSizer(sizer);
+
+    for (const auto& command : mainCommands()) {
+        Bind(
+            wxEVT_MENU, [this, &command](wxCommandEvent&) { run(command); }, idOf(command));
+        Bind(
+            wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(mainCommandsEnabled()); }, idOf(command));
+    }
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+    Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        JobList_->showChanges();
+        event.Skip();
+    });
+    JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
+
+    SetMinSize(FromDIP(wxSize(420, 260)));
+    SetSize(FromDIP(wxSize(860, 520)));
+    placeOnScreen(*this);
+    JobList_->SetFocus();
+}
+
+FrmMain::~FrmMain() {
+    jobList.clear();
+    endLastChild();
+}
+
+void FrmMain::makeMenu() {
+    auto* commands = new wxMenu;
+    appendCommands(*commands);
+    commands->AppendSeparator();
+    commands->Append(wxID_EXIT, "Exit\tCtrl+Q");
+    auto* bar = new wxMenuBar;
+    bar->Append(commands, "&Joblist");
+    SetMenuBar(bar);
+}
+
+void FrmMain::makeToolbar() {
+    constexpr int side = 24;
+    auto* toolbar = CreateToolBar(wxTB_HORIZONTAL | wxTB_TEXT | wxTB_FLAT, wxID_ANY, "Toolbar1");
+    toolbar->SetToolBitmapSize(wxSize(side, side));
+    const wxBitmapBundle empty = wxBitmapBundle::FromBitmap(wxBitmap(side, side));
+    for (const auto& command : mainCommands()) {
+        toolbar->AddTool(idOf(command), toWx(command.toolbarCaption), empty, toWx(command.caption));
+        if (!command.separatorBehind.empty()) toolbar->AddSeparator();
+    }
+    toolbar->Realize();
+}
+
+void FrmMain::prepareToolbar() {
+    constexpr int side = 24;
+    for (const auto& command : mainCommands()) {
+        const auto which = pictures[static_cast<std::size_t>(idOf(command) - firstCommandId)];
+        GetToolBar()->SetToolNormalBitmap(idOf(command), picture(which, side));
+    }
+    GetToolBar()->Realize();
+}
+
+void FrmMain::run(const MainCommand& command) {
+    if (!mainCommandsEnabled()) return;
+    runMainCommand(command.key, JobList_->selectedLine());
+    JobList_->showChanges();
+}
+
+void FrmMain::showMenu(wxContextMenuEvent& event) {
+    wxMenu mnuPrincipal;
+    appendCommands(mnuPrincipal);
+    const bool byKey = event.GetPosition() == wxDefaultPosition;
+    popUpMenu(*JobList_, mnuPrincipal, byKey ? wxPoint(0, 0) : JobList_->ScreenToClient(event.GetPosition()));
+}
+
+void FrmMain::closing(wxCloseEvent& /*event*/) {
+    mainWindowUnloaded();
+    Hide();
+    SetName("");  // no longer found
+    Destroy();
+}
+
+void startWithMainWindow(const std::string& commandLine) {
+    auto& windows = dynamic_cast<WxDesktop&>(desktop());
+    auto& frmMain = dynamic_cast<FrmMain&>(windows.loadWindow("frmMain"));
+    startUp(commandLine, {[&] { frmMain.prepareToolbar(); }, detectBorders});
+    windows.unloadWindow("frmWait");  // start-up may have stopped while it was shown
+    windows.showWindow("frmMain", false);
+    for (const auto* prompt : {"frmVarProfile", "frmVarFunction"}) {
+        if (windows.isVisible(prompt)) windows.showWindow(prompt, false);
+    }
+}
+
+}  // namespace brasquelin

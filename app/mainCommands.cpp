@@ -1,0 +1,55 @@
+#include "app/mainCommands.h"
+
+#include "app/batchFile.h"
+#include "app/openFile.h"
+#include "platform/desktop.h"
+#include "text/runTimeError.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::array<MainCommand, 8> commands{{
+    {"mnuAddLibrary", "Add Library", "Add Library", "add library", ""},
+    {"mnuAddProfile", "Add Profile", "Add Profile", "add profile", "tiretun"},
+    {"mnuClearJoblist", "Clear JobList", "Clear Joblist", "clear joblist", "tiretdeux"},
+    {"mnuExecLine", "Execute this line", "Execute Line", "execute line", ""},
+    {"mnuExecJoblist", "Execute Joblist", "Execute Joblist", "execute joblist", "tirettrois"},
+    {"mnuCreateProfile", "Profile Editor", "Profile Editor", "profile editor", ""},
+    {"mnuOptions", "Options", "Options", "options", ""},
+    {"mnuAbout", "About", "About", "about", ""},
+}};
+
+constexpr std::string_view editorWindow = "frmCreateProfile";
+
+void openEditor() {
+    desktop().showWindow(editorWindow, false);
+    desktop().unloadWindow("frmMain");
+}
+
+}  // namespace
+
+const std::array<MainCommand, 8>& mainCommands() {
+    return commands;
+}
+
+void runMainCommand(std::string_view key, std::optional<std::size_t> selected) {
+    if (key == "add library") return desktop().showWindow("frmAddFunction", true);
+    if (key == "add profile") return desktop().showWindow("frmAddProfile", true);
+    if (key == "clear joblist") return clearJobList();
+    if (key == "execute line") return executeLine(selected);
+    if (key == "execute joblist") return executeJobList();
+    if (key == "profile editor") return openEditor();
+    if (key == "options") return desktop().showWindow("frmOption", true);
+    if (key == "about") return desktop().showWindow("frmAbout", true);
+}
+
+bool mainCommandsEnabled() {
+    return !opening.running;
+}
+
+void mainWindowUnloaded() {
+    if (!desktop().isVisible(editorWindow)) throw EndProgram(0);
+}
+
+}  // namespace brasquelin
