@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,8 @@
 #include "text/table.h"
 
 namespace brasquelin {
+
+struct TextFile;
 
 struct Settings {
     std::string libraryPath;
@@ -21,6 +24,8 @@ struct Settings {
 
     std::array<NamedValue, 256> globalVars;
     std::string globalVarCount = "0";  // decimal text
+
+    std::shared_ptr<const TextFile> readFrom;  // the file that the variables were last read from, completely
 
     bool startingUp = false;  // "clear" acts only while this is set
     std::string commandLine;  // without the program's own path

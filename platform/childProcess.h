@@ -21,6 +21,8 @@ class ProcessTable {
     virtual bool isRunning(std::uint32_t processId) = 0;
     /// True when the process was ended by this call.
     virtual bool terminate(std::uint32_t processId) = 0;
+    /// The process that owns a window; 0 where windows have no such handle.
+    virtual std::uint32_t ownerOf(std::uintptr_t /*windowHandle*/) { return 0; }
 };
 
 ProcessTable& processTable();

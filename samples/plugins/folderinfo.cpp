@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
         ++files;
         bytes += entry.file_size();
     }
-    std::ofstream answer(std::filesystem::path(argv[0]).replace_extension(".var"));
+    std::ofstream answer(std::filesystem::path{argv[0]}.replace_extension(".var"));
     answer << "files = " << files << "\nbytes = " << bytes << "\n";
     return answer.flush() && !error ? 0 : 1;
 }

@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     }
     std::error_code error;
     const bool filled = std::filesystem::is_directory(argv[1], error) && !std::filesystem::is_empty(argv[1], error);
-    std::ofstream answer(std::filesystem::path(argv[0]).replace_extension(".var"));
+    std::ofstream answer(std::filesystem::path{argv[0]}.replace_extension(".var"));
     answer << "return = " << (filled && !error ? "true" : "false") << "\n";
     return answer.flush() ? 0 : 1;
 }

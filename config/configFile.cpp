@@ -1,0 +1,152 @@
+#include "config/configFile.h"
+
+#include <charconv>
+#include <memory>
+
+#include "config/clearDirectory.h"
+#include "platform/desktop.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/textFiles.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+Settings settings;
+
+namespace {
+
+/// The keys that set a text, with the one blank on each side of "=".
+struct Key {
+    std::string_view text;
+    std::string Settings::*setting;
+    bool leadingBackslashRule;
+};
+constexpr Key keys[] = {
+    {"librarypath = ", &Settings::libraryPath, true}, {"profilepath = ", &Settings::profilePath, true},
+    {"pluginpath = ", &Settings::pluginPath, true},   {"basicfunctionpath = ", &Settings::basicFunctionPath, true},
+    {"shellexec = ", &Settings::shellExec, false},
+};
+constexpr std::string_view clearKey = "clear = ";
+
+/// The texts that the last read set, in their order, so that reading an unchanged file again costs little.
+std::vector<std::pair<std::string Settings::*, std::string>> lastTexts;
+std::string lastExeDirectory;
+
+std::string withExeDirectory(std::string_view value) {
+    return (value.starts_with('\\') ? exeDirectory() : std::string()) + std::string(value);
+}
+
+void clearOnRequest(const std::string& directory) {
+    if (!settings.startingUp || directory.empty()) return;
+    const std::string question = "Do you really want to erase this directory : " + directory;
+    if (!settings.commandLine.empty() || desktop().askYesNo(question, "Erase ?")) clearDirectory(directory);
+}
+
+void takeSetting(std::string_view line) {
+    for (const auto& key : keys) {
+        if (!startsWithIgnoringCase(line, key.text)) continue;
+        const auto value = line.substr(key.text.size());
+        std::string text = key.leadingBackslashRule ? withExeDirectory(value) : std::string(value);
+        settings.*key.setting = text;
+        lastTexts.emplace_back(key.setting, std::move(text));
+        return;
+    }
+    if (startsWithIgnoringCase(line, clearKey)) clearOnRequest(withExeDirectory(line.substr(clearKey.size())));
+}
+
+void takeVariable(std::string_view line, std::string_view path, int number) {
+    const Assignment variable = splitAssignment(line);
+    const std::size_t row = globalVarRows();
+    if (!variable.hasEquals) throw RunTimeError(ErrorNumber::invalidCall, std::string(path), number);
+    if (row >= settings.globalVars.size()) {
+        throw RunTimeError(ErrorNumber::subscriptOutOfRange, std::string(path), number);
+    }
+    settings.globalVars[row] = {std::string(variable.name), replaceVar("exepath", exeDirectory(), variable.value)};
+    settings.globalVarCount = std::to_string(row + 1);
+}
+
+void readLines(const TextFile& file, std::string_view path) {
+    bool inConfig = false;
+    bool inVar = false;
+    int number = 0;
+    for (const auto& rawLine : file.lines) {
+        ++number;
+        const std::string line = replaceVar("exepath", exeDirectory(), rawLine);
+        if (line == "[/var]") inVar = false;
+        if (line == "[/config]") inConfig = false;
+        if (inConfig) takeSetting(line);
+        if (inVar && !line.empty()) takeVariable(line, path, number);
+        if (line == "[var]") inVar = true;
+        if (line == "[config]") inConfig = true;
+    }
+}
+
+/// The program directory in a path field, in lower case as the field, becomes "$exepath$".
+std::string storedPath(const std::string& field) {
+    return replaceAll(lowerCase(field), lowerCase(exeDirectory()), "$exepath$");
+}
+
+}  // namespace
+
+std::string configFilePath() {
+    return joinPath(programDirectory(), "Brasquelin.ini");
+}
+
+std::size_t globalVarRows() {
+    std::size_t rows = 0;
+    std::from_chars(settings.globalVarCount.data(), settings.globalVarCount.data() + settings.globalVarCount.size(),
+                    rows);
+    return rows;
+}
+
+void readConfig(std::string_view path) {
+    const auto file = readTextFile(path);
+    const bool unchanged = file == settings.readFrom && exeDirectory() == lastExeDirectory;
+    if (unchanged && !settings.startingUp) {
+        // The editor may have put its own file into a setting meanwhile.
+        for (const auto& [setting, text] : lastTexts) settings.*setting = text;
+        return;
+    }
+    settings.readFrom.reset();
+    settings.globalVarCount = std::string("0");
+    lastTexts.clear();
+    lastExeDirectory = exeDirectory();
+    readLines(*file, path);
+    settings.readFrom = file;
+}
+
+void writeConfig(std::string_view path, const ConfigFields& fields) {
+    std::vector<std::string> lines{"#Brasquelin Initialize",
+                                   "",
+                                   "[config]",
+                                   "",
+                                   "LibraryPath = " + storedPath(fields.libraryPath),
+                                   "ProfilePath = " + storedPath(fields.profilePath),
+                                   "PluginPath = " + storedPath(fields.pluginPath),
+                                   "BasicFunctionPath = " + storedPath(fields.basicFunctionPath),
+                                   "Clear = " + expandGlobals("$TempDir$"),
+                                   "",
+                                   "[/config]",
+                                   "",
+                                   "[var]",
+                                   ""};
+    lines.insert(lines.end(), fields.variables.begin(), fields.variables.end());
+    lines.insert(lines.end(), {"[/var]", ""});
+    saveFile(path, textFileBytes(lines));
+}
+
+void expandGlobals(ReferenceText& text) {
+    if (!text.mayRefer()) return;
+    const std::size_t rows = globalVarRows();
+    if (rows > settings.globalVars.size()) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
+    for (std::size_t i = 0; i < rows; ++i) text.replace(settings.globalVars[i].name, settings.globalVars[i].value);
+}
+
+std::string expandGlobals(std::string_view text) {
+    ReferenceText references{std::string(text)};
+    expandGlobals(references);
+    return references.take();
+}
+
+}  // namespace brasquelin

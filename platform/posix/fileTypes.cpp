@@ -1,0 +1,99 @@
+#include "platform/fileTypes.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "text/substitution.h"
+#include "text/text.h"
+
+extern char** environ;
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::string_view openCommandKey = "Brasquelin.Script\\shell\\open\\command";
+constexpr std::string_view mimeType = "application/x-brasquelin-script";
+
+/// A word of a desktop entry's Exec line.
+std::string quotedForExec(std::string_view word) {
+    std::string quoted = "\"";
+    for (const char c : word) {
+        if (c == '"' || c == '`' || c == '$' || c == '\\') quoted += "\\\\";  // escaped twice: as string and as word
+        if (c == '%') quoted += '%';
+        quoted += c;
+    }
+    return quoted + "\"";
+}
+
+std::string desktopEntry() {
+    return "[Desktop Entry]\nType=Application\nName=Brasquelin\nComment=Builds command lines and runs them as a batch\n"
+           "Exec=" +
+           quotedForExec(joinPath(exeDirectory(), "brasquelin")) +
+           " %f\nTerminal=false\nCategories=Utility;\nMimeType=" + std::string(mimeType) + ";\n";
+}
+
+std::string mimePackage(const std::vector<std::string>& extensions) {
+    std::string text =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+        "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n  <mime-type type=\"" +
+        std::string(mimeType) + "\">\n    <comment>Brasquelin profile or library</comment>\n";
+    for (const auto& extension : extensions) text += "    <glob pattern=\"*" + extension + "\"/>\n";
+    return text + "  </mime-type>\n</mime-info>\n";
+}
+
+/// True when the file did not have this text before.
+bool rewrite(const std::string& path, const std::string& text) {
+    std::filesystem::create_directories(dirOf(path));
+    const bool changed = !fileExists(path) || readFileBytes(path) != text;
+    writeFile(path, text);
+    return changed;
+}
+
+/// Starts a program and forgets it: the shell in between ends at once and its child has no parent to tell.
+void runInBackground(const std::string& program, const std::string& directory) {
+    std::string script = "command -v \"$0\" >/dev/null && \"$0\" \"$1\" </dev/null >/dev/null 2>&1 &";
+    std::string name = program;
+    std::string folder = directory;
+    char shell[] = "sh";
+    char option[] = "-c";
+    char* arguments[] = {shell, option, script.data(), name.data(), folder.data(), nullptr};
+    pid_t child = 0;
+    if (posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ) == 0) waitpid(child, nullptr, 0);
+}
+
+void writeAssociation() {
+    const std::string data = userDataDirectory();
+    if (data.empty() || exeDirectory().empty()) return;
+    const std::string applications = joinPath(data, "applications");
+    const std::string mime = joinPath(data, "mime");
+    if (rewrite(joinPath(mime, "packages/brasquelin.xml"), mimePackage({".bqs", ".bqp"}))) {
+        runInBackground("update-mime-database", mime);
+    }
+    if (rewrite(joinPath(applications, "brasquelin.desktop"), desktopEntry())) {
+        runInBackground("update-desktop-database", applications);
+    }
+}
+
+}  // namespace
+
+void setRegistryValue(RegistryHive /*hive*/, std::string_view keyPath, std::string_view valueName,
+                      std::uint32_t valueType, std::string_view /*value*/) noexcept {
+    // The open command is written last and completes the association.
+    if (keyPath != openCommandKey || !valueName.empty() || valueType != registryText) return;
+    try {
+        writeAssociation();
+    } catch (...) {  // a start without an association is a start all the same
+    }
+}
+
+}  // namespace brasquelin

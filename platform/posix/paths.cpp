@@ -1,0 +1,158 @@
+#include "platform/paths.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+
+#include "text/substitution.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+const char pathSeparator = '/';
+
+namespace {
+
+std::string directoryOverride;
+
+bool exists(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0;
+}
+
+std::string runningDirectory() {
+    char target[PATH_MAX];
+    const ssize_t length = readlink("/proc/self/exe", target, sizeof target);
+    return length > 0 ? dirOf(std::string_view(target, static_cast<std::size_t>(length))) : std::string(".");
+}
+
+/// The entry of `directory` that has this name in some letter case; the name itself when there is none.
+std::string entryInAnyCase(const std::string& directory, std::string_view name) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(directory.empty() ? "." : directory.c_str()), closedir);
+    std::string found;
+    while (listing) {
+        const dirent* entry = readdir(listing.get());
+        if (entry == nullptr) break;
+        // Of several, the first in order, so that the answer does not depend on the file system.
+        if (!equalIgnoringCase(entry->d_name, name)) continue;
+        if (found.empty() || std::string_view(entry->d_name) < found) found = entry->d_name;
+    }
+    return found.empty() ? std::string(name) : found;
+}
+
+std::string resolveByComponent(const std::string& path) {
+    std::string resolved = path.starts_with('/') ? "/" : "";
+    for (const auto component : split(path, "/")) {
+        if (component.empty()) continue;
+        if (!resolved.empty() && resolved.back() != '/') resolved += '/';
+        const std::string exact = resolved + std::string(component);
+        resolved = exists(exact) ? exact : resolved + entryInAnyCase(resolved, component);
+    }
+    return resolved;
+}
+
+}  // namespace
+
+std::string joinPath(std::string_view directory, std::string_view name) {
+    return std::string(directory) + pathSeparator + std::string(name);
+}
+
+const std::string& programDirectory() {
+    static const std::string running = runningDirectory();
+    return directoryOverride.empty() ? running : directoryOverride;
+}
+
+namespace {
+
+std::string& keptExeDirectory() {
+    static std::string directory = shortPath(programDirectory());
+    return directory;
+}
+
+}  // namespace
+
+void setProgramDirectory(std::string directory) {
+    directoryOverride = std::move(directory);
+    keptExeDirectory() = shortPath(programDirectory());
+}
+
+const std::string& exeDirectory() {
+    return keptExeDirectory();
+}
+
+std::string shortPath(std::string_view path) {
+    const std::string resolved = resolvePath(path);
+    if (resolved.empty() || !exists(resolved)) return {};
+    std::error_code error;
+    std::string absolute = std::filesystem::absolute(resolved, error).lexically_normal().string();
+    while (absolute.size() > 1 && absolute.back() == '/') absolute.pop_back();
+    return error ? std::string() : absolute;
+}
+
+std::string pathRelativeTo(std::string_view directory, std::string_view path) {
+    const bool absolute = path.starts_with('/') || path.starts_with('\\');
+    if (absolute || directory.empty()) return std::string(path);
+    return joinPath(directory, path);
+}
+
+std::string anchoredPath(std::string_view path) {
+    const bool relative = !path.starts_with('/') && !path.starts_with('\\');
+    if (!relative || path.find_first_of("\\/") == std::string_view::npos) return std::string(path);
+    std::string absolute = shortPath(path);
+    return absolute.empty() ? std::string(path) : absolute;
+}
+
+std::string resolvePath(std::string_view path) {
+    std::string slashed(path);
+    std::replace(slashed.begin(), slashed.end(), '\\', '/');
+    if (slashed.empty() || exists(slashed)) return slashed;
+    return resolveByComponent(slashed);
+}
+
+std::string resolveProgram(std::string_view path) {
+    constexpr std::string_view extension = ".exe";
+    std::string resolved = resolvePath(path);
+    if (exists(resolved)) return resolved;
+    if (!endsWithIgnoringCase(path, extension)) return {};
+    resolved = resolvePath(withoutLast(path, extension.size()));
+    return exists(resolved) ? resolved : std::string();
+}
+
+bool isFileSystemRoot(std::string_view path) {
+    const std::string resolved = shortPath(path);
+    return resolved == "/";
+}
+
+const std::vector<std::string>& programMarkers() {
+    static const std::vector<std::string> markers{"\\brasquelin.exe ", "/brasquelin.exe ", "/brasquelin "};
+    return markers;
+}
+
+std::string processCommandLine(int argc, const char* const* argv) {
+    std::string commandLine;
+    for (int i = 1; i < argc; ++i) commandLine.append(i > 1 ? " " : "").append(argv[i]);
+    return commandLine.substr(std::min(commandLine.find_first_not_of(' '), commandLine.size()));
+}
+
+bool displayAvailable() {
+    const auto isSet = [](const char* name) {
+        const char* value = std::getenv(name);
+        return value != nullptr && *value != '\0';
+    };
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
+}
+
+std::string userDataDirectory() {
+    const char* data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && *data == '/') return data;
+    const char* home = std::getenv("HOME");
+    return home != nullptr && *home == '/' ? std::string(home) + "/.local/share" : std::string();
+}
+
+}  // namespace brasquelin

@@ -1,0 +1,185 @@
+#include "vars/loadPrompt.h"
+
+#include <gtest/gtest.h>
+
+#include "support/programTest.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+namespace {
+
+class LoadPrompt : public ProgramTest {
+  protected:
+    using Lines = std::vector<std::string>;
+
+    static Lines variables() {
+        return {"[var]",
+                "title",
+                ".Type=Text",
+                ".Info=the title",
+                ".Default=untitled",
+                "color",
+                ".Type=List(red||green)",
+                ".Info=",
+                ".Default=2",
+                "speed",
+                ".Type=Comb(Fast[-f]||Slow[-s])",
+                ".Info=",
+                "input",
+                ".Type=PathOpen(Text|*.txt)",
+                ".Info=",
+                "log",
+                ".Type=DblSSave(Log|*.log)",
+                ".Info=",
+                ".Default=old",
+                "[/var]",
+                "[command]"};
+    }
+    void load(PromptKind kind, const Lines& presets = {}, bool named = false) {
+        Lines lines{"#Brasquelin Profile  My tool"};
+        for (auto& line : variables()) lines.push_back(line);
+        write("x.bqp", lines);
+        OpenOptions options;
+        options.presets = presets;
+        options.namedOnCommandLine = named;
+        options.confirmed = [this] { ++confirmed; };
+        options.runAtOnce = [this] { ++runAtOnce; };
+        if (kind == PromptKind::profile) {
+            loadProfile(folder() + "/x.bqp", options);
+        } else {
+            loadFunction(folder() + "/x.bqp", options);
+        }
+    }
+    static Lines values() { return {variableTables.values[1].begin(), variableTables.values[1].end()}; }
+    static PromptForm& form(PromptKind kind = PromptKind::profile) { return *currentPrompt(kind); }
+
+    int confirmed = 0;
+    int runAtOnce = 0;
+};
+
+TEST_F(LoadPrompt, RowsShowWhatTheirTypesNeed) {
+    load(PromptKind::profile);
+    EXPECT_EQ(windowCalls(), Lines{"show frmVarProfile modal"});
+    EXPECT_EQ(form().title, "_My_tool");
+    const auto& rows = form().rows;
+    ASSERT_EQ(rows.size(), 5U);
+    EXPECT_EQ(rows[0].label + rows[0].text, "title=untitled");
+    EXPECT_EQ(rows[1].choices, (Lines{"", "red", "green"}));
+    EXPECT_EQ(rows[1].selected, 2);
+    EXPECT_EQ(rows[2].selected, -1);
+    EXPECT_EQ(rows[3].dialogFilter, "Text|*.txt");
+    EXPECT_EQ(rows[3].dialogMode, "open");
+    EXPECT_TRUE(rows[4].doubledBackslashes);
+    EXPECT_TRUE(rows[4].showsPath());
+}
+
+TEST_F(LoadPrompt, RowsStandBelowEachOtherWithTheirOwnGaps) {
+    load(PromptKind::profile, {}, true);
+    EXPECT_EQ(windowCalls(), Lines{"show frmVarProfile"});
+    const auto& last = form().rows[4].place;
+    EXPECT_EQ(last.varName.top, 70 + 4 * 380);
+    EXPECT_EQ(last.textType.top, 30 + 4 * 385);
+    EXPECT_EQ(last.getPath.top, 30 + 4 * 385);
+    EXPECT_EQ(last.listType.top, 30 + 4 * 380);
+    EXPECT_EQ(last.graph1.top, 4 * 382);
+    EXPECT_EQ(form().cmdOK.top, 4 * 382 + 380);
+    EXPECT_EQ(form().height, 380 * 7);
+}
+
+TEST_F(LoadPrompt, OkStoresEveryRow) {
+    load(PromptKind::profile);
+    auto& rows = form().rows;
+    rows[0].text = "a=b";
+    rows[2].select("1");
+    confirmPrompt(form());
+    EXPECT_EQ(values(), (Lines{"title=a=b", "color=green", "speed=-f", "input=", "log=old"}));
+    EXPECT_EQ(confirmed, 1);
+}
+
+TEST_F(LoadPrompt, PresetsConfirmUnseenAlsoWhenTheyCoverOnlySomeRows) {
+    load(PromptKind::profile, {"T", "", "2", "/in", "C:\\x", "beyond", "the last row"});
+    EXPECT_EQ(values(), (Lines{"title=T", "color=", "speed=-s", "input=/in", "log=C:\\\\x"}));
+    load(PromptKind::profile, {"only"});
+    EXPECT_EQ(values(), (Lines{"title=only", "color=green", "speed=", "input=", "log=old"}));
+    EXPECT_EQ(confirmed, 2);
+    load(PromptKind::function, {"T", "1", "1", "/in", "C:\\x"});
+    EXPECT_EQ(functionArguments(), (Lines{"title=T", "color=red", "speed=-f", "input=/in", "log=old"}));
+}
+
+TEST_F(LoadPrompt, AskLeavesTheRowToTheUser) {
+    load(PromptKind::profile, {"T", "#Ask#"});
+    EXPECT_EQ(windowCalls(), Lines{"show frmVarProfile modal"});
+    EXPECT_EQ(confirmed, 0);
+    EXPECT_TRUE(form().rows[1].askUser);
+    EXPECT_EQ(form().rows[1].selected, 2);
+    EXPECT_FALSE(form().rows[0].backdropVisible);
+    EXPECT_TRUE(form().rows[1].backdropVisible);
+}
+
+TEST_F(LoadPrompt, BadNumbersOfChoicesAreErrors) {
+    EXPECT_EQ(errorOf([&] { load(PromptKind::profile, {"T", "red"}); }), ErrorNumber::typeMismatch);
+    EXPECT_EQ(errorOf([&] { load(PromptKind::profile, {"T", "3"}); }), ErrorNumber::subscriptOutOfRange);
+    EXPECT_EQ(confirmed, 0);
+}
+
+TEST_F(LoadPrompt, PopAsksOnceAndRemembers) {
+    answerText("typed");
+    load(PromptKind::profile, {"#pop:Key"});
+    load(PromptKind::profile, {"#POP:Key"});
+    EXPECT_EQ(values()[0], "title=typed");
+    EXPECT_EQ(read("pop.tmp"), "Key=typed\r\n");
+    answerText("other");
+    load(PromptKind::profile, {"#pop:key", "#pop:list"});
+    EXPECT_EQ(values()[0], "title=other");
+    EXPECT_EQ(values()[1], "color=green");
+    EXPECT_EQ(read("pop.tmp"), "key=other\r\nKey=typed\r\n");
+    EXPECT_EQ(exitStatusOf([&] { load(PromptKind::profile, {"#pop#"}); }), 0);  // cancelled
+}
+
+TEST_F(LoadPrompt, PopOpensTheFileDialogOfAPath) {
+    write("in.txt", {"x"});
+    answerFile(folder() + "/in.txt");
+    load(PromptKind::profile, {"T", "0", "0", "#pop:in"});
+    EXPECT_EQ(values()[3], "input=" + folder() + "/in.txt");
+    EXPECT_EQ(read("pop.tmp"), "in=" + folder() + "/in.txt\r\n");
+    answerFile("");
+    load(PromptKind::profile, {"T", "0", "0", "0", "#pop:log"});
+    EXPECT_EQ(values()[4], "log=old");
+    EXPECT_EQ(read("pop.tmp"), "in=" + folder() + "/in.txt\r\n");
+}
+
+TEST_F(LoadPrompt, FilesThatCannotBeOpenedEndTheProgram) {
+    const std::string none = folder() + "/none.bqp";
+    EXPECT_EQ(exitStatusOf([&] { loadProfile(none, {}); }), 1);
+    write("short.bqp", {"#Brasquelin Profile 1"});
+    write("long.bqs", {"#Brasquelin Library  "});
+    EXPECT_EQ(exitStatusOf([&] { loadProfile(folder() + "/short.bqp", {}); }), 1);
+    EXPECT_EQ(exitStatusOf([&] { loadFunction(folder() + "/long.bqs", {}); }), 1);
+    EXPECT_EQ(messages(), (Lines{"Brasquelin: '" + none + "'\r\nError: unknown file",
+                                 "Brasquelin Error: Error while loading '" + folder() + "/short.bqp' line 1",
+                                 "Brasquelin Error: Error while loading '" + folder() + "/long.bqs' line 1"}));
+}
+
+TEST_F(LoadPrompt, WithoutVariablesAProfileRunsAtOnceAndALibraryIsShown) {
+    write("none.bqp", {"#Brasquelin Profile None here"});
+    OpenOptions options;
+    options.confirmed = [this] { ++confirmed; };
+    options.runAtOnce = [this] { ++runAtOnce; };
+    loadProfile(folder() + "/none.bqp", options);
+    EXPECT_EQ(runAtOnce, 1);
+    loadFunction(folder() + "/none.bqp", options);
+    EXPECT_EQ(windowCalls(), Lines{"show frmVarFunction modal"});
+    options.replaying = true;
+    loadFunction(folder() + "/none.bqp", options);
+    EXPECT_EQ(confirmed, 1);
+}
+
+TEST_F(LoadPrompt, ClosingThePromptOfTheNamedFileEndsTheProgram) {
+    load(PromptKind::profile, {}, true);
+    EXPECT_EQ(exitStatusOf([&] { promptClosed(form()); }), 0);
+    load(PromptKind::profile);
+    EXPECT_NO_THROW(promptClosed(form()));
+}
+
+}  // namespace
+}  // namespace brasquelin

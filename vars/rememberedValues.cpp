@@ -1,0 +1,42 @@
+#include "vars/rememberedValues.h"
+
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/textFiles.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::size_t keptEntries = 51;
+
+std::string memoryPath() {
+    return joinPath(programDirectory(), "pop.tmp");
+}
+
+std::vector<std::string> rememberedLines() {
+    const std::string path = memoryPath();
+    return fileExists(path) ? readTextFile(path)->lines : std::vector<std::string>();
+}
+
+}  // namespace
+
+std::optional<std::string> recallValue(std::string_view key) {
+    for (const auto& line : rememberedLines()) {
+        const Assignment entry = splitAssignment(line);
+        if (entry.hasEquals && entry.name == key) return std::string(entry.value);
+    }
+    return std::nullopt;
+}
+
+void rememberValue(std::string_view key, std::string_view value) {
+    std::vector<std::string> lines = rememberedLines();
+    lines.insert(lines.begin(), std::string(key) + "=" + std::string(value));
+    if (lines.size() > keptEntries) lines.resize(keptEntries);
+    saveFile(memoryPath(), textFileBytes(lines));
+}
+
+}  // namespace brasquelin
