@@ -1,5 +1,6 @@
 #include "platform/textFiles.h"
 
+#include <chrono>
 #include <unordered_map>
 
 #include "platform/codePages.h"
@@ -10,10 +11,16 @@ namespace brasquelin {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 struct Kept {
     FileStamp stamp;
     std::shared_ptr<const TextFile> file;
+    Clock::time_point checked;
 };
+
+/// A file whose stamp was looked at a moment ago is taken as unchanged: a loop reads the same library a million times.
+constexpr auto moment = std::chrono::milliseconds(10);
 
 struct TextHash {
     using is_transparent = void;
@@ -42,15 +49,21 @@ bool isAbsolute(std::string_view path) {
 void keep(std::string_view path, const FileStamp& stamp, const std::shared_ptr<const TextFile>& file) {
     if (cache.files.size() >= mostFiles || cache.bytes + stamp.size > mostBytes) cache.clear();
     cache.bytes += stamp.size;
-    cache.files[std::string(path)] = {stamp, file};
+    cache.files[std::string(path)] = {stamp, file, Clock::now()};
 }
 
 }  // namespace
 
 std::shared_ptr<const TextFile> readTextFile(std::string_view path) {
-    const auto stamp = fileStamp(path);
     const auto known = cache.files.find(path);
-    if (known != cache.files.end() && stamp && known->second.stamp == *stamp) return known->second.file;
+    const bool isKnown = known != cache.files.end();
+    const auto now = isKnown ? Clock::now() : Clock::time_point();
+    if (isKnown && now - known->second.checked < moment) return known->second.file;
+    const auto stamp = fileStamp(path);
+    if (isKnown && stamp && known->second.stamp == *stamp) {
+        known->second.checked = now;
+        return known->second.file;
+    }
     auto file = std::make_shared<const TextFile>(TextFile{splitLines(decodeFile(readFileBytes(path)))});
     if (stamp && isAbsolute(path)) keep(path, *stamp, file);
     return file;
