@@ -51,6 +51,22 @@ std::optional<std::size_t> FrmJobList::selectedLine() const {
     return static_cast<std::size_t>(selected);
 }
 
+void FrmJobList::selectLineAt(const wxPoint& place) {
+    int flags = 0;
+    const long item = HitTest(place, flags);
+    if (item == wxNOT_FOUND) return;
+    Select(item);
+    Focus(item);
+}
+
+wxPoint FrmJobList::placeOfSelection() const {
+    wxRect line;
+    const long selected = GetFirstSelected();
+    if (selected < 0 || !GetItemRect(selected, line)) return {};
+    const int height = GetClientSize().y;
+    return wxPoint(0, std::clamp(line.GetBottom(), 0, height));
+}
+
 void FrmJobList::copySelected() {
     if (const auto line = selectedLine()) desktop().copyToClipboard(jobList.line(*line));
 }

@@ -17,6 +17,11 @@ class FrmJobList : public wxListView {
 
     std::optional<std::size_t> selectedLine() const;
 
+    /// Selects the line at a place in the control; a place without one changes nothing.
+    void selectLineAt(const wxPoint& place);
+    /// Where a menu for the selected line is to open.
+    wxPoint placeOfSelection() const;
+
   protected:
     wxString OnGetItemText(long item, long column) const override;
 

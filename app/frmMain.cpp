@@ -21,6 +21,7 @@ namespace brasquelin {
 namespace {
 
 constexpr int firstCommandId = wxID_HIGHEST + 1;
+constexpr int side = 32;  // of a toolbar picture
 
 int idOf(const MainCommand& command) {
     return firstCommandId + static_cast<int>(&command - mainCommands().data());
@@ -75,7 +76,7 @@ FrmMain::FrmMain()
     JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
 
     SetMinSize(FromDIP(wxSize(420, 260)));
-    SetSize(FromDIP(wxSize(860, 520)));
+    SetSize(FromDIP(wxSize(1060, 560)));
     placeOnScreen(*this);
     JobList_->SetFocus();
 }
@@ -96,7 +97,6 @@ void FrmMain::makeMenu() {
 }
 
 void FrmMain::makeToolbar() {
-    constexpr int side = 24;
     auto* toolbar = CreateToolBar(wxTB_HORIZONTAL | wxTB_TEXT | wxTB_FLAT, wxID_ANY, "Toolbar1");
     toolbar->SetToolBitmapSize(wxSize(side, side));
     const wxBitmapBundle empty = wxBitmapBundle::FromBitmap(wxBitmap(side, side));
@@ -108,7 +108,6 @@ void FrmMain::makeToolbar() {
 }
 
 void FrmMain::prepareToolbar() {
-    constexpr int side = 24;
     for (const auto& command : mainCommands()) {
         const auto which = pictures[static_cast<std::size_t>(idOf(command) - firstCommandId)];
         GetToolBar()->SetToolNormalBitmap(idOf(command), picture(which, side));
@@ -126,7 +125,9 @@ void FrmMain::showMenu(wxContextMenuEvent& event) {
     wxMenu mnuPrincipal;
     appendCommands(mnuPrincipal);
     const bool byKey = event.GetPosition() == wxDefaultPosition;
-    popUpMenu(*JobList_, mnuPrincipal, byKey ? wxPoint(0, 0) : JobList_->ScreenToClient(event.GetPosition()));
+    const wxPoint place = byKey ? JobList_->placeOfSelection() : JobList_->ScreenToClient(event.GetPosition());
+    if (!byKey) JobList_->selectLineAt(place);
+    popUpMenu(*JobList_, mnuPrincipal, place);
 }
 
 void FrmMain::closing(wxCloseEvent& /*event*/) {

@@ -23,6 +23,9 @@ void useFace(wxButton& button, const char* face, bool heavy) {
     button.SetFont(heavy && !found ? button.GetFont().Bold() : font);
 }
 
+constexpr int gapX = 5;  // between the backdrops, in twips
+constexpr int gapY = 7;
+
 int heightForWindows(const wxWindow& window) {
     const int screen = std::max(wxDisplay::GetFromWindow(&window), 0);
     const int border = borderSizes.vertical < 9999 ? borderSizes.vertical : 0;
@@ -119,14 +122,16 @@ void FrmVarForm::paintBackdrops(wxPaintEvent& /*event*/) {
     rowsArea_->DoPrepareDC(canvas);
     canvas.SetPen(*wxTRANSPARENT_PEN);
     canvas.SetBrush(wxBrush(backdropColour(*rowsArea_)));
+    // A line of at least one pixel stays free between neighbours.
+    const auto fill = [&](const Box& box, int extra) {
+        const wxPoint corner(scale_.x(box.left), scale_.y(box.top));
+        const wxPoint next(scale_.x(box.left + box.width + gapX) + extra, scale_.y(box.bottom() + gapY));
+        canvas.DrawRectangle(corner.x, corner.y, next.x - corner.x - 1, next.y - corner.y - 1);
+    };
     for (const auto& row : form_->rows) {
         if (!row.backdropVisible) continue;
-        const Box& left = row.place.graph1;
-        const Box& right = row.place.graph2;
-        wxRect value = scale_.rect(right.left, right.top, right.width, right.height);
-        value.width += extraWidth();
-        canvas.DrawRectangle(scale_.rect(left.left, left.top, left.width, left.height));
-        canvas.DrawRectangle(value);
+        fill(row.place.graph1, 0);
+        fill(row.place.graph2, extraWidth() + 1);
     }
 }
 

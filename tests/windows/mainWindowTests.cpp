@@ -1,0 +1,193 @@
+#include <wx/frame.h>
+#include <wx/hyperlink.h>
+#include <wx/menu.h>
+#include <wx/toolbar.h>
+
+#include "app/frmJobList.h"
+#include "app/jobList.h"
+#include "app/mainCommands.h"
+#include "app/openFile.h"
+#include "platform/wx/popUpMenu.h"
+#include "platform/wx/wxText.h"
+#include "windows/windowTest.h"
+
+namespace brasquelin {
+namespace {
+
+using MainWindow = WindowTest;
+
+const std::vector<std::string> commandCaptions{
+    "Add Library", "Add Profile",    "-",       "Clear JobList", "-", "Execute this line", "Execute Joblist",
+    "-",           "Profile Editor", "Options", "About"};
+
+std::vector<std::string> captionsOf(const wxMenu& menu) {
+    std::vector<std::string> captions;
+    for (const auto* item : menu.GetMenuItems()) {
+        captions.push_back(item->IsSeparator() ? "-" : fromWx(item->GetItemLabelText()));
+    }
+    return captions;
+}
+
+void rightClick(FrmJobList& list) {
+    wxContextMenuEvent event(wxEVT_CONTEXT_MENU, list.GetId(), list.ClientToScreen(wxPoint(5, 5)));
+    event.SetEventObject(&list);
+    list.HandleWindowEvent(event);
+}
+
+/// Chooses from the pop-up menu as the user would.
+void choosePopUp(const std::string& caption) {
+    setMenuPresenter([caption](wxWindow& window, wxMenu& menu, const wxPoint&) {
+        wxCommandEvent event(wxEVT_MENU, menu.FindItem(toWx(caption)));
+        window.HandleWindowEvent(event);
+    });
+}
+
+TEST_F(MainWindow, OffersItsCommandsInTheMenuThePopUpMenuAndTheToolbar) {
+    wxFrame& frame = start();
+    EXPECT_EQ("Brasquelin", frame.GetTitle());
+    auto inBar = captionsOf(*frame.GetMenuBar()->GetMenu(0));
+    ASSERT_GE(inBar.size(), commandCaptions.size());
+    inBar.resize(commandCaptions.size());
+    EXPECT_EQ(commandCaptions, inBar);
+
+    std::vector<std::string> popUp;
+    setMenuPresenter([&](wxWindow&, wxMenu& menu, const wxPoint&) { popUp = captionsOf(menu); });
+    rightClick(control<FrmJobList>(frame, "JobList"));
+    EXPECT_EQ(commandCaptions, popUp);
+
+    auto& toolbar = control<wxToolBar>(frame, "Toolbar1");
+    std::vector<std::string> tools;
+    for (std::size_t i = 0; i < toolbar.GetToolsCount(); ++i) {
+        const auto* tool = toolbar.GetToolByPos(static_cast<int>(i));
+        tools.push_back(tool->IsSeparator() ? "-" : fromWx(tool->GetLabel()));
+    }
+    EXPECT_EQ((std::vector<std::string>{"Add Library", "Add Profile", "-", "Clear Joblist", "-", "Execute Line",
+                                        "Execute Joblist", "-", "Profile Editor", "Options", "About"}),
+              tools);
+}
+
+TEST_F(MainWindow, EachPlaceOpensTheSameWindows) {
+    wxFrame& frame = start();
+    const auto closeIt = [](wxDialog& window) { window.Close(); };
+    for (const char* caption : {"Add Library", "Add Profile", "Options", "About"}) {
+        next(closeIt);
+        chooseFromMenu(frame, caption);
+        next(closeIt);
+        clickTool(frame, caption);
+        next(closeIt);
+        choosePopUp(caption);
+        rightClick(control<FrmJobList>(frame, "JobList"));
+    }
+    const std::vector<std::string> windowOf{"frmAddFunction", "frmAddProfile", "frmOption", "frmAbout"};
+    ASSERT_EQ(12U, modals.shown.size());
+    for (std::size_t i = 0; i < 12; ++i) EXPECT_EQ(windowOf[i / 3], modals.shown[i]);
+}
+
+TEST_F(MainWindow, TheToolbarKeyIsComparedExactly) {
+    start();
+    jobList.append("stays");
+    runMainCommand("Clear Joblist", {});
+    EXPECT_EQ(1U, jobList.size());
+    runMainCommand("clear joblist", {});
+    EXPECT_TRUE(jobList.empty());
+}
+
+TEST_F(MainWindow, ShowsTheJobListAndClearsIt) {
+    wxFrame& frame = start();
+    auto& list = control<FrmJobList>(frame, "JobList");
+    jobList.append("short");
+    jobList.append(std::string(400, 'w'));
+    pump();
+    EXPECT_EQ(2, list.GetItemCount());
+    EXPECT_EQ("short", list.GetItemText(0));
+    EXPECT_GE(list.GetColumnWidth(0), list.GetTextExtent(wxString('w', 400)).x);
+    list.Select(1);
+    clickTool(frame, "Clear Joblist");
+    EXPECT_EQ(0, list.GetItemCount());
+    EXPECT_EQ(list.GetClientSize().x, list.GetColumnWidth(0));
+    EXPECT_FALSE(list.selectedLine());
+}
+
+TEST_F(MainWindow, ShowsAMillionLines) {
+    wxFrame& frame = start();
+    for (int i = 0; i < 1'000'000; ++i) jobList.append("line " + std::to_string(i));
+    pump();
+    auto& list = control<FrmJobList>(frame, "JobList");
+    EXPECT_EQ(1'000'000, list.GetItemCount());
+    EXPECT_EQ("line 999999", list.GetItemText(999'999));
+}
+
+TEST_F(MainWindow, RightButtonSelectsTheLineUnderThePointer) {
+    wxFrame& frame = start();
+    auto& list = control<FrmJobList>(frame, "JobList");
+    jobList.append("echo a");
+    pump();
+    choosePopUp("Execute this line");
+    rightClick(list);
+    EXPECT_EQ(std::vector<std::string>{"echo a"}, processes.commands);
+}
+
+TEST_F(MainWindow, ExecutingALineThatIsNotSelectedIsOnlyAMessage) {
+    wxFrame& frame = start();
+    jobList.append("echo a");
+    pump();
+    clickTool(frame, "Execute Line");
+    EXPECT_EQ(std::vector<std::string>{"Brasquelin Error: Error 5 : Invalid procedure call or argument"},
+              modals.messages);
+    EXPECT_TRUE(frame.IsShown());
+}
+
+TEST_F(MainWindow, ExecutingTheJobListWritesStartsAndEnds) {
+    wxFrame& frame = start();
+    EXPECT_EQ(std::nullopt, endOf([&] { clickTool(frame, "Execute Joblist"); }));
+    EXPECT_EQ(std::vector<std::string>{"Error: Joblist empty !"}, modals.messages);
+
+    jobList.append("echo one");
+    EXPECT_EQ(0, endOf([&] { clickTool(frame, "Execute Joblist"); }));
+    EXPECT_EQ("echo one\r\n", readFile("brasquelin.bat"));
+    EXPECT_EQ(1U, processes.commands.size());
+}
+
+TEST_F(MainWindow, CommandsRestWhileAFileIsRun) {
+    wxFrame& frame = start();
+    opening.running = true;
+    clickTool(frame, "Add Profile");
+    EXPECT_TRUE(modals.shown.empty());
+    opening.running = false;
+}
+
+TEST_F(MainWindow, ClosingEndsTheProgramUnlessTheEditorIsVisible) {
+    wxFrame* frame = &start();
+    EXPECT_EQ(0, endOf([&] { frame->Close(); }));
+
+    windows.registerWindow("frmCreateProfile", [] {
+        return new wxFrame(nullptr, wxID_ANY, "editor", {}, {}, wxDEFAULT_FRAME_STYLE, "frmCreateProfile");
+    });
+    childProcessId = 17;
+    EXPECT_EQ(std::nullopt, endOf([&] { clickTool(*frame, "Profile Editor"); }));
+    EXPECT_TRUE(windows.isVisible("frmCreateProfile"));
+    EXPECT_EQ(nullptr, loadedWindow("frmMain"));
+    EXPECT_EQ(std::vector<std::uint32_t>{17}, processes.terminated);
+
+    windows.showWindow("frmMain", false);
+    EXPECT_TRUE(windows.isVisible("frmMain"));
+}
+
+TEST_F(MainWindow, AboutOpensItsLinks) {
+    wxFrame& frame = start();
+    next([](wxDialog& about) {
+        for (const char* name : {"webPage", "mailAddress"}) {
+            auto& link = control<wxHyperlinkCtrl>(about, name);
+            wxHyperlinkEvent event(&link, link.GetId(), link.GetURL());
+            link.HandleWindowEvent(event);
+        }
+        click(about, "cmdClose");
+    });
+    clickTool(frame, "About");
+    ASSERT_EQ(2U, windows.links.size());
+    EXPECT_EQ(0U, windows.links[0].find("https://"));
+    EXPECT_EQ(0U, windows.links[1].find("mailto:"));
+}
+
+}  // namespace
+}  // namespace brasquelin

@@ -1,0 +1,234 @@
+#include "windows/windowTest.h"
+
+#include <wx/app.h>
+#include <wx/button.h>
+#include <wx/combobox.h>
+#include <wx/evtloop.h>
+#include <wx/frame.h>
+#include <wx/listbox.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/textctrl.h>
+#include <wx/textdlg.h>
+#include <wx/toolbar.h>
+
+#include <atomic>
+#include <fstream>
+#include <sstream>
+
+#include "app/frmMain.h"
+#include "app/registerWindows.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/textFiles.h"
+#include "platform/wx/application.h"
+#include "platform/wx/popUpMenu.h"
+#include "platform/wx/programDialog.h"
+#include "platform/wx/wxText.h"
+#include "text/runTimeError.h"
+
+namespace brasquelin {
+
+namespace {
+
+std::string withCrLf(const std::string& text) {
+    std::string lines;
+    for (const char character : text) {
+        if (character == '\n') lines += '\r';
+        lines += character;
+    }
+    return lines;
+}
+
+std::filesystem::path newDirectory() {
+    static std::atomic<int> counter{0};
+    const auto base = std::filesystem::canonical(std::filesystem::temp_directory_path());
+    const auto unique = "brasquelin-windows-" + std::to_string(wxGetProcessId()) + "-" + std::to_string(++counter);
+    std::filesystem::create_directories(base / unique);
+    return base / unique;
+}
+
+void useDataDirectory(const std::string& directory) {
+    wxSetEnv("HOME", toWx(directory));
+    wxSetEnv("XDG_DATA_HOME", toWx(directory));
+}
+
+void send(wxWindow& target, wxEventType type, int id) {
+    wxCommandEvent event(type, id);
+    event.SetEventObject(&target);
+    target.HandleWindowEvent(event);
+}
+
+}  // namespace
+
+std::string TestDesktop::askFile(const FileDialogRequest& request) {
+    fileRequests.push_back(request);
+    if (fileAnswers.empty()) return {};
+    std::string answer = fileAnswers.front();
+    fileAnswers.pop_front();
+    return answer;
+}
+
+std::uint32_t WindowTestProcesses::start(std::string_view command, WindowStyle style) {
+    if (command.empty()) throw RunTimeError(ErrorNumber::invalidCall);
+    return FakeProcessTable::start(command, style);
+}
+
+int ModalScript::answerQuestion(wxDialog& dialog) {
+    auto* box = dynamic_cast<wxTextEntryDialog*>(&dialog);
+    if (!box) return wxID_NONE;
+    textQuestions.push_back(fromWx(box->GetTitle()) + " / " + fromWx(box->GetValue()));
+    if (textAnswers.empty()) return wxID_CANCEL;
+    const auto answer = textAnswers.front();
+    textAnswers.pop_front();
+    if (answer) box->SetValue(toWx(*answer));
+    return answer ? wxID_OK : wxID_CANCEL;
+}
+
+int ModalScript::Enter(wxDialog* dialog) {
+    if (const auto* box = dynamic_cast<wxMessageDialog*>(dialog)) {
+        messages.push_back(fromWx(box->GetCaption()) + ": " + fromWx(box->GetMessage()));
+        return wxID_OK;
+    }
+    if (const int answer = answerQuestion(*dialog); answer != wxID_NONE) return answer;
+    const std::string name = fromWx(dialog->GetName());
+    shown.push_back(name);
+    if (name == "frmWait") return wxID_NONE;  // ends by its own timer
+    if (steps.empty()) {
+        ADD_FAILURE() << name << " was not expected";
+        return wxID_CANCEL;
+    }
+    wxTheApp->CallAfter([dialog, name, step = steps.front()] {
+        step(*dialog);
+        if (!dialog->IsModal()) return;
+        ADD_FAILURE() << name << " was left open";
+        dialog->EndModal(wxID_CANCEL);
+    });
+    steps.pop_front();
+    return wxID_NONE;
+}
+
+WindowTest::WindowTest() : directory_(newDirectory()) {
+    useDataDirectory((directory_ / "data").string());
+    setProgramDirectory(directory_.string());
+    setDesktop(windows);
+    setProcessTable(&processes);
+    setClock(&clock);
+    childProcessId = 0;
+    registerWindows(windows);
+    for (const char* folder : {"profiles", "libraries", "data"}) std::filesystem::create_directory(directory_ / folder);
+    writeFile("functions.ini", "");
+    writeFile("Brasquelin.ini",
+              "[config]\nlibrarypath=$exepath$/libraries\nprofilepath=$exepath$/profiles\nbasicfunctionpath=$exepath$/"
+              "functions.ini\n[/config]\n");
+    modals.Register();
+}
+
+WindowTest::~WindowTest() {
+    EXPECT_TRUE(modals.steps.empty()) << "a modal window was not shown";
+    modals.Unregister();
+    setMenuPresenter({});
+    while (!wxTopLevelWindows.empty()) delete wxTopLevelWindows.GetFirst()->GetData();
+    setProcessTable(nullptr);
+    setClock(nullptr);
+    forgetTextFiles();
+    changeDirectory(std::filesystem::temp_directory_path().string());
+    std::filesystem::remove_all(directory_);
+}
+
+std::string WindowTest::inDirectory(const std::string& name) const {
+    return joinPath(programDirectory(), name);
+}
+
+std::string WindowTest::writeFile(const std::string& name, const std::string& text) {
+    std::ofstream(directory_ / name, std::ios::binary) << withCrLf(text);
+    forgetTextFiles();
+    return inDirectory(name);
+}
+
+std::string WindowTest::readFile(const std::string& name) {
+    std::ostringstream text;
+    text << std::ifstream(directory_ / name, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+std::string WindowTest::writeProfile(const std::string& file, const std::string& title, const std::string& variables,
+                                     const std::string& lines) {
+    return writeFile(file, "#Brasquelin Profile " + title + "\n[var]\n" + variables + "[/var]\n[profile]\n" + lines +
+                               "[/profile]\n");
+}
+
+wxFrame& WindowTest::start(const std::string& commandLine) {
+    startWithMainWindow(commandLine);
+    pump();
+    return dynamic_cast<wxFrame&>(*loadedWindow("frmMain"));
+}
+
+std::optional<int> WindowTest::endOf(const std::function<void()>& action) {
+    try {
+        action();
+        pump();
+        return std::nullopt;
+    } catch (const EndProgram& end) {
+        return end.exitStatus();
+    }
+}
+
+void pump() {
+    rethrowFromEvents();
+    for (int round = 0; round < 5; ++round) wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+}
+
+wxWindow* findControl(wxWindow& window, const std::string& name) {
+    return wxWindow::FindWindowByName(toWx(name), &window);
+}
+
+void click(wxWindow& window, const std::string& button) {
+    auto& found = control<wxButton>(window, button);
+    if (found.IsThisEnabled()) send(found, wxEVT_BUTTON, found.GetId());
+}
+
+void type(wxWindow& window, const std::string& box, const std::string& text) {
+    control<wxTextCtrl>(window, box).SetValue(toWx(text));
+}
+
+void choose(wxWindow& window, const std::string& list, int position) {
+    auto* found = findControl(window, list);
+    if (auto* dropDown = dynamic_cast<wxComboBox*>(found)) {
+        dropDown->SetSelection(position);
+        send(*dropDown, wxEVT_COMBOBOX, dropDown->GetId());
+    } else {
+        auto& box = control<wxListBox>(window, list);
+        box.SetSelection(position);
+        send(box, wxEVT_LISTBOX, box.GetId());
+    }
+}
+
+void doubleClick(wxWindow& window, const std::string& list) {
+    auto& box = control<wxListBox>(window, list);
+    send(box, wxEVT_LISTBOX_DCLICK, box.GetId());
+}
+
+void pressKey(wxWindow& target, int keyCode) {
+    for (const auto type : {wxEVT_CHAR_HOOK, wxEVT_KEY_DOWN}) {
+        wxKeyEvent event(type);
+        event.m_keyCode = keyCode;
+        event.SetEventObject(&target);
+        if (target.HandleWindowEvent(event)) return;
+    }
+}
+
+void chooseFromMenu(wxFrame& frame, const std::string& caption) {
+    const wxMenu& menu = *frame.GetMenuBar()->GetMenu(0);
+    send(frame, wxEVT_MENU, menu.FindItem(toWx(caption)));
+}
+
+void clickTool(wxFrame& frame, const std::string& caption) {
+    auto& toolbar = *frame.GetToolBar();
+    for (std::size_t i = 0; i < toolbar.GetToolsCount(); ++i) {
+        const auto* tool = toolbar.GetToolByPos(static_cast<int>(i));
+        if (tool->GetLabel() == toWx(caption)) send(toolbar, wxEVT_TOOL, tool->GetId());
+    }
+}
+
+}  // namespace brasquelin
