@@ -1,0 +1,54 @@
+#include "app/commandLine.h"
+
+#include <gtest/gtest.h>
+
+#include "support/programTest.h"
+
+namespace brasquelin {
+namespace {
+
+using Values = std::vector<std::string>;
+
+TEST(CommandLine, PresetsAreNumberedInOrder) {
+    EXPECT_EQ(parsePresets("x.bqp 001=one two 002=three"), (Values{"one two", "three"}));
+    EXPECT_EQ(parsePresets("x.bqp 001=a 003=c"), Values{"a 003=c"});
+    EXPECT_EQ(parsePresets("x.bqp 001=a=b 002= 003="), (Values{"a=b", "", ""}));
+    EXPECT_EQ(parsePresets("x.bqp 001=002=b"), (Values{"", "b"}));
+    EXPECT_EQ(parsePresets("x.bqp 001=é002=b"), (Values{"", "b"}));  // the character before a key is dropped
+    EXPECT_EQ(parsePresets("x.bqp 001=a 002=tell 001=b"), (Values{"a", "tell 001=b"}));
+    EXPECT_EQ(parsePresets("x.bqp001=a"), Values{});
+}
+
+TEST(CommandLine, AThousandthPresetIsPartOfTheLastOne) {
+    std::string line = "x.bqp";
+    char key[16];
+    for (int i = 1; i <= 999; ++i) {
+        std::snprintf(key, sizeof key, " %03d=v", i);
+        line += key;
+    }
+    const auto presets = parsePresets(line + " 1000=w");
+    ASSERT_EQ(presets.size(), 999U);
+    EXPECT_EQ(presets.back(), "v 1000=w");
+}
+
+TEST(CommandLine, ListModeNeedsTheBlank) {
+    EXPECT_TRUE(isListMode("-F list.txt"));
+    EXPECT_FALSE(isListMode("-flist.txt"));
+    EXPECT_EQ(listFilePath("-f  a b.txt"), " a b.txt");
+}
+
+TEST(CommandLine, TheProgramsPathEndsAtItsMarker) {
+    EXPECT_EQ(argumentOfListLine("C:\\tools\\BRASQUELIN.EXE C:\\p\\x.bqp 001=a"), "C:\\p\\x.bqp 001=a");
+    EXPECT_EQ(argumentOfListLine("C:\\brasquelin.exe a \\brasquelin.exe b"), "a \\brasquelin.exe b");
+    EXPECT_EQ(argumentOfListLine("0123456789abcdefgh.bqp"), "fgh.bqp");
+    EXPECT_EQ(argumentOfListLine(""), "");
+}
+
+TEST_F(ProgramTest, TheTokenOfTheProgramDirectoryStandsInPaths) {
+    const FileArgument argument = parseFileArgument("$EXEPATH$/x.bqp 001=$exepath$");
+    EXPECT_EQ(argument.path, folder() + "/x.bqp");
+    EXPECT_EQ(argument.presets, Values{"$exepath$"});
+}
+
+}  // namespace
+}  // namespace brasquelin

@@ -1,0 +1,195 @@
+#include "app/startUp.h"
+
+#include <gtest/gtest.h>
+
+#include "app/batchFile.h"
+#include "app/jobList.h"
+#include "app/openFile.h"
+#include "app/pickers.h"
+#include "config/configFile.h"
+#include "support/programTest.h"
+#include "vars/loadPrompt.h"
+
+namespace brasquelin {
+namespace {
+
+class StartUp : public ProgramTest {
+  protected:
+    using Lines = std::vector<std::string>;
+
+    void SetUp() override {
+        write("Brasquelin.ini", {"[config]", "ProfilePath = \\p", "LibraryPath = \\p", "[/config]"});
+        write("p/say.bqs", {"#Brasquelin Library  Say", "[var]", "text", ".Type=Text", ".Info=none", "[/var]",
+                            "[command]", "type=shell", "command=echo $text$", "[/command]"});
+        write("p/ask.bqp", {"#Brasquelin Profile Ask first", "[library]", ":include $scriptpath$/say.bqs", "[/library]",
+                            "[var]", "name", ".Type=Text", ".Info=none", "[/var]", "[profile]", "Say", ".text=$name$"});
+        write("p/plain.bqp", {"#Brasquelin Profile Plain one", "[library]", ":include $scriptpath$/say.bqs",
+                              "[/library]", "[profile]", "Say", ".text=$index$"});
+        write("p/bad.bqp", {"#Brasquelin Profile Bad one", "[profile]", "Next"});
+    }
+    std::string at(const std::string& name) const { return folder() + "/p/" + name; }
+    std::string batch() const { return folder() + "/brasquelin.bat"; }
+    void writeList(const Lines& arguments) const {
+        Lines lines;
+        for (const auto& argument : arguments) lines.push_back("C:\\brasquelin.exe " + argument);
+        write("list.txt", lines);
+    }
+    int replay() const {
+        return exitStatusOf([this] { startUp("-f " + folder() + "/list.txt"); });
+    }
+};
+
+TEST_F(StartUp, WithoutArgumentsTheProgramWaitsForItsUser) {
+    Lines steps;
+    StartUpWindows windows;
+    windows.prepareToolbar = [&] { steps.push_back(settings.startingUp ? "toolbar" : "late"); };
+    windows.detectBorders = [&] { steps.push_back("borders"); };
+    EXPECT_TRUE(startUp("", windows));
+    EXPECT_EQ(steps, (Lines{"toolbar", "borders"}));
+    EXPECT_FALSE(settings.startingUp);
+    EXPECT_EQ(settings.profilePath, folder() + "\\p");
+    EXPECT_FALSE(exists("brasquelin.bat"));
+}
+
+TEST_F(StartUp, ANamedProfileIsRunAndTheProgramEnds) {
+    desktop_.windows = false;
+    EXPECT_EQ(exitStatusOf([this] { startUp(at("ask.bqp") + " 001=one two"); }), 0);
+    EXPECT_EQ(read("brasquelin.bat"), "echo one two\r\n");
+    EXPECT_EQ(commands(), Lines{batch()});
+    EXPECT_EQ(std::filesystem::current_path().string(), folder() + "/p");
+    EXPECT_GT(clock_.now, 1000U);
+}
+
+TEST_F(StartUp, ANamedProfileIsAskedForAndRunThroughTheWaitingWindow) {
+    desktop_.onShow["frmWait"] = [] { runWaiting(); };
+    EXPECT_TRUE(startUp(at("ASK.BQP")));
+    EXPECT_EQ(windowCalls(), Lines{"show frmVarProfile"});
+    auto& form = *currentPrompt(PromptKind::profile);
+    form.rows[0].text = "typed";
+    EXPECT_EQ(exitStatusOf([&] { confirmPrompt(form); }), 0);
+    EXPECT_EQ(windowCalls(),
+              (Lines{"show frmVarProfile", "unload frmVarProfile", "show frmWait modal", "unload frmWait"}));
+    EXPECT_EQ(read("brasquelin.bat"), "echo typed\r\n");
+}
+
+TEST_F(StartUp, ANamedLibraryIsRunLikeAProfile) {
+    EXPECT_EQ(exitStatusOf([this] { startUp(at("say.bqs") + " 001=hello"); }), 0);
+    EXPECT_EQ(read("brasquelin.bat"), "echo hello\r\n");
+}
+
+TEST_F(StartUp, AFailedRunLeavesTheMainWindowAndNoBatchFile) {
+    EXPECT_TRUE(startUp(at("bad.bqp")));
+    EXPECT_EQ(messages().size(), 1U);
+    EXPECT_FALSE(exists("brasquelin.bat"));
+}
+
+TEST_F(StartUp, OtherExtensionsAreIgnoredAndMissingDirectoriesAreNot) {
+    EXPECT_TRUE(startUp(at("x.txt")));
+    EXPECT_TRUE(startUp("x.bqp001=a"));
+    EXPECT_TRUE(messages().empty());
+    EXPECT_FALSE(startUp(folder() + "/none/x.bqp"));
+    EXPECT_EQ(messages(),
+              Lines{"Brasquelin Error: Error 76 : Path not found\r\nWhile loading '" + folder() + "/none/x.bqp'"});
+    EXPECT_EQ(exitStatusOf([this] { startUp(at("none.bqp")); }), 1);
+}
+
+TEST_F(StartUp, TheLauncherStandsBeforeTheBatchFile) {
+    write("Brasquelin.ini", {"[config]", "shellexec = $exepath$/run it", "[/config]"});
+    EXPECT_EQ(exitStatusOf([this] { startUp(at("plain.bqp")); }), 0);
+    EXPECT_EQ(commands(), Lines{folder() + "/run it " + batch()});
+    startUp("");
+    jobList.append("echo 1");
+    EXPECT_EQ(exitStatusOf([] { executeJobList(); }), 0);
+    EXPECT_EQ(commands()[1], folder() + "/run it Brasquelin " + batch());
+}
+
+TEST_F(StartUp, AListIsReplayedAsOneBatch) {
+    writeList({at("ask.bqp") + " 001=first", "", at("plain.bqp"), at("say.bqs") + " 001=caf\xC3\xA9"});
+    EXPECT_EQ(replay(), 0);
+    EXPECT_EQ(windowCalls(), (Lines{"show frmWait", "unload frmWait"}));
+    EXPECT_EQ(commands(), Lines{batch()});
+    EXPECT_EQ(jobList.lines(), (Lines{"echo first", "echo 2", "echo café"}));
+}
+
+TEST_F(StartUp, AnEmptyListGivesAnEmptyBatchFile) {
+    writeBytes("list.txt", "");
+    EXPECT_EQ(replay(), 0);
+    EXPECT_TRUE(exists("brasquelin.bat"));
+    EXPECT_EQ(read("brasquelin.bat"), "");
+    EXPECT_EQ(commands().size(), 1U);
+}
+
+TEST_F(StartUp, AListGoesOnBehindAFailedRunAndAPromptWithoutADisplay) {
+    desktop_.windows = false;
+    writeList({at("bad.bqp"), at("ask.bqp"), at("plain.bqp")});
+    EXPECT_EQ(replay(), 1);
+    EXPECT_EQ(messages().size(), 2U);
+    EXPECT_EQ(jobList.size(), 1U);
+}
+
+TEST_F(StartUp, ABadPresetOrAMissingListStopsStartUp) {
+    write("p/list.bqs", {"#Brasquelin Library  List", "[var]", "x", ".Type=List(a)", ".Info=none", "[/var]"});
+    writeList({at("plain.bqp"), at("list.bqs") + " 001=9", at("plain.bqp")});
+    EXPECT_EQ(replay(), -1);
+    EXPECT_FALSE(startUp("-f " + folder() + "/none.txt"));
+    remove("Brasquelin.ini");
+    EXPECT_FALSE(startUp(at("plain.bqp")));
+    EXPECT_EQ(
+        messages(),
+        (Lines{"Brasquelin Error: Error 9 : Subscript out of range\r\nWhile loading '" + at("list.bqs") + "'",
+               "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/none.txt'",
+               "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/Brasquelin.ini'"}));
+    EXPECT_FALSE(exists("brasquelin.bat"));
+    EXPECT_FALSE(settings.startingUp);
+}
+
+TEST_F(StartUp, ABatchFileThatCannotBeWrittenIsNamed) {
+    std::filesystem::create_directory(folder() + "/brasquelin.bat");
+    writeList({at("plain.bqp")});
+    EXPECT_EQ(replay(), -1);
+    EXPECT_TRUE(startUp(at("plain.bqp")));
+    const std::string text = "Brasquelin Error: Error 75 : Path/File access error\r\nWhile writting '" + batch() + "'";
+    EXPECT_EQ(messages(), (Lines{text, text}));
+}
+
+TEST_F(StartUp, TheJobListIsExecutedOnlyWhenItHoldsSomething) {
+    startUp("");
+    executeJobList();
+    EXPECT_EQ(messages(), Lines{"Error: Joblist empty !"});
+    EXPECT_FALSE(exists("brasquelin.bat"));
+    jobList.append("echo é");
+    jobList.append("echo 2");
+    executeLine(1);
+    EXPECT_EQ(exitStatusOf([] { executeJobList(); }), 0);
+    EXPECT_EQ(commands(), (Lines{"echo 2", batch()}));
+    EXPECT_EQ(jobList.longestLine(), 0U);
+    clearJobList();
+    EXPECT_FALSE(jobList.longestLine().has_value());
+}
+
+TEST_F(StartUp, TheLastChildEndsWithTheMainWindow) {
+    endLastChild();
+    EXPECT_TRUE(processes_.terminated.empty());
+    processes_.endsAfterPolls = 3;
+    shellAndWait("x", WindowStyle::hidden);
+    EXPECT_EQ(processes_.polls, 4);
+    endLastChild();
+    EXPECT_EQ(processes_.terminated, std::vector<std::uint32_t>{1});
+}
+
+TEST_F(StartUp, PickersOfferTitlesAndFiles) {
+    startUp("");
+    write("p/short.bqp", {"#Brasquelin"});
+    writeBytes("p/empty.BQP", "");
+    const PickerList profiles = listProfiles();
+    EXPECT_EQ(profiles.titles, (Lines{"Ask first", "Bad one", "", "Plain one", ""}));
+    ASSERT_EQ(profiles.paths.size(), 5U);
+    EXPECT_EQ(listLibraries().titles, Lines{"Say"});
+    openPicked(profiles.paths[3]);
+    EXPECT_EQ(jobList.lines(), Lines{"echo 1"});
+    settings.profilePath = at("ask.bqp");  // the editor's file
+    EXPECT_EQ(listProfiles().paths.size(), 5U);
+}
+
+}  // namespace
+}  // namespace brasquelin
