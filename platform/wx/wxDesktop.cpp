@@ -141,7 +141,7 @@ void WxDesktop::presentMessage(std::string_view text, std::string_view title, Ic
 }
 
 bool WxDesktop::askYesNo(std::string_view text, std::string_view title) {
-    wxMessageDialog box(nullptr, toWxLines(text), toWx(title), wxYES_NO | wxICON_QUESTION);
+    wxMessageDialog box(nullptr, toWxLines(text), toWx(title), wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION);
     return showModally(box) == wxID_YES;
 }
 

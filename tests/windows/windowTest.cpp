@@ -48,9 +48,10 @@ std::filesystem::path newDirectory() {
     return base / unique;
 }
 
-void useDataDirectory(const std::string& directory) {
+/// Below a file nothing can be written: the registration of file types fails, silently, and leaves no process behind.
+void keepOutOfUserData(const std::string& directory) {
     wxSetEnv("HOME", toWx(directory));
-    wxSetEnv("XDG_DATA_HOME", toWx(directory));
+    wxSetEnv("XDG_DATA_HOME", toWx(directory + "/functions.ini"));
 }
 
 void send(wxWindow& target, wxEventType type, int id) {
@@ -109,7 +110,7 @@ int ModalScript::Enter(wxDialog* dialog) {
 }
 
 WindowTest::WindowTest() : directory_(newDirectory()) {
-    useDataDirectory((directory_ / "data").string());
+    keepOutOfUserData(directory_.string());
     setProgramDirectory(directory_.string());
     setDesktop(windows);
     setProcessTable(&processes);
@@ -117,10 +118,13 @@ WindowTest::WindowTest() : directory_(newDirectory()) {
     childProcessId = 0;
     registerWindows(windows);
     for (const char* folder : {"profiles", "libraries", "data"}) std::filesystem::create_directory(directory_ / folder);
-    writeFile("functions.ini", "");
+    writeFile("functions.ini", "say\n$exepath$/say.ini\n");
+    writeFile("say.ini",
+              "#\n[var]\ntext\n.Type=Text\n.Info=i\n.Default=\n[/var]\n[command]\nType=shell\nCommand=echo $text$\n"
+              "[/command]\n");
     writeFile("Brasquelin.ini",
-              "[config]\nlibrarypath=$exepath$/libraries\nprofilepath=$exepath$/profiles\nbasicfunctionpath=$exepath$/"
-              "functions.ini\n[/config]\n");
+              "[config]\nLibraryPath = $exepath$/libraries\nProfilePath = $exepath$/profiles\n"
+              "BasicFunctionPath = $exepath$/functions.ini\n[/config]\n");
     modals.Register();
 }
 
@@ -153,9 +157,9 @@ std::string WindowTest::readFile(const std::string& name) {
 }
 
 std::string WindowTest::writeProfile(const std::string& file, const std::string& title, const std::string& variables,
-                                     const std::string& lines) {
-    return writeFile(file, "#Brasquelin Profile " + title + "\n[var]\n" + variables + "[/var]\n[profile]\n" + lines +
-                               "[/profile]\n");
+                                     const std::string& said) {
+    return writeFile(file, "#Brasquelin Profile " + title + "\n[var]\n" + variables +
+                               "[/var]\n[profile]\nBasicFunction.say=text=" + said + "\n[/profile]\n");
 }
 
 wxFrame& WindowTest::start(const std::string& commandLine) {

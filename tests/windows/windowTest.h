@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <wx/dialog.h>
+#include <wx/frame.h>
 #include <wx/modalhook.h>
 #include <wx/window.h>
 
@@ -16,8 +17,6 @@
 
 #include "platform/wx/wxDesktop.h"
 #include "support/fakeProcesses.h"
-
-class wxFrame;
 
 namespace brasquelin {
 
@@ -66,9 +65,9 @@ class WindowTest : public testing::Test {
     std::string writeFile(const std::string& name, const std::string& text);
     std::string readFile(const std::string& name);
     std::string inDirectory(const std::string& name) const;
-    /// A profile with these declarations and command lines.
+    /// A profile with these declarations whose job is "echo " + `said`.
     std::string writeProfile(const std::string& file, const std::string& title, const std::string& variables,
-                             const std::string& lines);
+                             const std::string& said);
 
     /// The main window after a start with this command line.
     wxFrame& start(const std::string& commandLine = {});

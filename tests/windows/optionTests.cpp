@@ -1,0 +1,87 @@
+#include <wx/listbox.h>
+#include <wx/textctrl.h>
+
+#include "config/configFile.h"
+#include "windows/windowTest.h"
+
+namespace brasquelin {
+namespace {
+
+class Options : public WindowTest {
+  protected:
+    void open(ModalStep step) {
+        next(std::move(step));
+        windows.showWindow("frmOption", true);
+    }
+};
+
+std::vector<std::string> entries(wxWindow& window) {
+    std::vector<std::string> texts;
+    for (const auto& entry : control<wxListBox>(window, "List1").GetStrings()) texts.emplace_back(entry.utf8_string());
+    return texts;
+}
+
+TEST_F(Options, EditsAndSavesTheConfiguration) {
+    start();
+    modals.textAnswers = {"tool", "gcc", "Other", "x", "clang"};
+    open([&](wxDialog& window) {
+        EXPECT_EQ(inDirectory("profiles"), control<wxTextCtrl>(window, "Text2").GetValue());
+        type(window, "Text1", "/new/libraries");
+        click(window, "Command5");
+        click(window, "Command5");
+        EXPECT_EQ((std::vector<std::string>{"tool=gcc", "Other=x"}), entries(window));
+        choose(window, "List1", 0);
+        click(window, "Command8");
+        choose(window, "List1", 1);
+        pressKey(*findControl(window, "List1"), WXK_DELETE);
+        EXPECT_EQ(std::vector<std::string>{"tool=clang"}, entries(window));
+        click(window, "Command6");
+    });
+    EXPECT_EQ("/new/libraries", settings.libraryPath);
+    EXPECT_EQ("1", settings.globalVarCount);
+    EXPECT_EQ("clang", settings.globalVars[0].value);
+    EXPECT_NE(std::string::npos, readFile("Brasquelin.ini").find("$exepath$/profiles"));
+}
+
+TEST_F(Options, ChoosesDirectoriesAndTheListFile) {
+    start();
+    windows.fileAnswers = {inDirectory("data/Select this directory"), inDirectory("functions.ini")};
+    open([&](wxDialog& window) {
+        click(window, "Command3");
+        click(window, "Command4");
+        EXPECT_EQ(inDirectory("data"), control<wxTextCtrl>(window, "Text3").GetValue());
+        EXPECT_EQ(inDirectory("functions.ini"), control<wxTextCtrl>(window, "Text4").GetValue());
+        window.Close();
+    });
+    EXPECT_EQ("Select a directory", windows.fileRequests[0].title);
+    EXPECT_EQ(FileDialogMode::save, windows.fileRequests[0].mode);
+    EXPECT_EQ("", settings.pluginPath) << "closing discards";
+}
+
+TEST_F(Options, DeleteAndModifyNeedASelection) {
+    start();
+    open([](wxDialog& window) {
+        EXPECT_FALSE(findControl(window, "Command7")->IsThisEnabled());
+        EXPECT_FALSE(findControl(window, "Command8")->IsThisEnabled());
+        pressKey(*findControl(window, "List1"), WXK_DELETE);
+        doubleClick(window, "List1");
+        click(window, "cmdCancel");
+    });
+    EXPECT_TRUE(modals.textQuestions.empty());
+}
+
+TEST_F(Options, AFileThatCannotBeWrittenIsToldAndTheWindowStays) {
+    start();
+    std::filesystem::remove(inDirectory("Brasquelin.ini"));
+    std::filesystem::create_directory(inDirectory("Brasquelin.ini"));
+    open([&](wxDialog& window) {
+        click(window, "Command6");
+        EXPECT_TRUE(window.IsModal());
+        window.Close();
+    });
+    ASSERT_EQ(1U, modals.messages.size());
+    EXPECT_EQ(0U, modals.messages[0].find("Brasquelin Error: Error "));
+}
+
+}  // namespace
+}  // namespace brasquelin

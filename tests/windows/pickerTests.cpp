@@ -1,0 +1,72 @@
+#include <wx/listbox.h>
+
+#include "app/jobList.h"
+#include "windows/windowTest.h"
+
+namespace brasquelin {
+namespace {
+
+class Picker : public WindowTest {
+  protected:
+    void writeTwoProfiles() {
+        writeProfile("profiles/a.bqp", "First", "", "a");
+        writeProfile("profiles/b.bqp", "Second", "", "b");
+    }
+};
+
+TEST_F(Picker, ListsTitlesAndLoadsTheSelectedFile) {
+    writeTwoProfiles();
+    wxFrame& frame = start();
+    next([](wxDialog& picker) {
+        EXPECT_EQ("Add profile", picker.GetTitle());
+        EXPECT_EQ("Load Profile", findControl(picker, "cmdLoad")->GetLabel());
+        const auto& titles = control<wxListBox>(picker, "profileName");
+        EXPECT_EQ((std::vector<wxString>{"First", "Second"}),
+                  (std::vector<wxString>{titles.GetString(0), titles.GetString(1)}));
+        choose(picker, "profileName", 1);
+        click(picker, "cmdLoad");
+    });
+    chooseFromMenu(frame, "Add Profile");
+    ASSERT_EQ(1U, jobList.size());
+    EXPECT_EQ("echo b", jobList.line(0));
+    EXPECT_EQ(nullptr, loadedWindow("frmAddProfile"));
+}
+
+TEST_F(Picker, DoubleClickAndEnterLoadToo) {
+    writeTwoProfiles();
+    wxFrame& frame = start();
+    next([](wxDialog& picker) {
+        choose(picker, "profileName", 1);
+        doubleClick(picker, "profileName");
+    });
+    chooseFromMenu(frame, "Add Profile");
+    next([](wxDialog& picker) { pressKey(*findControl(picker, "profileName"), WXK_RETURN); });
+    chooseFromMenu(frame, "Add Profile");
+    EXPECT_EQ((std::vector<std::string>{"echo b", "echo a"}), jobList.lines());
+}
+
+TEST_F(Picker, NothingToLoadKeepsTheWindowOpen) {
+    wxFrame& frame = start();
+    next([](wxDialog& picker) {
+        EXPECT_EQ("Add Function", picker.GetTitle());
+        EXPECT_EQ("Load library", findControl(picker, "cmdLoad")->GetLabel());
+        EXPECT_EQ(0U, control<wxListBox>(picker, "functionName").GetCount());
+        click(picker, "cmdLoad");
+        EXPECT_TRUE(picker.IsModal());
+        pressKey(picker, WXK_ESCAPE);
+    });
+    chooseFromMenu(frame, "Add Library");
+    EXPECT_EQ(std::vector<std::string>{"frmAddFunction"}, modals.shown);
+}
+
+TEST_F(Picker, AFileThatCannotBeOpenedIsToldAndTheProgramGoesOn) {
+    writeProfile("profiles/a.bqp", "Choice", "v\n.Type=List(a||b)\n.Info=i\n.Default=9\n", "$v$");
+    wxFrame& frame = start();
+    next([](wxDialog& picker) { click(picker, "cmdLoad"); });
+    EXPECT_EQ(std::nullopt, endOf([&] { chooseFromMenu(frame, "Add Profile"); }));
+    ASSERT_EQ(1U, modals.messages.size());
+    EXPECT_NE(std::string::npos, modals.messages[0].find("Error 9 : Subscript out of range"));
+}
+
+}  // namespace
+}  // namespace brasquelin
