@@ -65,6 +65,7 @@ class ProfileRun {
     void noteTag();
     void startLoop();
     void endLoop();
+    void stayResponsive();
     void runFunctionStatement();
     void runPluginStatement();
     void call();
@@ -84,6 +85,7 @@ class ProfileRun {
     std::size_t position_ = 0;  // lines read so far; the number of the line in hand
     std::string_view line_;
     bool inBody_ = false;
+    unsigned turns_ = 0;
 };
 
 int countRun() {
@@ -191,7 +193,14 @@ void ProfileRun::endLoop() {
         --loops().depth;
     } else {
         position_ = loop.bodyLine - 1;
+        stayResponsive();
     }
+}
+
+/// A long loop must not freeze the windows, and one that never ends must leave a way to close the program.
+void ProfileRun::stayResponsive() {
+    constexpr unsigned turnsBetween = 4096;
+    if (++turns_ % turnsBetween == 0) desktop().processPendingEvents();
 }
 
 FunctionContext ProfileRun::context() const {

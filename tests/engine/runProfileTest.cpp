@@ -65,6 +65,11 @@ TEST_F(RunProfile, ALoopUpToTheLargestNumberEndsAndOneWithoutNextRunsOnce) {
     EXPECT_EQ(jobs(), (Jobs{"echo 32766 ", "echo 32767 ", "echo 1 "}));
 }
 
+TEST_F(RunProfile, ALoopThatNeverEndsCanBeLeft) {
+    desktop_.onEvents = [] { throw EndProgram(0); };
+    EXPECT_EQ(exitStatusOf([&] { run({"For", ".VarName=i", ".VarStart=1", ".VarEnd=1", ".VarStep=0", "Next"}); }), 0);
+}
+
 TEST_F(RunProfile, BadLoopsStopTheRunAndKeepTheJobs) {
     const std::string at = "\r\nWhile loading '" + profile() + "' at line ";
     EXPECT_FALSE(run({"Echo", "For", ".VarName=i", ".VarStart=one", ".VarEnd=3", ".VarStep=1"}));
