@@ -2,6 +2,8 @@
 
 #include <iconv.h>
 
+#include <cstdint>
+
 #include "text/text.h"
 
 namespace brasquelin {
@@ -15,8 +17,12 @@ class CodePage {
   public:
     explicit CodePage(const char* name) {
         const iconv_t converter = iconv_open("UTF-8", name);
-        for (unsigned byte = 0; byte < 256; ++byte) characters_[byte] = character(converter, byte);
-        if (converter != invalid()) iconv_close(converter);
+        const bool known = reinterpret_cast<std::intptr_t>(converter) != -1;
+        for (unsigned byte = 0; byte < 256; ++byte) {
+            characters_[byte] = known ? character(converter, byte) : std::string();
+            if (characters_[byte].empty()) appendUtf8(characters_[byte], byte);
+        }
+        if (known) iconv_close(converter);
     }
 
     std::string decode(std::string_view bytes) const {
@@ -27,8 +33,7 @@ class CodePage {
     }
 
   private:
-    static iconv_t invalid() { return reinterpret_cast<iconv_t>(-1); }
-
+    /// Empty for a byte that the page leaves undefined.
     static std::string character(iconv_t converter, unsigned byte) {
         char in = static_cast<char>(byte);
         char out[8];
@@ -36,14 +41,8 @@ class CodePage {
         char* to = out;
         std::size_t fromLeft = 1;
         std::size_t toLeft = sizeof out;
-        std::string utf8;
-        if (converter != invalid() &&
-            iconv(converter, &from, &fromLeft, &to, &toLeft) != static_cast<std::size_t>(-1)) {
-            utf8.assign(out, to);
-        } else {
-            appendUtf8(utf8, byte);
-        }
-        return utf8;
+        iconv(converter, &from, &fromLeft, &to, &toLeft);
+        return std::string(out, to);
     }
 
     std::string characters_[256];

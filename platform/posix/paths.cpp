@@ -51,8 +51,10 @@ std::string resolveByComponent(const std::string& path) {
     for (const auto component : split(path, "/")) {
         if (component.empty()) continue;
         if (!resolved.empty() && resolved.back() != '/') resolved += '/';
-        const std::string exact = resolved + std::string(component);
-        resolved = exists(exact) ? exact : resolved + entryInAnyCase(resolved, component);
+        std::string exact = resolved;
+        exact.append(component);
+        if (!exists(exact)) exact = resolved.append(entryInAnyCase(resolved, component));
+        resolved = std::move(exact);
     }
     return resolved;
 }

@@ -93,6 +93,7 @@ std::uint32_t SystemProcessTable::start(std::string_view command, WindowStyle /*
     if (command.empty()) throw RunTimeError(ErrorNumber::invalidCall);
     std::vector<std::string> arguments = argumentsFor(command);
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (auto& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
     const SpawnAttributes attributes(ownGroups_);
