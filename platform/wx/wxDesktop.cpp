@@ -5,7 +5,7 @@
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/filename.h>
-#include <wx/msgdlg.h>
+#include <wx/richmsgdlg.h>
 #include <wx/textdlg.h>
 #include <wx/utils.h>
 
@@ -14,6 +14,7 @@
 #include "platform/paths.h"
 #include "platform/wx/application.h"
 #include "platform/wx/fileFilter.h"
+#include "platform/wx/messageLines.h"
 #include "platform/wx/programDialog.h"
 #include "platform/wx/wxText.h"
 #include "text/runTimeError.h"
@@ -35,6 +36,11 @@ long iconStyle(Icon icon) {
             break;
     }
     return wxICON_NONE;
+}
+
+wxString messageText(std::string_view text) {
+    constexpr std::size_t widestLine = 110;
+    return brokenIntoLines(toWxLines(text), widestLine);
 }
 
 /// Shows a modal dialog; an exception from one of its events continues here.
@@ -136,18 +142,18 @@ bool WxDesktop::isVisible(std::string_view name) const {
 }
 
 void WxDesktop::presentMessage(std::string_view text, std::string_view title, Icon icon) {
-    wxMessageDialog box(nullptr, toWxLines(text), toWx(title), wxOK | iconStyle(icon));
+    wxRichMessageDialog box(nullptr, messageText(text), toWx(title), wxOK | iconStyle(icon));
     showModally(box);
 }
 
 bool WxDesktop::askYesNo(std::string_view text, std::string_view title) {
-    wxMessageDialog box(nullptr, toWxLines(text), toWx(title), wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION);
+    wxRichMessageDialog box(nullptr, messageText(text), toWx(title), wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION);
     return showModally(box) == wxID_YES;
 }
 
 std::optional<std::string> WxDesktop::askText(std::string_view prompt, std::string_view title,
                                               std::string_view defaultText) {
-    wxTextEntryDialog box(nullptr, toWxLines(prompt), toWx(title), toWx(defaultText));
+    wxTextEntryDialog box(nullptr, messageText(prompt), toWx(title), toWx(defaultText));
     if (showModally(box) != wxID_OK) return std::nullopt;
     return fromWx(box.GetValue());
 }

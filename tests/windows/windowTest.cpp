@@ -87,7 +87,7 @@ int ModalScript::answerQuestion(wxDialog& dialog) {
 }
 
 int ModalScript::Enter(wxDialog* dialog) {
-    if (const auto* box = dynamic_cast<wxMessageDialog*>(dialog)) {
+    if (const auto* box = dynamic_cast<wxMessageDialogBase*>(dialog)) {
         messages.push_back(fromWx(box->GetCaption()) + ": " + fromWx(box->GetMessage()));
         return wxID_OK;
     }
