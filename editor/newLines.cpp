@@ -4,6 +4,7 @@
 
 #include "config/configFile.h"
 #include "engine/librarySection.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
@@ -21,27 +22,40 @@ constexpr std::string_view functionPrefix = "BasicFunction.";
 
 std::string joined(const std::vector<std::string>& items) {
     std::string text;
-    for (const auto& item : items) text.append(text.empty() && &item == &items.front() ? "" : "||").append(item);
+    for (std::size_t i = 0; i < items.size(); ++i) text.append(i == 0 ? "" : "||").append(items[i]);
     return text;
 }
 
-void appendIncludes(const ProfileDocument& document, std::vector<CallableEntry>& entries) {
-    for (const auto& line : document.listInclude) {
-        if (!startsWithIgnoringCase(line, ":include ")) continue;
-        std::string path = replaceVar("exepath", exeDirectory(), fromCharacter(line, includePathStart));
-        path = replaceVar("scriptpath", dirOf(settings.profilePath), path);
-        if (!fileExists(path)) continue;
-        const auto file = readTextFile(path);
-        const std::string firstLine = file->lines.empty() ? std::string() : file->lines.front();
-        entries.push_back({callableNameOf(path, firstLine), path});
+std::string pathOfInclude(std::string_view line) {
+    const std::string path = replaceVar("exepath", exeDirectory(), fromCharacter(line, includePathStart));
+    return replaceVar("scriptpath", dirOf(settings.profilePath), path);
+}
+
+bool isCallable(std::string_view path) {
+    return (endsWithIgnoringCase(path, "bqs") || endsWithIgnoringCase(path, "bqp")) && fileExists(path);
+}
+
+void appendInclude(const std::string& path, std::vector<CallableEntry>& entries) {
+    const auto file = readTextFile(path);
+    const std::string firstLine = file->lines.empty() ? std::string() : file->lines.front();
+    entries.push_back({callableNameOf(path, firstLine), path});
+}
+
+void appendFunctions(const std::string& listPath, std::vector<CallableEntry>& entries) {
+    const auto list = readTextFile(listPath);
+    for (std::size_t i = 0; i < list->lines.size(); i += 2) {
+        entries.push_back({std::string(functionPrefix) + list->lines[i], {}});
     }
 }
 
-void appendFunctions(std::vector<CallableEntry>& entries) {
-    if (settings.basicFunctionPath.empty()) return;
-    const auto list = readTextFile(settings.basicFunctionPath);
-    for (std::size_t i = 0; i < list->lines.size(); i += 2) {
-        entries.push_back({std::string(functionPrefix) + list->lines[i], {}});
+using Append = void (*)(const std::string& path, std::vector<CallableEntry>& entries);
+
+/// One file that cannot be read does not keep the user from calling the others.
+void appendOrReport(Append append, const std::string& path, std::vector<CallableEntry>& entries) {
+    try {
+        append(path, entries);
+    } catch (const RunTimeError& error) {
+        showCritical(error.reportWhileLoading(path), errorTitle);
     }
 }
 
@@ -101,21 +115,19 @@ std::string programLine(std::string_view path, std::string_view parameters, bool
 
 std::vector<CallableEntry> callableEntries(const ProfileDocument& document) {
     std::vector<CallableEntry> entries;
-    appendIncludes(document, entries);
-    appendFunctions(entries);
+    for (const auto& line : document.listInclude) {
+        if (!startsWithIgnoringCase(line, ":include ")) continue;
+        const std::string path = pathOfInclude(line);
+        if (isCallable(path)) appendOrReport(appendInclude, path, entries);
+    }
+    if (!settings.basicFunctionPath.empty()) appendOrReport(appendFunctions, settings.basicFunctionPath, entries);
     for (const auto& name : document.pluginNames) entries.push_back({std::string(pluginPrefix) + name, {}});
     return entries;
 }
 
-bool takesOneParameter(std::string_view entry, std::string& prompt) {
-    if (entry.starts_with(pluginPrefix)) {
-        prompt = "Plugin Command Line :";
-    } else if (entry.starts_with(functionPrefix)) {
-        prompt = "Basic Function parameter :";
-    } else {
-        return false;
-    }
-    return true;
+std::string_view parameterPrompt(std::string_view entry) {
+    if (entry.starts_with(pluginPrefix)) return "Plugin Command Line :";
+    return entry.starts_with(functionPrefix) ? "Basic Function parameter :" : "";
 }
 
 std::vector<std::string> variablesOfInclude(const std::string& path) {

@@ -50,14 +50,15 @@ struct CallableEntry {
     std::string path;  // of an include; empty otherwise
 };
 
-/// Includes that exist, basic functions of the list file, plugins: in this order. Raises the error of an unreadable
-/// list file unless none is configured.
+/// Includes that exist, basic functions of the list file, plugins: in this order. A file that cannot be read is
+/// reported and left out.
 std::vector<CallableEntry> callableEntries(const ProfileDocument& document);
 
-/// True for entries that take one parameter text instead of variables; `prompt` is what asks for it.
-bool takesOneParameter(std::string_view entry, std::string& prompt);
+/// What asks for the parameter of a plugin or basic function; empty for an include, which takes variables.
+std::string_view parameterPrompt(std::string_view entry);
 
-/// The variables that a call of the include asks for, in order. Empty, after a message, for a bad declaration.
+/// The variables that a call of the include asks for, in order. Empty, after a message, for a bad declaration. Raises
+/// the error of opening the file.
 std::vector<std::string> variablesOfInclude(const std::string& path);
 
 }  // namespace brasquelin

@@ -22,8 +22,6 @@ constexpr std::string_view header = "#Brasquelin Profile ";
 constexpr std::size_t pluginPathStart = 9;
 constexpr std::size_t limit = 256;  // groups of a list, lines of a group
 
-std::string configuredDirectory;  // what the current file's setting held before the editor took it over
-
 // Reading
 
 /// The three sections of a profile while its lines are read in order.
@@ -35,18 +33,25 @@ class SectionReader {
                     {"[profile]", "[/profile]", document.listCommand, false}} {}
 
     void take(const std::string& line) {
+        if (line.empty() || takeTag(line)) return;
         for (auto& section : sections_) {
-            if (equalIgnoringCase(line, section.closingTag)) section.open = false;
-        }
-        for (auto& section : sections_) {
-            if (section.open && !line.empty()) section.lines.push_back(line);
-        }
-        for (auto& section : sections_) {
-            if (equalIgnoringCase(line, section.openingTag)) section.open = true;
+            if (section.open) section.lines.push_back(line);
         }
     }
 
   private:
+    /// A section's tag never enters a list, not even the one of a section that was left open.
+    bool takeTag(const std::string& line) {
+        if (line.front() != '[') return false;
+        for (auto& section : sections_) {
+            const bool opens = equalIgnoringCase(line, section.openingTag);
+            if (!opens && !equalIgnoringCase(line, section.closingTag)) continue;
+            section.open = opens;
+            return true;
+        }
+        return false;
+    }
+
     struct Section {
         std::string_view openingTag;
         std::string_view closingTag;
@@ -169,15 +174,10 @@ void newDocument(ProfileDocument& document) {
     variableTables.pluginResults[0].resetCount();
 }
 
-void enterEditor(ProfileDocument& document) {
-    // A second visit finds the file of the first one here.
-    if (directoryExists(settings.profilePath)) configuredDirectory = settings.profilePath;
-    newDocument(document);
-}
-
 void openDocument(ProfileDocument& document, const std::string& path) {
     ProfileDocument opened = readDocument(path);
     const auto plugins = pluginsOf(opened, path);
+    opened.pluginNames = document.pluginNames;
     for (const auto& plugin : plugins) opened.pluginNames.append(pluginNameOf(plugin.path));
     document = std::move(opened);
     settings.profilePath = path;
@@ -200,9 +200,9 @@ void saveDocument(const ProfileDocument& document, const std::string& path) {
     saveFile(path, textFileBytes(documentLines(document)));
 }
 
-std::string proposedFileName(const ProfileDocument& document) {
-    const std::string& directory = settings.profilePath.empty() ? configuredDirectory : settings.profilePath;
-    return joinPath(directory, document.profileName + ".bqp");
+std::string proposedFileName(const ProfileDocument& document, const std::string& profileDirectory) {
+    const std::string& start = settings.profilePath.empty() ? profileDirectory : settings.profilePath;
+    return joinPath(start, document.profileName + ".bqp");
 }
 
 bool removeLines(ProfileDocument& document, EditorList which, std::optional<std::size_t> selected) {

@@ -30,19 +30,17 @@ struct ProfileDocument {
 void newDocument(ProfileDocument& document);
 
 /// Replaces the document by the profile at `path`, which becomes the current file. Its plugins are run to learn their
-/// variables; one that fails is reported. Raises 62 for a file without a first line, 9 for a 257th plugin, and the
-/// errors of opening; the document is as it was then.
+/// variables; one that fails is reported. Their names join those that are known. Raises 62 for a file without a first
+/// line, 9 for a 257th plugin name, and the errors of opening; the document is as it was then.
 void openDocument(ProfileDocument& document, const std::string& path);
 
 /// The bytes of the profile file are the document's lines in their sections. Raises the error of writing.
 void saveDocument(const ProfileDocument& document, const std::string& path);
 std::vector<std::string> documentLines(const ProfileDocument& document);
 
-/// The name that "Save as ..." proposes: in the configured profile directory while the document has no file.
-std::string proposedFileName(const ProfileDocument& document);
-
-/// Loading the editor's window: remembers the configured profile directory and starts a new document.
-void enterEditor(ProfileDocument& document);
+/// The name that "Save as ..." proposes: in the profile directory while the document has no file, else behind the
+/// current file.
+std::string proposedFileName(const ProfileDocument& document, const std::string& profileDirectory);
 
 /// Removes a line of the include list, or a line group of another list; nothing for an attribute line. True when
 /// something was removed.

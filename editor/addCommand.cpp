@@ -1,0 +1,35 @@
+#include "editor/addCommand.h"
+
+#include "editor/editorState.h"
+#include "editor/references.h"
+#include "editor/valueInput.h"
+#include "platform/desktop.h"
+
+namespace brasquelin {
+
+AddCommand::AddCommand()
+    : entries_(callableEntries(editorState.document)), references_(callReferences(editorState.document)) {}
+
+std::vector<std::string> AddCommand::callLines(const CallableEntry& entry) const {
+    if (const auto prompt = parameterPrompt(entry.name); !prompt.empty()) {
+        return {entry.name + "=" + showValueInput(prompt, {}, references_)};
+    }
+    std::vector<std::string> lines{entry.name};
+    for (const auto& variable : variablesOfInclude(entry.path)) {
+        lines.push_back("." + variable + "=" + showValueInput(variable, {}, references_));
+    }
+    return lines;
+}
+
+void AddCommand::configure(std::size_t index) const {
+    if (index >= entries_.size()) return;
+    const auto lines = callLines(entries_[index]);
+    auto& list = editorState.document.listCommand;
+    list.insert(list.end(), lines.begin(), lines.end());
+}
+
+void AddCommand::copyReference(std::size_t index) const {
+    if (index < references_.size()) desktop().copyToClipboard(references_[index]);
+}
+
+}  // namespace brasquelin

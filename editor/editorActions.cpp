@@ -1,0 +1,185 @@
+#include "editor/editorActions.h"
+
+#include <algorithm>
+
+#include "config/configFile.h"
+#include "editor/newLines.h"
+#include "editor/references.h"
+#include "editor/valueInput.h"
+#include "engine/plugins.h"
+#include "platform/desktop.h"
+#include "platform/files.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::string_view editLabel = "Edit this value :";
+
+std::vector<std::string>& activeLines() {
+    return editorState.document.list(editorState.activeList);
+}
+
+bool isLineOf(const std::vector<std::string>& lines, SelectedLine selected) {
+    return selected && *selected < lines.size();
+}
+
+/// For limits: what is too much is told, and nothing has changed.
+template <typename Action>
+void reportingErrors(Action action) {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        showCritical(error.report(), errorTitle);
+    }
+}
+
+void saveTo(const std::string& path) {
+    try {
+        saveDocument(editorState.document, path);
+        settings.profilePath = path;
+    } catch (const RunTimeError& error) {
+        showCritical(error.report() + "\r\nWhile writting '" + path + "'", errorTitle);
+    }
+}
+
+void addProgram(const std::string& chosen, const std::string& path) {
+    const auto answer =
+        desktop().askText("Enter parameters for launching plugin (Empty=NoParameters)", "Parameters", {});
+    const bool isCheck = desktop().askYesNo("Is it a check plugin ?", "Brasquelin");
+    reportingErrors([&] {
+        editorState.document.pluginNames.append(pluginNameOf(chosen));
+        editorState.document.listInclude.push_back(programLine(path, answer.value_or(""), isCheck));
+    });
+}
+
+void addInclude() {
+    const std::string chosen = desktop().askFile(
+        {FileDialogMode::open, "Include a library , profile or plugin in project", "BQ File|*.bqs;*.bqp;*.exe", {}});
+    if (chosen.empty()) return;
+    const std::string path = includePath(chosen, settings.profilePath);
+    if (isProgramFile(chosen)) return addProgram(chosen, path);
+    editorState.document.listInclude.push_back(includeLine(path));
+}
+
+using Move = SelectedLine (*)(ProfileDocument& document, SelectedLine selected);
+
+SelectedLine moveSelected(Move move, SelectedLine selected) {
+    reportingErrors([&] { selected = move(editorState.document, selected); });
+    return selected;
+}
+
+}  // namespace
+
+void enterEditor() {
+    // A later visit finds the file of the one before in the setting.
+    const std::string& path = settings.profilePath;
+    if (directoryExists(path)) {
+        editorState.profileDirectory = path;
+    } else if (editorState.profileDirectory.empty() && fileExists(path)) {
+        editorState.profileDirectory = dirOf(path);
+    }
+    editorState.activeList = EditorList::none;
+    newDocument(editorState.document);
+}
+
+void leaveEditor() {
+    desktop().unloadWindow("frmAddVar");
+    desktop().unloadWindow("frmAddCommand");
+    desktop().showWindow("frmMain", false);
+}
+
+std::string editorTitle() {
+    constexpr std::string_view window = "Profile Editor";
+    if (!canSave()) return std::string(window);
+    return fileNameOf(settings.profilePath) + " - " + std::string(window);
+}
+
+void startNewProfile() {
+    newDocument(editorState.document);
+}
+
+void openProfile() {
+    const std::string path =
+        desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", {}});
+    if (path.empty()) return;
+    try {
+        openDocument(editorState.document, path);
+    } catch (const RunTimeError& error) {
+        showCritical(error.reportWhileLoading(path), errorTitle);
+    }
+}
+
+bool canSave() {
+    return !settings.profilePath.empty();
+}
+
+void saveProfile() {
+    if (canSave()) saveTo(settings.profilePath);
+}
+
+void saveProfileAs() {
+    const std::string proposal = proposedFileName(editorState.document, editorState.profileDirectory);
+    const std::string path =
+        desktop().askFile({FileDialogMode::save, "Save profile as", "Profile Files|*.bqp", proposal});
+    if (!path.empty()) saveTo(path);
+}
+
+void addLines() {
+    if (editorState.activeList == EditorList::include) return addInclude();
+    if (editorState.activeList == EditorList::variables) return desktop().showWindow("frmAddVar", true);
+    if (editorState.activeList == EditorList::commands) return desktop().showWindow("frmAddCommand", true);
+}
+
+void editLine(SelectedLine selected) {
+    if (editorState.activeList == EditorList::none || !isLineOf(activeLines(), selected)) return;
+    const auto answer = desktop().askText(editLabel, "Edit", activeLines()[*selected]);
+    if (answer && !answer->empty()) activeLines()[*selected] = *answer;
+}
+
+SelectedLine removeSelected(SelectedLine selected) {
+    if (editorState.activeList == EditorList::none) return selected;
+    removeLines(editorState.document, editorState.activeList, selected);
+    const auto& lines = activeLines();
+    if (!selected || lines.empty()) return std::nullopt;
+    return std::min(*selected, lines.size() - 1);
+}
+
+void clearActiveList() {
+    if (editorState.activeList != EditorList::none) clearList(editorState.document, editorState.activeList);
+}
+
+void askLoop() {
+    auto& state = editorState;
+    state.lstVar = loopReferences(state.document);
+    const std::string name = desktop().askText("Enter the 'ForToNext' var name :", "Brasquelin", {}).value_or("");
+    if (name.empty()) return;  // no loop would come of it
+    const std::string start = showValueInput("Enter the 'ForToNext' var start :", {}, state.lstVar);
+    const std::string end = showValueInput("Enter the 'ForToNext' var end :", {}, state.lstVar);
+    const std::string step = showValueInput("Enter the 'ForToNext' var step :", {}, state.lstVar);
+    const auto lines = loopLines(name, start, end, step);
+    state.document.listCommand.insert(state.document.listCommand.end(), lines.begin(), lines.end());
+}
+
+void appendNext() {
+    editorState.document.listCommand.emplace_back("Next");
+}
+
+void editCommandLine(SelectedLine selected) {
+    auto& lines = editorState.document.listCommand;
+    if (!isLineOf(lines, selected)) return;
+    editorState.lstVar = commandReferences(editorState.document);
+    const std::string answer = showValueInput(editLabel, lines[*selected], editorState.lstVar);
+    if (answer != canceledAnswer) lines[*selected] = answer;
+}
+
+SelectedLine moveSelectedUp(SelectedLine selected) {
+    return moveSelected(moveGroupUp, selected);
+}
+
+SelectedLine moveSelectedDown(SelectedLine selected) {
+    return moveSelected(moveGroupDown, selected);
+}
+
+}  // namespace brasquelin

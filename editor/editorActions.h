@@ -1,0 +1,48 @@
+// What the user can do in the profile editor, without its window: each action works on `editorState`.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "editor/editorState.h"
+
+namespace brasquelin {
+
+using SelectedLine = std::optional<std::size_t>;
+
+/// Loading the editor's window: remembers the configured profile directory and starts a new document.
+void enterEditor();
+/// Closing it: unloads its dialogs and shows the main window again.
+void leaveEditor();
+
+/// The file's name and the program part; only the latter while there is no file.
+std::string editorTitle();
+
+// The menu "Profile". A file that cannot be read or written is reported; the document is as it was then.
+void startNewProfile();
+void openProfile();
+bool canSave();  // there is a current file
+void saveProfile();
+void saveProfileAs();
+
+// The context menu. Each works on `activeList`.
+/// Asks for what is to be added and appends it.
+void addLines();
+/// Include and variable list: asks for a new text of the selected line; an empty answer keeps it.
+void editLine(SelectedLine selected);
+/// Gives the line that is to be selected then.
+SelectedLine removeSelected(SelectedLine selected);
+void clearActiveList();
+
+// The command list.
+/// Asks for the four values of a loop and appends it.
+void askLoop();
+void appendNext();
+/// Asks for a new text of the selected command line with the references at hand.
+void editCommandLine(SelectedLine selected);
+/// Gives the line that is to be selected then. Too many groups or lines in a group are reported.
+SelectedLine moveSelectedUp(SelectedLine selected);
+SelectedLine moveSelectedDown(SelectedLine selected);
+
+}  // namespace brasquelin

@@ -1,0 +1,7 @@
+#include "editor/editorState.h"
+
+namespace brasquelin {
+
+EditorState editorState;
+
+}  // namespace brasquelin

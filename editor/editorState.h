@@ -1,0 +1,21 @@
+// The profile editor's state: the document and what is kept beside it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "editor/profileDocument.h"
+
+namespace brasquelin {
+
+struct EditorState {
+    ProfileDocument document;
+    EditorList activeList = EditorList::none;  // last right-clicked or double-clicked
+    std::vector<std::string> lstVar;           // the references that the next value prompt offers
+    std::string profileDirectory;              // what the current file's setting held before the editor took it over
+
+    void reset() { *this = EditorState(); }
+};
+extern EditorState editorState;
+
+}  // namespace brasquelin

@@ -1,0 +1,26 @@
+// Asking for one text with the known references at hand, through the window "inputForm".
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brasquelin {
+
+/// The answer of a window that was cancelled.
+inline constexpr std::string_view canceledAnswer = "Canceled";
+
+/// What the window shows, and its answer.
+struct ValueInput {
+    std::string prompt;
+    std::string text;                     // of `valueBox`
+    std::vector<std::string> references;  // the menu; an empty one does not open
+    std::string result;
+};
+extern ValueInput valueInput;
+
+/// Shows the window and returns the answer: the text, or "Canceled".
+std::string showValueInput(std::string_view prompt, std::string_view defaultText,
+                           const std::vector<std::string>& references);
+
+}  // namespace brasquelin
