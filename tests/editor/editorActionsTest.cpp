@@ -1,0 +1,253 @@
+#include "editor/editorActions.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "config/configFile.h"
+#include "editor/addCommand.h"
+#include "editor/addVariable.h"
+#include "editor/valueInput.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "support/programTest.h"
+
+namespace brasquelin {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class EditorActions : public ProgramTest {
+  protected:
+    EditorActions() {
+        editorState.reset();
+        write("profiles/a.bqp", {"#Brasquelin Profile A", "[profile]", "one", "[/profile]"});
+        settings.profilePath = folder() + "/profiles";
+        desktop_.onShow["inputForm"] = [this] { answerInput(); };
+        enterEditor();
+    }
+    ~EditorActions() override { editorState.reset(); }
+
+    /// The input window: the next of these answers is confirmed, none cancels.
+    void answerInput() {
+        prompts.push_back(valueInput.prompt + " [" + valueInput.text + "]");
+        if (inputs.empty()) return;
+        valueInput.result = inputs.front();
+        inputs.erase(inputs.begin());
+    }
+    std::string profile() const { return folder() + "/profiles/a.bqp"; }
+
+    ProfileDocument& document = editorState.document;
+    Lines inputs;
+    Lines prompts;
+};
+
+TEST_F(EditorActions, TheCurrentFileTakesTheConfiguredDirectorysPlace) {
+    EXPECT_EQ(settings.profilePath, "");
+    EXPECT_FALSE(canSave());
+    EXPECT_EQ(editorTitle(), "Profile Editor");
+    saveProfile();
+    saveProfileAs();
+    EXPECT_EQ(desktop_.dialogs.back().startName, joinPath(folder() + "/profiles", "newprofile.bqp"));
+    EXPECT_FALSE(canSave());
+
+    answerFile(profile());
+    openProfile();
+    EXPECT_EQ(document.listCommand, Lines{"one"});
+    EXPECT_EQ(editorTitle(), "a.bqp - Profile Editor");
+    EXPECT_EQ(settings.profilePath, profile());
+
+    enterEditor();
+    saveProfileAs();
+    EXPECT_EQ(desktop_.dialogs.back().startName, joinPath(folder() + "/profiles", "newprofile.bqp"));
+}
+
+TEST_F(EditorActions, SavesUnderANewNameAndThenThere) {
+    answerFile(folder() + "/new.bqp");
+    document.listCommand = {"x"};
+    saveProfileAs();
+    EXPECT_EQ(desktop_.dialogs[0].title + "/" + desktop_.dialogs[0].filter, "Save profile as/Profile Files|*.bqp");
+    document.listCommand = {"y"};
+    saveProfile();
+    EXPECT_NE(read("new.bqp").find("\r\ny\r\n"), std::string::npos);
+    startNewProfile();
+    EXPECT_FALSE(canSave());
+}
+
+TEST_F(EditorActions, FailuresNameTheFileAndKeepTheDocument) {
+    answerFile(profile());
+    openProfile();
+    answerFile(folder() + "/none.bqp");
+    openProfile();
+    answerFile(folder() + "/none/x.bqp");
+    saveProfileAs();
+    EXPECT_EQ(messages(),
+              (Lines{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/none.bqp'",
+                     "Brasquelin Error: Error 76 : Path not found\r\nWhile writting '" + folder() + "/none/x.bqp'"}));
+    EXPECT_EQ(document.listCommand, Lines{"one"});
+    EXPECT_EQ(settings.profilePath, profile());
+}
+
+TEST_F(EditorActions, AddsIncludesPluginsAndChecks) {
+    editorState.activeList = EditorList::include;
+    answerFile(folder() + "/lib.bqs");
+    answerFile(folder() + "/zip.EXE");
+    answerFile("/bin/veto.exe");
+    addLines();
+    addLines();
+    desktop_.yes = true;
+    answerText("-v");
+    addLines();
+    addLines();  // cancelled
+    EXPECT_EQ(document.listInclude,
+              (Lines{":Include $exepath$/lib.bqs", ":Plugin $exepath$/zip.EXE", ":Check /bin/veto.exe [Param=-v]"}));
+    EXPECT_EQ(document.pluginNames.count(), 2U);
+    EXPECT_EQ(document.pluginNames.row(1), "veto");
+    EXPECT_EQ(desktop_.dialogs[0].title, "Include a library , profile or plugin in project");
+    EXPECT_EQ(desktop_.questions[0], "Parameters: Enter parameters for launching plugin (Empty=NoParameters) []");
+}
+
+TEST_F(EditorActions, The257thPluginIsToldAndNotAdded) {
+    editorState.activeList = EditorList::include;
+    for (int i = 0; i < 256; ++i) document.pluginNames.append("p");
+    answerFile("/bin/veto.exe");
+    addLines();
+    EXPECT_TRUE(document.listInclude.empty());
+    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 9 : Subscript out of range"});
+}
+
+TEST_F(EditorActions, EveryActionWorksOnTheActiveList) {
+    document.listInclude = {"i"};
+    document.listVar = {"v"};
+    addLines();
+    clearActiveList();
+    EXPECT_TRUE(windowCalls().empty());
+    editorState.activeList = EditorList::variables;
+    addLines();
+    editorState.activeList = EditorList::commands;
+    addLines();
+    EXPECT_EQ(windowCalls(), (Lines{"show frmAddVar modal", "show frmAddCommand modal"}));
+    editorState.activeList = EditorList::variables;
+    answerText("w");
+    editLine(0);
+    answerText("");
+    editLine(0);
+    editLine(0);
+    editLine({});
+    EXPECT_EQ(document.listVar, Lines{"w"});
+    EXPECT_EQ(desktop_.questions,
+              (Lines{"Edit: Edit this value : [v]", "Edit: Edit this value : [w]", "Edit: Edit this value : [w]"}));
+    clearActiveList();
+    EXPECT_TRUE(document.listVar.empty());
+    EXPECT_EQ(document.listInclude, Lines{"i"});
+}
+
+TEST_F(EditorActions, RemovingSelectsTheLineThatFollows) {
+    editorState.activeList = EditorList::commands;
+    document.listCommand = {"a", ".x=1", "b"};
+    EXPECT_EQ(removeSelected(1), 1U);
+    EXPECT_EQ(removeSelected(0), 0U);
+    EXPECT_EQ(document.listCommand, Lines{"b"});
+    EXPECT_EQ(removeSelected(0), std::nullopt);
+}
+
+TEST_F(EditorActions, ALoopIsAppendedUnlessAnAnswerIsEmpty) {
+    document.listVar = {"count"};
+    answerText("i");
+    inputs = {"1", "$count$", "1"};
+    askLoop();
+    appendNext();
+    EXPECT_EQ(editorState.lstVar, (Lines{"$index$", "$count$"}));
+    EXPECT_EQ(prompts, (Lines{"Enter the 'ForToNext' var start : []", "Enter the 'ForToNext' var end : []",
+                              "Enter the 'ForToNext' var step : []"}));
+    const Lines loop{"For", ".VarName=i", ".VarStart=1", ".VarEnd=$count$", ".VarStep=1", "Next"};
+    EXPECT_EQ(document.listCommand, loop);
+    askLoop();  // cancelled
+    answerText("j");
+    inputs = {"1", "", "1"};
+    askLoop();
+    EXPECT_EQ(document.listCommand, loop);
+    answerText("j");
+    inputs = {"1"};
+    askLoop();
+    EXPECT_EQ(document.listCommand.size(), 11U);
+    EXPECT_EQ(document.listCommand.back(), ".VarStep=Canceled");
+}
+
+TEST_F(EditorActions, ACommandLineIsEditedUnlessCanceled) {
+    document.listCommand = {"a", "b"};
+    editCommandLine(1);
+    EXPECT_EQ(document.listCommand[1], "b");
+    inputs = {"c", ""};
+    editCommandLine(1);
+    editCommandLine(0);
+    editCommandLine({});
+    EXPECT_EQ(document.listCommand, (Lines{"", "c"}));
+    EXPECT_EQ(prompts, (Lines{"Edit this value : [b]", "Edit this value : [b]", "Edit this value : [a]"}));
+}
+
+TEST_F(EditorActions, TooManyGroupsToMoveAreTold) {
+    document.listCommand.assign(257, "call");
+    EXPECT_EQ(moveSelectedDown(3), 3U);
+    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 9 : Subscript out of range"});
+}
+
+TEST_F(EditorActions, LeavingUnloadsTheDialogsAndShowsTheMainWindow) {
+    desktop_.showWindow("frmAddVar", false);
+    leaveEditor();
+    EXPECT_EQ(windowCalls(), (Lines{"show frmAddVar", "unload frmAddVar", "show frmMain"}));
+}
+
+TEST_F(EditorActions, ADeclarationCollectsItsChoices) {
+    setGlobals({{"Out", "/out"}});
+    AddVariable dialog;
+    inputs = {"a", "$INDEX$", "$out$", "fast", "-O2"};
+    dialog.askListChoice();
+    for (int i = 0; i < 3; ++i) dialog.askCombEntry();
+    dialog.askListChoice();  // cancelled
+    EXPECT_EQ(dialog.fields.listChoices, (Lines{"a", "Canceled"}));
+    EXPECT_EQ(dialog.fields.combEntries, (Lines{"$INDEX$", "$out$", "fast[-O2]"}));
+    EXPECT_EQ(prompts, (Lines{"Add to list []", "Add to comb: name []", "Add to comb: name []", "Add to comb: name []",
+                              "Add to comb: com []", "Add to list []"}));
+    dialog.fields.type = "Comb";
+    dialog.add();
+    EXPECT_EQ(document.listVar, (Lines{"newvar", ".Type=Comb($INDEX$||$out$||fast[-O2])", ".Info=none", ".Default="}));
+    dialog.copyReference(5);
+    EXPECT_EQ(desktop_.clipboard, "$Out$");
+}
+
+TEST_F(EditorActions, ACallAsksForEachVariable) {
+    write("build.bqp", {"#Brasquelin Profile build", "[var]", "src", ".Type=Text", ".Info=", "dst", ".Type=Text",
+                        ".Info=", "[/var]"});
+    write("functions.ini", {"copy", "copy.ini"});
+    settings.basicFunctionPath = folder() + "/functions.ini";
+    document.listInclude = {":Include $exepath$/build.bqp"};
+    document.pluginNames.append("zip");
+    const AddCommand dialog;
+    ASSERT_EQ(dialog.entries().size(), 3U);
+    inputs = {"from", "to", "", "-r out.zip"};
+    for (std::size_t i = 0; i < 4; ++i) dialog.configure(i);
+    dialog.configure(0);
+    EXPECT_EQ(document.listCommand, (Lines{"build", ".src=from", ".dst=to", "BasicFunction.copy=",
+                                           "Plugin.zip=-r out.zip", "build", ".src=Canceled", ".dst=Canceled"}));
+    EXPECT_EQ((Lines{prompts.begin(), prompts.begin() + 4}),
+              (Lines{"src []", "dst []", "Basic Function parameter : []", "Plugin Command Line : []"}));
+    EXPECT_EQ(valueInput.references, dialog.references());
+}
+
+TEST_F(EditorActions, EverySampleProfileComesBackAsItWas) {
+    int samples = 0;
+    for (const auto& file : std::filesystem::directory_iterator(BRASQUELIN_SAMPLES "/profiles")) {
+        std::string bytes = readFileBytes(file.path().string());
+        writeBytes("sample.bqp", bytes);
+        answerFile(folder() + "/sample.bqp");
+        openProfile();
+        saveProfile();
+        EXPECT_EQ(read("sample.bqp"), bytes) << file.path();
+        ++samples;
+    }
+    EXPECT_GE(samples, 4);
+}
+
+}  // namespace
+}  // namespace brasquelin

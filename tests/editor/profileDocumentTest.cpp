@@ -1,0 +1,244 @@
+#include "editor/profileDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "config/configFile.h"
+#include "platform/paths.h"
+#include "support/programTest.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class ProfileDocumentTest : public ProgramTest {
+  protected:
+    std::string path(const std::string& name = "test.bqp") const { return folder() + "/" + name; }
+    void open(const Lines& lines) {
+        write("test.bqp", lines);
+        openDocument(document, path());
+    }
+
+    ProfileDocument document;
+};
+
+TEST_F(ProfileDocumentTest, SavesNothingButTheProfileSectionOfAnEmptyDocument) {
+    saveDocument(document, path());
+    EXPECT_EQ(read("test.bqp"), "#Brasquelin Profile newprofile\r\n\r\n\r\n[profile]\r\n\r\n\r\n[/profile]\r\n");
+}
+
+TEST_F(ProfileDocumentTest, FramesOnlyTheVariablesWithEmptyLines) {
+    document = {"Caf\xc3\xa9", {":Include a.bqs"}, {"x", ".Type=Text"}, {"Next"}, {}};
+    EXPECT_EQ(documentLines(document), (Lines{"#Brasquelin Profile Caf\xc3\xa9",
+                                              "",
+                                              "",
+                                              "[library]",
+                                              "",
+                                              ":Include a.bqs",
+                                              "",
+                                              "[/library]",
+                                              "",
+                                              "[var]",
+                                              "",
+                                              "x",
+                                              ".Type=Text",
+                                              "",
+                                              "[/var]",
+                                              "",
+                                              "[profile]",
+                                              "",
+                                              "Next",
+                                              "",
+                                              "[/profile]"}));
+    document.listVar.clear();
+    EXPECT_EQ(documentLines(document)[8], "[profile]");
+}
+
+TEST_F(ProfileDocumentTest, ReadsSectionsInAnyOrderAndLetterCase) {
+    open({"any header will do: My name", "stray", "[PROFILE]", "", "one", " [var]", "[/Profile]", "lost", "[Var]", "x",
+          "[/VAR]", "[library]", ":include a"});
+    EXPECT_EQ(document.profileName, "My name");
+    EXPECT_EQ(document.listCommand, (Lines{"one", " [var]"}));
+    EXPECT_EQ(document.listVar, Lines{"x"});
+    EXPECT_EQ(document.listInclude, Lines{":include a"});
+    EXPECT_EQ(settings.profilePath, path());
+}
+
+TEST_F(ProfileDocumentTest, AnUnclosedSectionRunsToTheEndAndTakesNoTag) {
+    open({"short", "[var]", "x", "[library]", "y", "[/library]", "[profile]", "z"});
+    EXPECT_EQ(document.profileName, "");
+    EXPECT_EQ(document.listVar, (Lines{"x", "y", "z"}));
+    EXPECT_EQ(document.listInclude, Lines{"y"});
+    EXPECT_EQ(document.listCommand, Lines{"z"});
+}
+
+TEST_F(ProfileDocumentTest, AProfileWithEveryFeatureComesBackByteForByte) {
+    const Lines lines{"#Brasquelin Profile Every feature $x$ \xc3\xa9",
+                      "",
+                      "",
+                      "[library]",
+                      "",
+                      ":Include $exepath$\\a.bqs",
+                      ":include C:\\b.bqp",
+                      ":Check $scriptpath$/c.exe",
+                      ":CHECK d.exe [param=x]",
+                      "",
+                      "[/library]",
+                      "",
+                      "[var]",
+                      "",
+                      "t",
+                      ".Type=Text",
+                      ".Info= blanks kept ",
+                      ".Default=",
+                      "c",
+                      ".Type=Comb(A[1]||$Index$)",
+                      ".Info=none",
+                      ".Default=1",
+                      "",
+                      "[/var]",
+                      "",
+                      "[profile]",
+                      "",
+                      "For",
+                      ".VarName=i",
+                      ".VarStart=1",
+                      ".VarEnd=$count$",
+                      ".VarStep=1",
+                      "Title of a",
+                      ".t=$i$",
+                      "BasicFunction.copy=a=1||b=2",
+                      "Plugin.zip=-r",
+                      "Next",
+                      "",
+                      "[/profile]"};
+    open(lines);
+    const std::string bytes = read("test.bqp");
+    saveDocument(document, path("copy.bqp"));
+    EXPECT_EQ(read("copy.bqp"), bytes);
+    EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(ProfileDocumentTest, AFailedOpenOrSaveLeavesTheDocument) {
+    open({"#Brasquelin Profile Kept", "[profile]", "line", "[/profile]"});
+    write("empty.bqp", {});
+    Lines plugins{"#Brasquelin Profile Many", "[library]"};
+    plugins.resize(2 + 257, ":plugin p.exe");
+    write("many.bqp", plugins);
+    EXPECT_EQ(errorOf([&] { openDocument(document, path("none.bqp")); }), ErrorNumber::fileNotFound);
+    EXPECT_EQ(errorOf([&] { openDocument(document, path("empty.bqp")); }), ErrorNumber::inputPastEnd);
+    EXPECT_EQ(errorOf([&] { openDocument(document, path("many.bqp")); }), ErrorNumber::subscriptOutOfRange);
+    EXPECT_EQ(errorOf([&] { saveDocument(document, path("none/x.bqp")); }), ErrorNumber::pathNotFound);
+    EXPECT_EQ(document.listCommand, Lines{"line"});
+    EXPECT_EQ(document.profileName, "Kept");
+    EXPECT_TRUE(document.pluginNames.empty());
+    EXPECT_EQ(settings.profilePath, path());
+    EXPECT_TRUE(commands().empty());
+}
+
+TEST_F(ProfileDocumentTest, OpeningAsksThePluginsForTheirVariables) {
+    onCommand("zip.exe", [&] { write("zip.var", {"level = 9", "files = 3"}); });
+    open({"#Brasquelin Profile P", "[library]", ":PLUGIN $ExePath$/zip.exe [Param=-x \"a b\"]",
+          ":plugin $scriptpath$/silent.exe", ":check $exepath$/check.exe", "[/library]"});
+    EXPECT_EQ(commands(), (Lines{"\"" + folder() + "/zip.exe\" -x \"a b\"", "\"" + folder() + "/silent.exe\" "}));
+    ASSERT_EQ(document.pluginNames.count(), 2U);
+    EXPECT_EQ(document.pluginNames.row(0), "zip");
+    EXPECT_EQ(document.pluginNames.row(1), "silent");
+    EXPECT_EQ(variableTables.pluginResults[0].count(), 2U);
+    EXPECT_EQ(variableTables.pluginResults[0].row(1).name, "files");
+    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() +
+                                "/silent.var'\r\nFrom file '" + folder() + "/silent.exe'"});
+}
+
+TEST_F(ProfileDocumentTest, PluginNamesStayUntilANewDocumentOrAClearedList) {
+    document.pluginNames.append("added");
+    document.listInclude = {":Plugin added.exe"};
+    removeLines(document, EditorList::include, 0);
+    open({"#Brasquelin Profile P", "[profile]"});
+    EXPECT_EQ(document.pluginNames.count(), 1U);
+    clearList(document, EditorList::commands);
+    EXPECT_EQ(document.pluginNames.count(), 1U);
+    clearList(document, EditorList::include);
+    EXPECT_TRUE(document.pluginNames.empty());
+    document.pluginNames.append("added");
+    newDocument(document);
+    EXPECT_TRUE(document.pluginNames.empty());
+    EXPECT_EQ(document.profileName, "newprofile");
+    EXPECT_EQ(settings.profilePath, "");
+}
+
+TEST_F(ProfileDocumentTest, RemovingTakesTheAttributeLinesAlong) {
+    const Lines commands{".lost", "For", ".VarName=i", ".VarStart=1", "Next", "last", ".x=1"};
+    document.listCommand = commands;
+    for (const std::size_t attribute : {0U, 2U, 7U}) {
+        EXPECT_FALSE(removeLines(document, EditorList::commands, attribute));
+    }
+    EXPECT_FALSE(removeLines(document, EditorList::commands, {}));
+    EXPECT_EQ(document.listCommand, commands);
+    EXPECT_TRUE(removeLines(document, EditorList::commands, 5));
+    EXPECT_TRUE(removeLines(document, EditorList::commands, 1));
+    EXPECT_EQ(document.listCommand, (Lines{".lost", "Next"}));
+    document.listInclude = {":Include a", ".odd", ".odd"};
+    EXPECT_TRUE(removeLines(document, EditorList::include, 1));
+    EXPECT_EQ(document.listInclude, (Lines{":Include a", ".odd"}));
+}
+
+TEST_F(ProfileDocumentTest, GroupsMoveWholeAndTheSelectionFollows) {
+    document.listCommand = {"For", ".VarName=i", "call", ".a=1", ".b=2", "Next"};
+    EXPECT_EQ(moveGroupUp(document, 4), 2U);
+    EXPECT_EQ(document.listCommand, (Lines{"call", ".a=1", ".b=2", "For", ".VarName=i", "Next"}));
+    EXPECT_EQ(moveGroupUp(document, 1), 1U);
+    EXPECT_EQ(moveGroupDown(document, 5), 5U);
+    EXPECT_EQ(document.listCommand.front(), "call");
+    EXPECT_EQ(moveGroupDown(document, 3), 4U);
+    EXPECT_EQ(document.listCommand, (Lines{"call", ".a=1", ".b=2", "Next", "For", ".VarName=i"}));
+}
+
+TEST_F(ProfileDocumentTest, WithNothingSelectedTheFirstGroupMovesDownButNotUp) {
+    document.listCommand = {"a", ".x=1", "b"};
+    EXPECT_EQ(moveGroupUp(document, {}), std::nullopt);
+    EXPECT_EQ(document.listCommand.front(), "a");
+    EXPECT_EQ(moveGroupDown(document, {}), 1U);
+    EXPECT_EQ(document.listCommand, (Lines{"b", "a", ".x=1"}));
+    document.listCommand.clear();
+    EXPECT_EQ(moveGroupDown(document, {}), std::nullopt);
+}
+
+TEST_F(ProfileDocumentTest, MovesUpTo256GroupsOf256Lines) {
+    document.listCommand.assign(256, "call");
+    document.listCommand.insert(document.listCommand.end(), 255, ".x=1");
+    EXPECT_EQ(moveGroupUp(document, 300), 299U);
+    const auto before = document.listCommand;
+    document.listCommand.emplace_back("one more");
+    EXPECT_EQ(errorOf([&] { moveGroupUp(document, 5); }), ErrorNumber::subscriptOutOfRange);
+    document.listCommand = {"a", "call"};
+    document.listCommand.resize(2 + 256, ".x=1");
+    const auto longGroup = document.listCommand;
+    EXPECT_EQ(errorOf([&] { moveGroupDown(document, 0); }), ErrorNumber::subscriptOutOfRange);
+    EXPECT_EQ(document.listCommand, longGroup);
+}
+
+TEST_F(ProfileDocumentTest, ProposesAFileInTheProfileDirectoryOrBehindTheCurrentFile) {
+    EXPECT_EQ(proposedFileName(document, "/profiles"), joinPath("/profiles", "newprofile.bqp"));
+    settings.profilePath = "/profiles/a.bqp";
+    EXPECT_EQ(proposedFileName(document, "/profiles"), joinPath("/profiles/a.bqp", "newprofile.bqp"));
+}
+
+TEST_F(ProfileDocumentTest, AHundredThousandLinesOpenAndSaveQuickly) {
+    Lines lines{"#Brasquelin Profile Long", "", "", "[profile]", ""};
+    for (int i = 0; i < 25'000; ++i) lines.insert(lines.end(), {"Title", ".first=$x$", ".second=2", "[not a tag]"});
+    lines.insert(lines.end(), {"", "[/profile]"});
+    write("test.bqp", lines);
+    const auto start = std::chrono::steady_clock::now();
+    openDocument(document, path());
+    saveDocument(document, path("copy.bqp"));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_EQ(document.listCommand.size(), 100'000U);
+    EXPECT_EQ(read("copy.bqp"), read("test.bqp"));
+}
+
+}  // namespace
+}  // namespace brasquelin
