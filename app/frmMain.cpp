@@ -76,7 +76,10 @@ FrmMain::FrmMain()
     JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
 
     SetMinSize(FromDIP(wxSize(420, 260)));
-    SetSize(FromDIP(wxSize(1060, 560)));
+    constexpr int charactersOnToolbar = 125;
+    wxSize size = FromDIP(wxSize(1060, 560));
+    size.IncTo(wxSize(charactersOnToolbar * GetCharWidth(), 0));
+    SetSize(size);
     placeOnScreen(*this);
     JobList_->SetFocus();
 }

@@ -26,7 +26,7 @@ int bestHeight(wxWindow* control) {
 }  // namespace
 
 TwipScale::TwipScale(wxWindow& window) {
-    const wxSize dpi = window.GetDPI();
+    const wxSize dpi = window.FromPhys(window.GetDPI());  // pixels as the toolkit counts them
     const int text = std::max(bestHeight(new wxTextCtrl(&window, wxID_ANY)), window.GetCharHeight() + 8);
     const int dropDown = bestHeight(new wxComboBox(&window, wxID_ANY, {}, {}, {}, 0, nullptr, wxCB_READONLY));
     x_ = std::max(dpi.x / twipsPerInch, window.GetCharWidth() / twipsPerCharacter);
