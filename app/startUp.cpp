@@ -40,18 +40,6 @@ void inContext(std::string context, Step step) {
     errorContext.clear();
 }
 
-void resetTables() {
-    settings.reset();
-    variableTables.reset();
-    engineTables.reset();
-    functionAction = {};
-    resetPrompts();
-    opening.reset();
-    jobList.clear();
-    errorContext.clear();
-    setJobSink([](std::string line) { jobList.append(std::move(line)); });
-}
-
 /// The settings, before the command line is looked at.
 void prepare(const std::string& commandLine, const StartUpWindows& windows) {
     settings.startingUp = true;
@@ -129,6 +117,20 @@ void reportStartUpError(const RunTimeError& error) {
 }
 
 }  // namespace
+
+void resetTables() {
+    settings.reset();
+    variableTables.reset();
+    engineTables.reset();
+    functionAction = {};
+    resetPrompts();
+    opening.reset();
+    jobList.clear();
+    forgetTextFiles();
+    errorContext.clear();
+    childProcessId = 0;
+    setJobSink([](std::string line) { jobList.append(std::move(line)); });
+}
 
 bool startUp(const std::string& commandLine, const StartUpWindows& windows) {
     resetTables();

@@ -12,6 +12,9 @@ struct StartUpWindows {
     std::function<void()> detectBorders;
 };
 
+/// Every table as at the start of the program. What the interpreter hands over goes to the job list.
+void resetTables();
+
 /// Resets every table, registers the file types, reads the configuration, and does what the command line asks for.
 /// Run-time errors are reported and stop it. True when the program goes on interactively; false when start-up was
 /// stopped by an error. Raises EndProgram.

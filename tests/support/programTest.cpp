@@ -4,16 +4,11 @@
 #include <iterator>
 #include <random>
 
-#include "app/jobList.h"
-#include "app/openFile.h"
+#include "app/startUp.h"
 #include "config/configFile.h"
-#include "engine/basicFunction.h"
-#include "engine/engineTables.h"
 #include "engine/runProfile.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
-#include "vars/loadPrompt.h"
-#include "vars/variableTables.h"
 
 namespace brasquelin {
 
@@ -27,24 +22,12 @@ std::filesystem::path newDirectory() {
     }
 }
 
-void resetAll() {
-    settings.reset();
-    variableTables.reset();
-    engineTables.reset();
-    functionAction = {};
-    resetPrompts();
-    opening.reset();
-    jobList.clear();
-    forgetTextFiles();
-    childProcessId = 0;
-}
-
 }  // namespace
 
 ProgramTest::ProgramTest() : directory_(newDirectory()), startedIn_(std::filesystem::current_path()) {
     setProgramDirectory(directory_.string());
     folder_ = exeDirectory();
-    resetAll();
+    resetTables();
     setDesktop(desktop_);
     setClock(&clock_);
     setProcessTable(&processes_);
@@ -57,7 +40,7 @@ ProgramTest::~ProgramTest() {
     setClock(nullptr);
     setProcessTable(nullptr);
     setJobSink({});
-    resetAll();
+    resetTables();
     setProgramDirectory({});
     std::filesystem::current_path(startedIn_);
     std::error_code ignored;
