@@ -25,7 +25,8 @@ void requireFile(const std::string& path) {
     throw EndProgram(1);
 }
 
-/// The title behind a header of `headerLength` characters; line 1 must be longer than that by more than one.
+/// The title behind a header of `headerLength` characters, blanks turned into "_"; line 1 must be longer than that by
+/// more than one.
 std::string titleInFirstLine(const std::string& path, std::size_t headerLength) {
     const auto file = readTextFile(path);
     const std::string_view line = file->lines.empty() ? std::string_view() : std::string_view(file->lines.front());
@@ -33,7 +34,9 @@ std::string titleInFirstLine(const std::string& path, std::size_t headerLength) 
         showCritical("Error while loading '" + path + "' line 1", errorTitle);
         throw EndProgram(1);
     }
-    return std::string(fromCharacter(line, headerLength + 1));
+    std::string title(fromCharacter(line, headerLength + 1));
+    std::replace(title.begin(), title.end(), ' ', '_');
+    return title;
 }
 
 bool needsUser(const PromptForm& form, const std::vector<std::string>& presets) {
@@ -89,9 +92,7 @@ std::shared_ptr<PromptForm> newForm(PromptKind kind, const std::string& path, st
 }  // namespace
 
 std::string readProfileTitle(const std::string& path) {
-    std::string title = titleInFirstLine(path, std::string_view("#Brasquelin Profile ").size());
-    std::replace(title.begin(), title.end(), ' ', '_');
-    return title;
+    return titleInFirstLine(path, std::string_view("#Brasquelin Profile ").size());
 }
 
 std::string readFunctionTitle(const std::string& path) {

@@ -27,7 +27,7 @@ void loadProfile(const std::string& path, OpenOptions options);
 /// The same for a library.
 void loadFunction(const std::string& path, OpenOptions options);
 
-/// The title in line 1, blanks turned into "_" for a profile. Ends the program after its message for a line that is too
+/// The title in line 1, blanks turned into "_". Ends the program after its message for a line that is too
 /// short.
 std::string readProfileTitle(const std::string& path);
 std::string readFunctionTitle(const std::string& path);

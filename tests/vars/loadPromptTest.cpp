@@ -103,6 +103,7 @@ TEST_F(LoadPrompt, PresetsConfirmUnseenAlsoWhenTheyCoverOnlySomeRows) {
     EXPECT_EQ(values(), (Lines{"title=only", "color=green", "speed=", "input=", "log=old"}));
     EXPECT_EQ(confirmed, 2);
     load(PromptKind::function, {"T", "1", "1", "/in", "C:\\x"});
+    EXPECT_EQ(form(PromptKind::function).title, "My_tool");
     EXPECT_EQ(functionArguments(), (Lines{"title=T", "color=red", "speed=-f", "input=/in", "log=old"}));
 }
 
