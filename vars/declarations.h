@@ -5,11 +5,11 @@
 
 namespace brasquelin {
 
-/// What follows the message about an invalid type specification.
+/// What follows the message about an invalid type text.
 enum class OnParseError { endProgram, report };
 
 /// Reads the declarations of a profile into the table of `level`. A 257th one is reported and the 256 stay. False when
-/// an invalid type specification was only reported; the table is empty then. Raises the error of opening the file.
+/// an invalid type text was only reported; the table is empty then. Raises the error of opening the file.
 bool readProfileVariables(std::string_view path, int level, OnParseError onParseError = OnParseError::endProgram);
 
 /// The same for a library or basic function, into `functionVariables`. It differs in three points: its line numbers

@@ -21,7 +21,7 @@ struct OpenOptions {
 };
 
 /// Reads and prompts for a profile. A profile without variables is run at once. Ends the program for a missing
-/// file, a first line that is too short and an invalid type specification, each after its message.
+/// file, a first line that is too short and an invalid type text, each after its message.
 void loadProfile(const std::string& path, OpenOptions options);
 
 /// The same for a library.

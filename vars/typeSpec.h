@@ -1,4 +1,4 @@
-// Type specifications of variables: "Text", "List(a||b)", "Comb(label[value]||...)", "PathOpen(filter)" ...
+// Type texts of variables: "Text", "List(a||b)", "Comb(label[value]||...)", "PathOpen(filter)" ...
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ VariableKind kindOf(std::string_view typeSpec);
 
 bool isValidTypeSpec(std::string_view typeSpec);
 
-/// A type specification that is not valid: the file and the line that holds it.
+/// A type text that is not valid: the file and the line that holds it.
 struct ParseError {
     std::string path;
     int line = 0;

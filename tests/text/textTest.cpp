@@ -99,7 +99,7 @@ TEST(Substitution, DirectoriesAndDoubledBackslashes) {
     EXPECT_EQ(dirOf("a.bqp"), "");
     EXPECT_EQ(doubleBackslashes("C:\\Work\\P"), "C:\\\\Work\\\\P");
     EXPECT_EQ(doubleBackslashes("C:\\abc"), "");
-    EXPECT_EQ(doubleBackslashes("/work/a\\b"), "/work/a\\b");
+    EXPECT_EQ(doubleBackslashes("/data/a\\b"), "/data/a\\b");
 }
 
 TEST(RunTimeErrors, TellTheFileTheyAreAbout) {

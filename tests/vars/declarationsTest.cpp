@@ -94,7 +94,7 @@ TEST_F(Declarations, TheTableHolds256) {
               Lines{"Brasquelin Error: Error 9 : Subscript out of range\r\nWhile loading '" + path() + "'"});
 }
 
-TEST_F(Declarations, PluginVariablesReachTypeSpecifications) {
+TEST_F(Declarations, PluginVariablesReachTypes) {
     variableTables.pluginResults[0].append({"items", "a||b"});
     readFunction({"[var]", "x", ".Type=List($Items$)", ".Info=", ".Default=1", "[/var]"});
     EXPECT_EQ(function().row(0).typeSpec, "List(a||b)");
