@@ -21,7 +21,6 @@ namespace brasquelin {
 namespace {
 
 constexpr int firstCommandId = wxID_HIGHEST + 1;
-constexpr int side = 32;  // of a toolbar picture
 
 int idOf(const MainCommand& command) {
     return firstCommandId + static_cast<int>(&command - mainCommands().data());
@@ -100,22 +99,15 @@ void FrmMain::makeMenu() {
 }
 
 void FrmMain::makeToolbar() {
+    constexpr int side = 32;
     auto* toolbar = CreateToolBar(wxTB_HORIZONTAL | wxTB_TEXT | wxTB_FLAT, wxID_ANY, "Toolbar1");
     toolbar->SetToolBitmapSize(wxSize(side, side));
-    const wxBitmapBundle empty = wxBitmapBundle::FromBitmap(wxBitmap(side, side));
     for (const auto& command : mainCommands()) {
-        toolbar->AddTool(idOf(command), toWx(command.toolbarCaption), empty, toWx(command.caption));
+        const auto which = pictures[static_cast<std::size_t>(idOf(command) - firstCommandId)];
+        toolbar->AddTool(idOf(command), toWx(command.toolbarCaption), picture(which, side), toWx(command.caption));
         if (!command.separatorBehind.empty()) toolbar->AddSeparator();
     }
     toolbar->Realize();
-}
-
-void FrmMain::prepareToolbar() {
-    for (const auto& command : mainCommands()) {
-        const auto which = pictures[static_cast<std::size_t>(idOf(command) - firstCommandId)];
-        GetToolBar()->SetToolNormalBitmap(idOf(command), picture(which, side));
-    }
-    GetToolBar()->Realize();
 }
 
 void FrmMain::run(const MainCommand& command) {
@@ -142,8 +134,10 @@ void FrmMain::closing(wxCloseEvent& /*event*/) {
 
 void startWithMainWindow(const std::string& commandLine) {
     auto& windows = dynamic_cast<WxDesktop&>(desktop());
-    auto& frmMain = dynamic_cast<FrmMain&>(windows.loadWindow("frmMain"));
-    startUp(commandLine, {[&] { frmMain.prepareToolbar(); }, detectBorders});
+    windows.loadWindow("frmMain");
+    StartUpWindows steps;
+    steps.detectBorders = detectBorders;  // the toolbar has its pictures from the start
+    startUp(commandLine, steps);
     windows.unloadWindow("frmWait");  // start-up may have stopped while it was shown
     windows.showWindow("frmMain", false);
     for (const auto* prompt : {"frmVarProfile", "frmVarFunction"}) {

@@ -16,9 +16,6 @@ class FrmMain : public wxFrame {
     FrmMain();
     ~FrmMain() override;
 
-    /// Gives the toolbar buttons their pictures.
-    void prepareToolbar();
-
   private:
     void makeMenu();
     void makeToolbar();

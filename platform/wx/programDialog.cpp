@@ -40,7 +40,7 @@ void ProgramDialog::closeAndThen(std::function<void()> step) {
     if (modal) {
         lastStep_ = std::move(step);
     } else {
-        wxTheApp->CallAfter(std::move(step));
+        wxTheApp->CallAfter(step);
     }
     closeWindow();
 }

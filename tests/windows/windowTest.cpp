@@ -87,6 +87,7 @@ int ModalScript::answerQuestion(wxDialog& dialog) {
 }
 
 int ModalScript::Enter(wxDialog* dialog) {
+    if (!dialog) return wxID_NONE;
     if (const auto* box = dynamic_cast<wxMessageDialogBase*>(dialog)) {
         messages.push_back(fromWx(box->GetCaption()) + ": " + fromWx(box->GetMessage()));
         return wxID_OK;
