@@ -175,6 +175,50 @@ void about(wxGraphicsContext& canvas) {
     line(canvas, 12, 7, 12, 7.05);
 }
 
+void arrow(wxGraphicsContext& canvas, double tip, double foot) {
+    const double shoulder = (tip + foot) / 2;
+    wxGraphicsPath path = canvas.CreatePath();
+    path.MoveToPoint(12, tip);
+    path.AddLineToPoint(21, shoulder);
+    path.AddLineToPoint(15.5, shoulder);
+    path.AddLineToPoint(15.5, foot);
+    path.AddLineToPoint(8.5, foot);
+    path.AddLineToPoint(8.5, shoulder);
+    path.AddLineToPoint(3, shoulder);
+    path.CloseSubpath();
+    canvas.SetBrush(wxBrush(blue));
+    pen(canvas, outline, 1);
+    canvas.DrawPath(path);
+}
+
+void moveUp(wxGraphicsContext& canvas) {
+    arrow(canvas, 2, 22);
+}
+
+void moveDown(wxGraphicsContext& canvas) {
+    arrow(canvas, 22, 2);
+}
+
+/// A dollar sign and a mark that tells of a menu.
+void reference(wxGraphicsContext& canvas) {
+    pen(canvas, blue, 2.4);
+    wxGraphicsPath path = canvas.CreatePath();
+    path.MoveToPoint(13.5, 7.5);
+    path.AddCurveToPoint(11, 3.5, 3.5, 4.5, 3.5, 8.5);
+    path.AddCurveToPoint(3.5, 13, 13.5, 11, 13.5, 15.5);
+    path.AddCurveToPoint(13.5, 19.5, 6, 20.5, 3, 16.5);
+    canvas.StrokePath(path);
+    line(canvas, 8.5, 2, 8.5, 22);
+    canvas.SetPen(*wxTRANSPARENT_PEN);
+    canvas.SetBrush(wxBrush(outline));
+    wxGraphicsPath mark = canvas.CreatePath();
+    mark.MoveToPoint(16, 10);
+    mark.AddLineToPoint(23.5, 10);
+    mark.AddLineToPoint(19.75, 15);
+    mark.CloseSubpath();
+    canvas.FillPath(mark);
+}
+
 void program(wxGraphicsContext& canvas) {
     canvas.SetPen(*wxTRANSPARENT_PEN);
     canvas.SetBrush(wxBrush(wxColour(0x24, 0x3b, 0x5a)));
@@ -208,6 +252,12 @@ Painter painterOf(Picture which) {
             return options;
         case Picture::about:
             return about;
+        case Picture::moveUp:
+            return moveUp;
+        case Picture::moveDown:
+            return moveDown;
+        case Picture::reference:
+            return reference;
         case Picture::program:
             break;
     }

@@ -15,6 +15,9 @@ enum class Picture {
     profileEditor,
     options,
     about,
+    moveUp,
+    moveDown,
+    reference,
     program
 };
 
