@@ -7,6 +7,10 @@
 #include "app/frmMain.h"
 #include "app/frmWait.h"
 #include "config/frmOption.h"
+#include "editor/frmAddCommand.h"
+#include "editor/frmAddVar.h"
+#include "editor/frmCreateProfile.h"
+#include "editor/inputForm.h"
 #include "platform/wx/wxDesktop.h"
 #include "vars/frmVarFunction.h"
 #include "vars/frmVarProfile.h"
@@ -31,6 +35,10 @@ void registerWindows(WxDesktop& windows) {
     windows.registerWindow("frmWait", make<FrmWait>);
     windows.registerWindow("frmOption", make<FrmOption>);
     windows.registerWindow("frmAbout", make<FrmAbout>);
+    windows.registerWindow("frmCreateProfile", make<FrmCreateProfile>);
+    windows.registerWindow("frmAddVar", make<FrmAddVar>);
+    windows.registerWindow("frmAddCommand", make<FrmAddCommand>);
+    windows.registerWindow("inputForm", make<InputForm>);
     windows.registerWindow("frmDetectBorder", make<FrmDetectBorder>);
 }
 

@@ -8,6 +8,8 @@
 #include "app/openFile.h"
 #include "config/configFile.h"
 #include "config/registerFileTypes.h"
+#include "editor/editorState.h"
+#include "editor/valueInput.h"
 #include "engine/basicFunction.h"
 #include "engine/engineTables.h"
 #include "engine/runProfile.h"
@@ -124,6 +126,8 @@ void resetTables() {
     engineTables.reset();
     functionAction = {};
     resetPrompts();
+    editorState.reset();
+    valueInput = {};
     opening.reset();
     jobList.clear();
     forgetTextFiles();

@@ -100,14 +100,16 @@ void startNewProfile() {
     newDocument(editorState.document);
 }
 
-void openProfile() {
+bool openProfile() {
     const std::string path =
         desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", {}});
-    if (path.empty()) return;
+    if (path.empty()) return false;
     try {
         openDocument(editorState.document, path);
+        return true;
     } catch (const RunTimeError& error) {
         showCritical(error.reportWhileLoading(path), errorTitle);
+        return false;
     }
 }
 

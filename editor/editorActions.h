@@ -21,8 +21,8 @@ std::string editorTitle();
 
 // The menu "Profile". A file that cannot be read or written is reported; the document is as it was then.
 void startNewProfile();
-void openProfile();
-bool canSave();  // there is a current file
+bool openProfile();  // true when the document is another one now
+bool canSave();      // there is a current file
 void saveProfile();
 void saveProfileAs();
 

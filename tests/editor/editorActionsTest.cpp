@@ -20,13 +20,11 @@ using Lines = std::vector<std::string>;
 class EditorActions : public ProgramTest {
   protected:
     EditorActions() {
-        editorState.reset();
         write("profiles/a.bqp", {"#Brasquelin Profile A", "[profile]", "one", "[/profile]"});
         settings.profilePath = folder() + "/profiles";
         desktop_.onShow["inputForm"] = [this] { answerInput(); };
         enterEditor();
     }
-    ~EditorActions() override { editorState.reset(); }
 
     /// The input window: the next of these answers is confirmed, none cancels.
     void answerInput() {

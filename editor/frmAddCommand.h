@@ -1,0 +1,27 @@
+// Appends a call to the profile.
+#pragma once
+
+#include "editor/addCommand.h"
+#include "platform/wx/programDialog.h"
+
+class wxButton;
+class wxComboBox;
+class wxSizer;
+
+namespace brasquelin {
+
+class FrmAddCommand : public ProgramDialog {
+  public:
+    FrmAddCommand();
+
+  private:
+    wxSizer* makeNames();
+    wxSizer* makeReferences();
+    void configure();
+
+    AddCommand model_;
+    wxComboBox* Combo1_ = nullptr;
+    wxButton* Command1_ = nullptr;
+};
+
+}  // namespace brasquelin

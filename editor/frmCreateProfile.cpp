@@ -1,0 +1,290 @@
+#include "editor/frmCreateProfile.h"
+
+#include <wx/bmpbuttn.h>
+#include <wx/menu.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/utils.h>
+
+#include <utility>
+
+#include "editor/frmEditorList.h"
+#include "platform/desktop.h"
+#include "platform/wx/pictures.h"
+#include "platform/wx/placement.h"
+#include "platform/wx/popUpMenu.h"
+#include "platform/wx/wxText.h"
+
+namespace brasquelin {
+
+namespace {
+
+enum MenuId { mnuAdd = wxID_HIGHEST + 1, mnuEdit, mnuRemove, mnuClear, mnuFor, mnuNext };
+
+constexpr int loopDelay = 50;  // milliseconds, so that the menu has closed
+constexpr int editDelay = 100;
+
+/// The window is at work: while plugins run, events come through all the same.
+class AtWork {
+  public:
+    explicit AtWork(bool& busy) : busy_(busy) { busy_ = true; }
+    ~AtWork() { busy_ = false; }
+    AtWork(const AtWork&) = delete;
+    AtWork& operator=(const AtWork&) = delete;
+
+  private:
+    bool& busy_;
+};
+
+void fillContextMenu(wxMenu& menu, bool hasSelection, bool isCommandList) {
+    menu.Append(mnuAdd, "Add\tIns");
+    menu.Append(mnuEdit, "Edit\tF2")->Enable(hasSelection);
+    menu.AppendSeparator();
+    menu.Append(mnuRemove, "Remove\tDel")->Enable(hasSelection);
+    menu.Append(mnuClear, "Clear");
+    if (!isCommandList) return;
+    menu.AppendSeparator();
+    menu.Append(mnuFor, "For ...");
+    menu.Append(mnuNext, "... Next");
+}
+
+}  // namespace
+
+FrmCreateProfile::FrmCreateProfile()
+    : wxFrame(nullptr, wxID_ANY, "Profile Editor", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE,
+              "frmCreateProfile") {
+    enterEditor();
+    SetIcons(programIcons());
+    SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
+    makeMenu();
+    bindMenus();
+    bindTimers();
+    auto* all = new wxBoxSizer(wxVERTICAL);
+    all->Add(makeName(), wxSizerFlags().Expand().DoubleBorder(wxALL));
+    const auto below = wxSizerFlags(2).Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM);
+    all->Add(makeList(listInclude_, EditorList::include, "listInclude",
+                      "Include (library , profile or plugin) :", "[library] ... [/library]"),
+             below);
+    all->Add(makeList(listVar_, EditorList::variables, "listVar", "Variables :", "[var] ... [/var]"),
+             wxSizerFlags(below).Proportion(3));
+    auto* commands = new wxBoxSizer(wxHORIZONTAL);
+    commands->Add(makeList(listCommand_, EditorList::commands, "listCommand",
+                           "Profile (Command to execute) :", "[profile] ... [/profile]"),
+                  wxSizerFlags(1).Expand());
+    commands->Add(makeMoveButtons(), wxSizerFlags().CenterVertical().Border(wxLEFT));
+    all->Add(commands, wxSizerFlags(below).Proportion(4));
+    SetSizer(all);
+    Bind(wxEVT_CLOSE_WINDOW, &FrmCreateProfile::closing, this);
+
+    SetMinSize(FromDIP(wxSize(420, 420)));
+    SetSize(FromDIP(wxSize(760, 700)));
+    placeOnScreen(*this);
+    showDocument();
+    listInclude_->SetFocus();
+}
+
+void FrmCreateProfile::makeMenu() {
+    auto* mnuProfile = new wxMenu;
+    mnuProfile->Append(wxID_NEW, "New\tCtrl+N");
+    mnuProfile->Append(wxID_OPEN, "Open\tCtrl+O");
+    mnuProfile->AppendSeparator();
+    mnuProfile->Append(wxID_SAVE, "Save\tCtrl+S");
+    mnuProfile->Append(wxID_SAVEAS, "Save as ...\tCtrl+Shift+S");
+    mnuProfile->AppendSeparator();
+    mnuProfile->Append(wxID_EXIT, "Exit\tCtrl+Q");
+    auto* bar = new wxMenuBar;
+    bar->Append(mnuProfile, "&Profile");
+    SetMenuBar(bar);
+}
+
+void FrmCreateProfile::onItem(int id, Action action) {
+    Bind(
+        wxEVT_MENU, [action = std::move(action)](wxCommandEvent&) { action(); }, id);
+}
+
+void FrmCreateProfile::bindMenus() {
+    onItem(wxID_NEW, [this] {
+        act([this] {
+            startNewProfile();
+            showNewDocument();
+        });
+    });
+    onItem(wxID_OPEN, [this] {
+        act([this] {
+            const wxBusyCursor plugins;
+            if (openProfile()) showNewDocument();
+        });
+    });
+    onItem(wxID_SAVE, [this] { act(saveProfile); });
+    onItem(wxID_SAVEAS, [this] { act(saveProfileAs); });
+    onItem(wxID_EXIT, [this] { Close(); });
+    Bind(
+        wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(canSave()); }, wxID_SAVE);
+
+    onItem(mnuAdd, [this] { act(addLines); });
+    onItem(mnuEdit, [this] { edit(); });
+    onItem(mnuRemove, [this] { remove(); });
+    onItem(mnuClear, [this] { act(clearActiveList); });
+    onItem(mnuFor, [this] { ForTimer_.StartOnce(loopDelay); });
+    onItem(mnuNext, [this] { act(appendNext); });
+}
+
+void FrmCreateProfile::bindTimers() {
+    ForTimer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { act(askLoop); });
+    tmrEdit_.Bind(wxEVT_TIMER,
+                  [this](wxTimerEvent&) { act([this] { editCommandLine(listCommand_->selectedLine()); }); });
+}
+
+wxSizer* FrmCreateProfile::makeName() {
+    profileName_ = new wxTextCtrl(this, wxID_ANY, toWx(editorState.document.profileName), wxDefaultPosition,
+                                  wxDefaultSize, 0, wxDefaultValidator, "profileName");
+    profileName_->Bind(
+        wxEVT_TEXT, [this](wxCommandEvent&) { editorState.document.profileName = fromWx(profileName_->GetValue()); });
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(new wxStaticText(this, wxID_ANY, "Profile name :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
+    row->Add(profileName_, wxSizerFlags(1).CenterVertical());
+    return row;
+}
+
+wxSizer* FrmCreateProfile::makeList(FrmEditorList*& list, EditorList which, const char* name, const char* caption,
+                                    const char* section) {
+    auto* tags = new wxStaticText(this, wxID_ANY, section);
+    tags->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+    auto* captions = new wxBoxSizer(wxHORIZONTAL);
+    captions->Add(new wxStaticText(this, wxID_ANY, caption), wxSizerFlags(1));
+    captions->Add(tags);
+    list = new FrmEditorList(this, which, name);
+    bindList(*list);
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(captions, wxSizerFlags().Expand().Border(wxBOTTOM));
+    column->Add(list, wxSizerFlags(1).Expand());
+    return column;
+}
+
+wxSizer* FrmCreateProfile::makeMoveButtons() {
+    struct Button {
+        const char* name;
+        const char* tip;
+        Picture look;
+        Move move;
+    };
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    for (const auto& [name, tip, look, move] :
+         {Button{"cmdUp", "Move up (Ctrl+Up)", Picture::moveUp, moveSelectedUp},
+          Button{"cmdDown", "Move down (Ctrl+Down)", Picture::moveDown, moveSelectedDown}}) {
+        auto* button = new wxBitmapButton(this, wxID_ANY, picture(look, 20), wxDefaultPosition, wxDefaultSize, 0,
+                                          wxDefaultValidator, name);
+        button->SetToolTip(tip);
+        button->Bind(wxEVT_BUTTON, [this, step = move](wxCommandEvent&) { moveGroup(step); });
+        column->Add(button, wxSizerFlags().Border(wxBOTTOM));
+    }
+    return column;
+}
+
+void FrmCreateProfile::bindList(FrmEditorList& list) {
+    list.Bind(wxEVT_CONTEXT_MENU, [this, &list](wxContextMenuEvent& event) { showContextMenu(list, event); });
+    list.Bind(wxEVT_LIST_ITEM_ACTIVATED, [this, &list](wxListEvent&) { addTo(list); });
+    list.Bind(wxEVT_KEY_DOWN, [this, &list](wxKeyEvent& event) { handleKey(list, event); });
+    // Below the last line there is no item to activate. Some desktops draw the lines in a window of their own.
+    const auto besideLines = [this, &list](wxMouseEvent& event) {
+        int flags = 0;
+        if (list.HitTest(event.GetPosition(), flags) == wxNOT_FOUND) return addTo(list);
+        event.Skip();
+    };
+    list.Bind(wxEVT_LEFT_DCLICK, besideLines);
+    for (auto* part : list.GetChildren()) part->Bind(wxEVT_LEFT_DCLICK, besideLines);
+}
+
+void FrmCreateProfile::act(const Action& action) {
+    if (busy_) return;
+    {
+        const AtWork atWork(busy_);
+        action();
+    }
+    showDocument();
+}
+
+void FrmCreateProfile::showNewDocument() {
+    for (auto* list : lists()) list->showFromStart();
+}
+
+void FrmCreateProfile::showDocument() {
+    const wxString name = toWx(editorState.document.profileName);
+    if (profileName_->GetValue() != name) profileName_->ChangeValue(name);
+    for (auto* list : lists()) list->showChanges();
+    SetTitle(toWx(editorTitle()));
+}
+
+FrmEditorList& FrmCreateProfile::activeList() const {
+    for (auto* list : lists()) {
+        if (list->which() == editorState.activeList) return *list;
+    }
+    return *listCommand_;
+}
+
+void FrmCreateProfile::showContextMenu(FrmEditorList& list, wxContextMenuEvent& event) {
+    if (busy_) return;
+    const bool byKey = event.GetPosition() == wxDefaultPosition;
+    const wxPoint place = byKey ? list.placeOfSelection() : list.ScreenToClient(event.GetPosition());
+    if (!byKey) list.selectLineAt(place);
+    editorState.activeList = list.which();
+    wxMenu mnuRight;
+    fillContextMenu(mnuRight, list.selectedLine().has_value(), list.which() == EditorList::commands);
+    popUpMenu(list, mnuRight, place);
+}
+
+void FrmCreateProfile::handleKey(FrmEditorList& list, wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const bool plain = !event.HasAnyModifiers();
+    const bool moves = event.GetModifiers() == wxMOD_CONTROL && &list == listCommand_;
+    if (moves && key == WXK_UP) return moveGroup(moveSelectedUp);
+    if (moves && key == WXK_DOWN) return moveGroup(moveSelectedDown);
+    if (busy_ || !plain) return event.Skip();
+    const EditorList before = std::exchange(editorState.activeList, list.which());
+    if (key == WXK_INSERT) return act(addLines);
+    if (key == WXK_F2) return edit();
+    if (key == WXK_DELETE || key == WXK_NUMPAD_DELETE) return remove();
+    editorState.activeList = before;
+    event.Skip();
+}
+
+void FrmCreateProfile::addTo(FrmEditorList& list) {
+    if (busy_) return;
+    editorState.activeList = list.which();
+    act(addLines);
+}
+
+void FrmCreateProfile::edit() {
+    if (editorState.activeList == EditorList::commands) {
+        tmrEdit_.StartOnce(editDelay);
+    } else {
+        act([this] { editLine(activeList().selectedLine()); });
+    }
+}
+
+void FrmCreateProfile::remove() {
+    auto& list = activeList();
+    SelectedLine next = list.selectedLine();
+    act([&] { next = removeSelected(next); });
+    list.selectLine(next);
+}
+
+void FrmCreateProfile::moveGroup(Move move) {
+    SelectedLine next = listCommand_->selectedLine();
+    act([&] { next = move(next); });
+    listCommand_->selectLine(next);
+}
+
+void FrmCreateProfile::closing(wxCloseEvent& event) {
+    if (busy_ && event.CanVeto()) return event.Veto();
+    ForTimer_.Stop();
+    tmrEdit_.Stop();
+    leaveEditor();
+    Hide();
+    SetName("");  // no longer found
+    Destroy();
+}
+
+}  // namespace brasquelin

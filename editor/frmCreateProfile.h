@@ -1,0 +1,62 @@
+// The profile editor: the three lists of a profile and its name.
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/timer.h>
+
+#include <array>
+#include <functional>
+
+#include "editor/editorActions.h"
+
+class wxSizer;
+class wxTextCtrl;
+
+namespace brasquelin {
+
+class FrmEditorList;
+
+class FrmCreateProfile : public wxFrame {
+  public:
+    FrmCreateProfile();
+
+  private:
+    using Action = std::function<void()>;
+
+    void makeMenu();
+    void bindMenus();
+    wxSizer* makeName();
+    wxSizer* makeList(FrmEditorList*& list, EditorList which, const char* name, const char* caption,
+                      const char* section);
+    wxSizer* makeMoveButtons();
+    void bindTimers();
+    void bindList(FrmEditorList& list);
+    void onItem(int id, Action action);
+
+    /// Does what the user asked for and shows the outcome, unless something else is still being done.
+    void act(const Action& action);
+    void showDocument();
+    void showNewDocument();
+
+    void showContextMenu(FrmEditorList& list, wxContextMenuEvent& event);
+    void handleKey(FrmEditorList& list, wxKeyEvent& event);
+    void addTo(FrmEditorList& list);
+    void edit();
+    void remove();
+    using Move = SelectedLine (*)(SelectedLine selected);
+    void moveGroup(Move move);
+    void closing(wxCloseEvent& event);
+
+    FrmEditorList& activeList() const;
+    std::array<FrmEditorList*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
+
+    wxTextCtrl* profileName_ = nullptr;
+    FrmEditorList* listInclude_ = nullptr;
+    FrmEditorList* listVar_ = nullptr;
+    FrmEditorList* listCommand_ = nullptr;
+    wxTimer ForTimer_;
+    wxTimer tmrEdit_;
+    bool busy_ = false;
+};
+
+}  // namespace brasquelin

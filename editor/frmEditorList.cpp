@@ -1,0 +1,70 @@
+#include "editor/frmEditorList.h"
+
+#include <wx/settings.h>
+
+#include "editor/editorState.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+FrmEditorList::FrmEditorList(wxWindow* parent, EditorList which, const char* name)
+    : LineList(parent, name), which_(which) {
+    attributeLook_.SetTextColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+    SetMinSize(FromDIP(wxSize(200, 60)));
+}
+
+const std::vector<std::string>& FrmEditorList::lines() const {
+    return editorState.document.list(which_);
+}
+
+void FrmEditorList::showChanges() {
+    const auto shown = static_cast<std::size_t>(GetItemCount());
+    findLongest();
+    showLines();
+    if (lineCount() <= shown) return;
+    EnsureVisible(GetItemCount() - 1);
+    selectLine(shown);
+}
+
+void FrmEditorList::showFromStart() {
+    selectLine({});
+    findLongest();
+    showLines();
+    if (lineCount() > 0) EnsureVisible(0);
+}
+
+void FrmEditorList::findLongest() {
+    longest_.reset();
+    std::size_t most = 0;
+    for (std::size_t i = 0; i < lines().size(); ++i) {
+        const std::size_t characters = characterCount(lines()[i]);
+        if (longest_ && characters <= most) continue;
+        longest_ = i;
+        most = characters;
+    }
+}
+
+std::size_t FrmEditorList::lineCount() const {
+    return lines().size();
+}
+
+const std::string& FrmEditorList::line(std::size_t index) const {
+    return lines()[index];
+}
+
+bool FrmEditorList::isAttribute(long item) const {
+    const auto index = static_cast<std::size_t>(item);
+    return which_ != EditorList::include && index < lineCount() && line(index).starts_with('.');
+}
+
+/// Attribute lines are indented and dim, so that the groups stand out.
+wxString FrmEditorList::OnGetItemText(long item, long column) const {
+    const wxString text = LineList::OnGetItemText(item, column);
+    return isAttribute(item) ? "    " + text : text;
+}
+
+wxItemAttr* FrmEditorList::OnGetItemAttr(long item) const {
+    return isAttribute(item) ? &attributeLook_ : nullptr;
+}
+
+}  // namespace brasquelin

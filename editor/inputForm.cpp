@@ -1,0 +1,78 @@
+#include "editor/inputForm.h"
+
+#include <wx/bmpbuttn.h>
+#include <wx/menu.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include "editor/valueInput.h"
+#include "platform/wx/pictures.h"
+#include "platform/wx/popUpMenu.h"
+#include "platform/wx/wxText.h"
+
+namespace brasquelin {
+
+InputForm::InputForm() : ProgramDialog("inputForm", "Enter value") {
+    auto* descriptionCaption = new wxStaticText(this, wxID_ANY, toWxLines(valueInput.prompt), wxDefaultPosition,
+                                                wxDefaultSize, 0, "descriptionCaption");
+    valueBox_ = new wxTextCtrl(this, wxID_ANY, toWx(valueInput.text), wxDefaultPosition, wxDefaultSize, 0,
+                               wxDefaultValidator, "valueBox");
+    Command3_ = new wxBitmapButton(this, wxID_ANY, picture(Picture::reference, 16), wxDefaultPosition, wxDefaultSize, 0,
+                                   wxDefaultValidator, "Command3");
+    Command3_->SetToolTip("Insert a reference");
+    auto* cmdCancel = new wxButton(this, wxID_CANCEL, "&Cancel", wxDefaultPosition, wxDefaultSize, 0,
+                                   wxDefaultValidator, "cmdCancel");
+    auto* cmdOK = new wxButton(this, wxID_ANY, "OK", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdOK");
+    cmdOK->SetDefault();
+    cmdOK->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { confirm(); });
+    cmdCancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { closeWindow(); });
+    Command3_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { offerReferences(); });
+
+    auto* value = new wxBoxSizer(wxHORIZONTAL);
+    value->Add(valueBox_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT));
+    value->Add(Command3_, wxSizerFlags().CenterVertical());
+    auto* buttons = new wxBoxSizer(wxHORIZONTAL);
+    buttons->AddStretchSpacer();
+    buttons->Add(cmdCancel, wxSizerFlags().Border(wxRIGHT));
+    buttons->Add(cmdOK);
+    auto* all = new wxBoxSizer(wxVERTICAL);
+    all->Add(descriptionCaption, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxTOP | wxRIGHT));
+    all->Add(value, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxTOP | wxRIGHT));
+    all->AddStretchSpacer();
+    all->Add(buttons, wxSizerFlags().Expand().DoubleBorder(wxALL));
+    SetSizer(all);
+    fit(FromDIP(wxSize(520, 120)));
+    valueBox_->SetFocus();
+    valueBox_->SetInsertionPointEnd();
+}
+
+void InputForm::confirm() {
+    valueInput.result = fromWx(valueBox_->GetValue());
+    closeWindow();
+}
+
+void InputForm::offerReferences() {
+    if (valueInput.references.empty()) return;
+    wxMenu mnuvar;
+    for (const auto& reference : valueInput.references) {
+        const wxString caption = toWx(reference);
+        wxString label = caption;
+        label.Replace("&", "&&");
+        const int id = mnuvar.Append(wxID_ANY, label)->GetId();
+        mnuvar.Bind(
+            wxEVT_MENU, [this, caption](wxCommandEvent&) { insert(caption); }, id);
+    }
+    const wxRect button = Command3_->GetRect();
+    popUpMenu(*this, mnuvar, wxPoint(button.x + button.width, button.y + button.height));
+}
+
+/// Replaces the selected part of the value; nothing selected: inserts at the cursor.
+void InputForm::insert(const wxString& reference) {
+    valueBox_->WriteText(reference);
+    const long cursor = valueBox_->GetInsertionPoint();
+    valueBox_->SetFocus();
+    valueBox_->SetSelection(cursor, cursor);
+}
+
+}  // namespace brasquelin
