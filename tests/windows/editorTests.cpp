@@ -1,0 +1,336 @@
+#include <wx/combobox.h>
+#include <wx/listbox.h>
+#include <wx/menu.h>
+#include <wx/stattext.h>
+#include <wx/stopwatch.h>
+#include <wx/textctrl.h>
+#include <wx/toolbar.h>
+#include <wx/utils.h>
+
+#include "config/configFile.h"
+#include "editor/frmEditorList.h"
+#include "platform/wx/popUpMenu.h"
+#include "platform/wx/wxText.h"
+#include "windows/windowTest.h"
+
+namespace brasquelin {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const Lines sampleCommands{"For", ".VarName=i", ".VarStart=1", ".VarEnd=2", ".VarStep=1", "call", ".x=$i$", "Next"};
+
+class Editor : public WindowTest {
+  protected:
+    wxFrame& open() {
+        start();
+        clickTool(dynamic_cast<wxFrame&>(*loadedWindow("frmMain")), "Profile Editor");
+        pump();
+        return dynamic_cast<wxFrame&>(*loadedWindow("frmCreateProfile"));
+    }
+    wxFrame& openWith(const Lines& commands) {
+        std::string text = "#Brasquelin Profile Sample\n[var]\ncount\n.Type=Text\n.Info=none\n[/var]\n[profile]\n";
+        for (const auto& line : commands) text += line + "\n";
+        wxFrame& frame = open();
+        windows.fileAnswers.push_back(writeFile("profiles/a.bqp", text));
+        chooseFromMenu(frame, "Open");
+        return frame;
+    }
+
+    static FrmEditorList& list(wxFrame& frame, const std::string& name) { return control<FrmEditorList>(frame, name); }
+
+    static void rightClick(FrmEditorList& target) {
+        wxContextMenuEvent event(wxEVT_CONTEXT_MENU, target.GetId(), target.ClientToScreen(wxPoint(5, 5)));
+        event.SetEventObject(&target);
+        target.HandleWindowEvent(event);
+    }
+    /// Chooses from the list's menu as the user would.
+    static void choosePopUp(FrmEditorList& target, const std::string& caption) {
+        setMenuPresenter([caption](wxWindow& window, wxMenu& menu, const wxPoint&) {
+            wxCommandEvent event(wxEVT_MENU, menu.FindItem(toWx(caption)));
+            window.HandleWindowEvent(event);
+        });
+        rightClick(target);
+    }
+    static void activate(FrmEditorList& target) {
+        wxListEvent event(wxEVT_LIST_ITEM_ACTIVATED, target.GetId());
+        event.SetEventObject(&target);
+        target.HandleWindowEvent(event);
+    }
+    static void pressKey(FrmEditorList& target, int key, bool control = false) {
+        wxKeyEvent event(wxEVT_KEY_DOWN);
+        event.m_keyCode = key;
+        event.SetControlDown(control);
+        event.SetEventObject(&target);
+        target.HandleWindowEvent(event);
+    }
+    /// Answers the next value prompt.
+    void nextInput(const std::string& text) {
+        next([text](wxDialog& window) {
+            type(window, "valueBox", text);
+            click(window, "cmdOK");
+        });
+    }
+    /// The timers are real: waits until every modal window that was scripted has been shown.
+    void waitForModals() {
+        const wxStopWatch watch;
+        while (!modals.steps.empty() && watch.Time() < 5000) {
+            wxMilliSleep(5);
+            pump();
+        }
+        pump();
+    }
+    static Lines captionsOf(const wxMenu& menu) {
+        Lines captions;
+        for (const auto* item : menu.GetMenuItems()) {
+            captions.push_back(item->IsSeparator() ? "-" : fromWx(item->GetItemLabelText()));
+        }
+        return captions;
+    }
+};
+
+Lines shownIn(const FrmEditorList& list) {
+    Lines lines;
+    for (long i = 0; i < list.GetItemCount(); ++i) lines.push_back(fromWx(list.GetItemText(i)));
+    return lines;
+}
+
+TEST_F(Editor, TakesTheMainWindowsPlaceAndGivesItBack) {
+    wxFrame* frame = &open();
+    EXPECT_EQ(nullptr, loadedWindow("frmMain"));
+    EXPECT_EQ((Lines{"New", "Open", "-", "Save", "Save as ...", "-", "Exit"}),
+              captionsOf(*frame->GetMenuBar()->GetMenu(0)));
+    EXPECT_EQ("newprofile", control<wxTextCtrl>(*frame, "profileName").GetValue());
+    EXPECT_EQ(std::nullopt, endOf([&] { chooseFromMenu(*frame, "Exit"); }));
+    ASSERT_TRUE(windows.isVisible("frmMain"));
+    EXPECT_EQ(nullptr, loadedWindow("frmCreateProfile"));
+    auto& main = dynamic_cast<wxFrame&>(*loadedWindow("frmMain"));
+    EXPECT_TRUE(main.GetToolBar()->GetToolByPos(0)->GetNormalBitmap().ConvertToImage().HasAlpha());
+    EXPECT_EQ(0, endOf([&] { main.Close(); }));
+}
+
+TEST_F(Editor, OpensSavesAndShowsTheFileInItsTitle) {
+    wxFrame& frame = openWith(sampleCommands);
+    EXPECT_EQ("a.bqp - Profile Editor", frame.GetTitle());
+    EXPECT_EQ("Sample", control<wxTextCtrl>(frame, "profileName").GetValue());
+    EXPECT_EQ(8, list(frame, "listCommand").GetItemCount());
+    EXPECT_EQ(-1, list(frame, "listCommand").GetFirstSelected());
+
+    type(frame, "profileName", "Renamed");
+    chooseFromMenu(frame, "Save");
+    EXPECT_EQ(0U, readFile("profiles/a.bqp").find("#Brasquelin Profile Renamed\r\n"));
+
+    wxMenu& menu = *frame.GetMenuBar()->GetMenu(0);
+    menu.UpdateUI();
+    EXPECT_TRUE(menu.IsEnabled(wxID_SAVE));
+    chooseFromMenu(frame, "New");
+    menu.UpdateUI();
+    EXPECT_FALSE(menu.IsEnabled(wxID_SAVE));
+    EXPECT_EQ("Profile Editor", frame.GetTitle());
+    EXPECT_EQ("newprofile", control<wxTextCtrl>(frame, "profileName").GetValue());
+    EXPECT_EQ(0, list(frame, "listCommand").GetItemCount());
+
+    windows.fileAnswers.push_back(inDirectory("none.bqp"));
+    chooseFromMenu(frame, "Open");
+    ASSERT_EQ(1U, modals.messages.size());
+    EXPECT_NE(std::string::npos, modals.messages[0].find("none.bqp"));
+}
+
+TEST_F(Editor, OffersLoopsOnlyForTheCommandList) {
+    wxFrame& frame = open();
+    Lines captions;
+    setMenuPresenter([&](wxWindow&, wxMenu& menu, const wxPoint&) { captions = captionsOf(menu); });
+    const Lines common{"Add", "Edit", "-", "Remove", "Clear"};
+    for (const char* name : {"listInclude", "listVar"}) {
+        rightClick(list(frame, name));
+        EXPECT_EQ(common, captions) << name;
+    }
+    rightClick(list(frame, "listCommand"));
+    EXPECT_EQ((Lines{"Add", "Edit", "-", "Remove", "Clear", "-", "For ...", "... Next"}), captions);
+}
+
+TEST_F(Editor, EachListHasItsOwnAddEditAndRemove) {
+    wxFrame& frame = open();
+    auto& includes = list(frame, "listInclude");
+    windows.fileAnswers = {inDirectory("libraries/x.bqs"), "/elsewhere/y.bqp"};
+    activate(includes);
+    choosePopUp(includes, "Add");
+    EXPECT_EQ(1U, includes.selectedLine());
+    modals.textAnswers = {":Include edited"};
+    choosePopUp(includes, "Edit");  // the pointer is on the first line
+    EXPECT_EQ((Lines{":Include edited", ":Include /elsewhere/y.bqp"}), shownIn(includes));
+    pressKey(includes, WXK_DELETE);
+    EXPECT_EQ(Lines{":Include /elsewhere/y.bqp"}, shownIn(includes));
+    choosePopUp(includes, "Clear");
+    EXPECT_EQ(0, includes.GetItemCount());
+
+    next([](wxDialog& window) { click(window, "Command4"); });
+    activate(list(frame, "listVar"));
+    next([](wxDialog& window) { click(window, "cmdCancel"); });
+    pressKey(list(frame, "listCommand"), WXK_INSERT);
+    EXPECT_EQ((Lines{"frmAddVar", "frmAddCommand"}), modals.shown);
+}
+
+TEST_F(Editor, GroupsMoveByButtonsAndKeysAndStaySelected) {
+    wxFrame& frame = openWith(sampleCommands);
+    auto& commands = list(frame, "listCommand");
+    commands.selectLine(6);
+    click(frame, "cmdUp");
+    EXPECT_EQ(1U, commands.selectedLine());
+    EXPECT_EQ("call", commands.GetItemText(0));
+    EXPECT_EQ("    .x=$i$", commands.GetItemText(1));
+    pressKey(commands, WXK_DOWN, true);
+    click(frame, "cmdDown");
+    EXPECT_EQ(7U, commands.selectedLine());
+    EXPECT_EQ("Next", commands.GetItemText(5));
+    commands.selectLine({});
+    click(frame, "cmdUp");
+    EXPECT_EQ("For", commands.GetItemText(0));
+    click(frame, "cmdDown");
+    EXPECT_EQ("Next", commands.GetItemText(0));
+    EXPECT_EQ(1U, commands.selectedLine());
+    pressKey(commands, WXK_DELETE);
+    EXPECT_EQ((Lines{"Next", "call", "    .x=$i$"}), shownIn(commands));
+}
+
+TEST_F(Editor, TheLoopDialogComesBehindTheMenu) {
+    wxFrame& frame = open();
+    auto& commands = list(frame, "listCommand");
+    modals.textAnswers = {"i"};
+    for (const char* answer : {"1", "$index$"}) nextInput(answer);
+    next([](wxDialog& window) { click(window, "cmdCancel"); });
+    choosePopUp(commands, "For ...");
+    EXPECT_TRUE(modals.shown.empty());
+    waitForModals();
+    EXPECT_EQ((Lines{"For", "    .VarName=i", "    .VarStart=1", "    .VarEnd=$index$", "    .VarStep=Canceled"}),
+              shownIn(commands));
+    EXPECT_EQ(0U, commands.selectedLine());
+    choosePopUp(commands, "... Next");
+    EXPECT_EQ(6, commands.GetItemCount());
+}
+
+TEST_F(Editor, ACommandLineIsEditedWithReferences) {
+    wxFrame& frame = openWith({"first", "echo one two"});
+    auto& commands = list(frame, "listCommand");
+    Lines offered;
+    setMenuPresenter([&](wxWindow& window, wxMenu& menu, const wxPoint&) {
+        if (window.GetName() != "inputForm") return;
+        offered = captionsOf(menu);
+        wxCommandEvent event(wxEVT_MENU, menu.FindItem("$count$"));
+        menu.ProcessEvent(event);
+    });
+    next([](wxDialog& window) {
+        EXPECT_EQ("Enter value", window.GetTitle());
+        EXPECT_EQ("Edit this value :", control<wxStaticText>(window, "descriptionCaption").GetLabel());
+        auto& box = control<wxTextCtrl>(window, "valueBox");
+        EXPECT_EQ("echo one two", box.GetValue());
+        click(window, "Command3");
+        EXPECT_EQ("echo one two$count$", box.GetValue());
+        box.SetSelection(5, 8);
+        click(window, "Command3");
+        EXPECT_EQ("echo $count$ two$count$", box.GetValue());
+        EXPECT_EQ(12, box.GetInsertionPoint());
+        brasquelin::pressKey(box, WXK_RETURN);
+    });
+    commands.selectLine(1);
+    pressKey(commands, WXK_F2);
+    waitForModals();
+    EXPECT_EQ((Lines{"first", "echo $count$ two$count$"}), shownIn(commands));
+    ASSERT_GE(offered.size(), 6U);
+    EXPECT_EQ("$exepath$", offered[0]);
+
+    next([](wxDialog& window) {
+        type(window, "valueBox", "lost");
+        window.Close();
+    });
+    pressKey(commands, WXK_F2);
+    waitForModals();
+    EXPECT_EQ("echo $count$ two$count$", commands.GetItemText(1));
+}
+
+TEST_F(Editor, DeclaresAVariable) {
+    wxFrame& frame = open();
+    next([this](wxDialog& window) {
+        EXPECT_EQ("Add var to project", window.GetTitle());
+        type(window, "Text1", "mode");
+        choose(window, "Combo1", 1);
+        nextInput("fast");
+        nextInput("-O2");
+        click(window, "Command2");
+        nextInput("$index$");
+        click(window, "Command2");
+        nextInput("unused");
+        click(window, "Command1");
+        auto& combs = control<wxListBox>(window, "Combo4");
+        EXPECT_EQ("fast[-O2]", combs.GetString(0));
+        EXPECT_EQ(2U, combs.GetCount());
+        EXPECT_EQ("$exepath$", control<wxListBox>(window, "List1").GetString(0));
+        type(window, "Text3", "How fast");
+        type(window, "Text4", "1");
+        click(window, "Command3");
+    });
+    activate(list(frame, "listVar"));
+    EXPECT_EQ((Lines{"mode", "    .Type=Comb(fast[-O2]||$index$)", "    .Info=How fast", "    .Default=1"}),
+              shownIn(list(frame, "listVar")));
+    EXPECT_EQ(0U, list(frame, "listVar").selectedLine());
+}
+
+TEST_F(Editor, CallsAnInclude) {
+    writeFile("libraries/x.bqs", "#Brasquelin Library  Pack\n[var]\nsrc\n.Type=Text\n.Info=none\n[/var]\n");
+    writeFile("functions.ini", "copy\ncopy.ini\n");
+    wxFrame& frame = open();
+    windows.fileAnswers = {inDirectory("libraries/x.bqs")};
+    activate(list(frame, "listInclude"));
+    for (const int entry : {0, 1}) {
+        next([this, entry](wxDialog& window) {
+            EXPECT_EQ("Add Command To Project", window.GetTitle());
+            EXPECT_EQ(2U, control<wxComboBox>(window, "Combo1").GetCount());
+            choose(window, "Combo1", entry);
+            nextInput("$scriptpath$");
+            click(window, "Command1");
+        });
+        activate(list(frame, "listCommand"));
+    }
+    EXPECT_EQ((Lines{"Pack", "    .src=$scriptpath$", "BasicFunction.copy=$scriptpath$"}),
+              shownIn(list(frame, "listCommand")));
+    EXPECT_EQ(2U, list(frame, "listCommand").selectedLine());
+}
+
+TEST_F(Editor, ShowsAHundredThousandLinesAtOnce) {
+    Lines lines(100'000, "line");
+    lines[50'000] = std::string(300, 'w');
+    const wxStopWatch watch;
+    wxFrame& frame = openWith(lines);
+    auto& commands = list(frame, "listCommand");
+    EXPECT_EQ(100'000, commands.GetItemCount());
+    EXPECT_GE(commands.GetColumnWidth(0), commands.GetTextExtent(wxString('w', 300)).x);
+    commands.selectLine(99'999);
+    pressKey(commands, WXK_DELETE);
+    choosePopUp(commands, "... Next");
+    EXPECT_EQ("Next", commands.GetItemText(99'999));
+    EXPECT_LT(watch.Time(), 3000);
+}
+
+TEST_F(Editor, WaitsForItsPluginsWithoutLosingItsDocument) {
+    wxFrame& frame = open();
+    writeFile("profiles/p.bqp", "#Brasquelin Profile P\n[library]\n:Plugin $exepath$/tool.exe\n[/library]\n");
+    processes.actions.emplace_back("tool.exe", [&] {
+        writeFile("tool.var", "files = 3\n");
+        frame.Close();  // while the plugin runs
+        chooseFromMenu(frame, "New");
+    });
+    windows.fileAnswers.push_back(inDirectory("profiles/p.bqp"));
+    chooseFromMenu(frame, "Open");
+    EXPECT_TRUE(windows.isVisible("frmCreateProfile"));
+    EXPECT_EQ(1, list(frame, "listInclude").GetItemCount());
+    EXPECT_EQ("p.bqp - Profile Editor", frame.GetTitle());
+    next([](wxDialog& window) {
+        auto& references = control<wxListBox>(window, "List1");
+        EXPECT_EQ("$files$", references.GetString(5));
+        click(window, "Command4");
+    });
+    activate(list(frame, "listVar"));
+}
+
+}  // namespace
+}  // namespace brasquelin
