@@ -90,7 +90,10 @@ void FrmVarRow::makeBrowseButton(wxScrolledWindow& parent, std::size_t index) {
 }
 
 void FrmVarRow::browseForPath() {
-    if (browse(row_)) text_->ChangeValue(toWx(row_.text));
+    if (!browse(row_)) return;
+    text_->ChangeValue(toWx(row_.text));
+    text_->SetFocus();
+    text_->SetInsertionPointEnd();  // the name of a file stands at the end of its path
 }
 
 void FrmVarRow::place(const TwipScale& scale, int extraWidth, int scrolledBy) {

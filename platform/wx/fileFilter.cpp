@@ -8,7 +8,7 @@ namespace brasquelin {
 
 std::string fileFilter(std::string_view filter, std::string_view anyFile) {
     std::vector<std::string_view> parts = split(filter, "|");
-    if (filter.empty()) parts = {"*.*", "*.*"};
+    if (filter.empty()) parts = {"All files", "*.*"};
     if (parts.size() == 1) parts.push_back(parts.front());
     if (parts.size() % 2 != 0) parts.pop_back();
     std::string pairs;

@@ -10,7 +10,7 @@ namespace {
 TEST(FileFilter, IsMadeFitForTheToolkit) {
     EXPECT_EQ("Text|*.txt|All|*", fileFilter("Text|*.txt|All|*.*", "*"));
     EXPECT_EQ("*.txt|*.txt", fileFilter("*.txt", "*"));
-    EXPECT_EQ("*.*|*", fileFilter("", "*"));
+    EXPECT_EQ("All files|*", fileFilter("", "*"));
     EXPECT_EQ("Text|*.txt", fileFilter("Text|*.txt|lost", "*"));
     EXPECT_EQ(".txt", extensionOfFilter("Text|*.txt|All|*.*", 0));
     EXPECT_EQ("", extensionOfFilter("Text|*.txt|All|*.*", 1));
