@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "platform/executableDirectory.h"
 #include "text/substitution.h"
 #include "text/text.h"
 
@@ -19,17 +20,9 @@ const char pathSeparator = '/';
 
 namespace {
 
-std::string directoryOverride;
-
 bool exists(const std::string& path) {
     struct stat status {};
     return stat(path.c_str(), &status) == 0;
-}
-
-std::string runningDirectory() {
-    char target[PATH_MAX];
-    const ssize_t length = readlink("/proc/self/exe", target, sizeof target);
-    return length > 0 ? dirOf(std::string_view(target, static_cast<std::size_t>(length))) : std::string(".");
 }
 
 /// The entry of `directory` that has this name in some letter case; the name itself when there is none.
@@ -61,31 +54,10 @@ std::string resolveByComponent(const std::string& path) {
 
 }  // namespace
 
-std::string joinPath(std::string_view directory, std::string_view name) {
-    return std::string(directory) + pathSeparator + std::string(name);
-}
-
-const std::string& programDirectory() {
-    static const std::string running = runningDirectory();
-    return directoryOverride.empty() ? running : directoryOverride;
-}
-
-namespace {
-
-std::string& keptExeDirectory() {
-    static std::string directory = shortPath(programDirectory());
-    return directory;
-}
-
-}  // namespace
-
-void setProgramDirectory(std::string directory) {
-    directoryOverride = std::move(directory);
-    keptExeDirectory() = shortPath(programDirectory());
-}
-
-const std::string& exeDirectory() {
-    return keptExeDirectory();
+std::string executableDirectory() {
+    char target[PATH_MAX];
+    const ssize_t length = readlink("/proc/self/exe", target, sizeof target);
+    return length > 0 ? dirOf(std::string_view(target, static_cast<std::size_t>(length))) : std::string(".");
 }
 
 std::string shortPath(std::string_view path) {

@@ -4,8 +4,12 @@
 
 #include <shlwapi.h>
 
+#include <algorithm>
+
+#include "platform/executableDirectory.h"
 #include "platform/files.h"
 #include "platform/windows/wideText.h"
+#include "text/substitution.h"
 
 namespace brasquelin {
 
@@ -37,6 +41,16 @@ std::wstring_view behindProgram(std::wstring_view line) {
 
 }  // namespace
 
+std::string executableDirectory() {
+    std::wstring name(MAX_PATH, L'\0');
+    DWORD length = 0;
+    while ((length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()))) == name.size()) {
+        name.resize(2 * name.size());
+    }
+    name.resize(length);
+    return dirOf(fromWide(name));
+}
+
 std::string shortPath(std::string_view path) {
     const std::wstring wide = toWide(path);
     std::wstring buffer(1024, L' ');
@@ -46,6 +60,12 @@ std::string shortPath(std::string_view path) {
         length = GetShortPathNameW(wide.c_str(), buffer.data(), static_cast<DWORD>(buffer.size()));
     }
     return fromWide(std::wstring_view(buffer).substr(0, length));
+}
+
+std::string pathRelativeTo(std::string_view directory, std::string_view path) {
+    const bool absolute = path.starts_with('\\') || path.starts_with('/') || hasDrive(path);
+    if (absolute || directory.empty()) return std::string(path);
+    return joinPath(directory, path);
 }
 
 std::string anchoredPath(std::string_view path) {

@@ -23,10 +23,11 @@ class WindowsProcessTable : public ProcessTable {
     std::uint32_t start(std::string_view command, WindowStyle style) override;
     bool isRunning(std::uint32_t processId) override;
     bool terminate(std::uint32_t processId) override;
+    std::uint32_t ownerOf(std::uintptr_t windowHandle) override;
 
   private:
     // While the handle is kept, the system does not give the id to another process.
-    std::map<std::uint32_t, SystemHandle> started_;
+    std::map<std::uint32_t, SystemHandle> known_;
 };
 
 STARTUPINFOW startUpInfo(WindowStyle style) {
@@ -46,19 +47,19 @@ std::uint32_t WindowsProcessTable::start(std::string_view command, WindowStyle s
         throw RunTimeError(startErrorOf(GetLastError()));
     }
     CloseHandle(process.hThread);
-    started_[process.dwProcessId] = ownHandle(process.hProcess);
+    known_[process.dwProcessId] = ownHandle(process.hProcess);
     return process.dwProcessId;
 }
 
 bool WindowsProcessTable::isRunning(std::uint32_t processId) {
-    const auto kept = started_.find(processId);
-    if (kept == started_.end()) return false;
+    const auto kept = known_.find(processId);
+    if (kept == known_.end()) return false;
     DWORD exitCode = 0;
     const SystemHandle process = ownHandle(OpenProcess(queryAccess, FALSE, processId));
     const bool active = process && GetExitCodeProcess(process.get(), &exitCode) != 0 && exitCode == stillActive;
     // A program may end with this very number.
     if (active && WaitForSingleObject(kept->second.get(), 0) == WAIT_TIMEOUT) return true;
-    started_.erase(kept);
+    known_.erase(kept);
     return false;
 }
 
@@ -67,6 +68,16 @@ bool WindowsProcessTable::terminate(std::uint32_t processId) {
     enableDebugPrivilege();
     const SystemHandle process = ownHandle(OpenProcess(terminateAccess, FALSE, processId));
     return process && TerminateProcess(process.get(), 0) != 0;
+}
+
+std::uint32_t WindowsProcessTable::ownerOf(std::uintptr_t windowHandle) {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(reinterpret_cast<HWND>(windowHandle), &processId);
+    if (processId == 0 || known_.contains(processId)) return processId;
+    enableDebugPrivilege();
+    SystemHandle process = ownHandle(OpenProcess(SYNCHRONIZE, FALSE, processId));
+    if (process) known_[processId] = std::move(process);
+    return processId;
 }
 
 }  // namespace

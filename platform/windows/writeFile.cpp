@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/files.h"
+#include "platform/textFiles.h"
 #include "platform/windows/systemError.h"
 #include "platform/windows/systemHandle.h"
 #include "platform/windows/wideText.h"
@@ -76,6 +77,7 @@ DWORD fill(const std::wstring& path, std::string_view bytes, Durability durabili
 }
 
 void replaceFile(std::string_view path, std::string_view bytes, Durability durability) {
+    forgetTextFiles();
     const std::wstring target = behindLinks(path);
     if (const SystemHandle device = openDevice(target)) {
         if (!writeAll(device.get(), bytes)) raise(GetLastError(), path);

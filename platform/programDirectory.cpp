@@ -1,0 +1,35 @@
+#include "platform/executableDirectory.h"
+#include "platform/paths.h"
+
+namespace brasquelin {
+
+namespace {
+
+std::string directoryOverride;
+
+std::string& keptExeDirectory() {
+    static std::string directory = shortPath(programDirectory());
+    return directory;
+}
+
+}  // namespace
+
+std::string joinPath(std::string_view directory, std::string_view name) {
+    return std::string(directory) + pathSeparator + std::string(name);
+}
+
+const std::string& programDirectory() {
+    static const std::string running = executableDirectory();
+    return directoryOverride.empty() ? running : directoryOverride;
+}
+
+void setProgramDirectory(std::string directory) {
+    directoryOverride = std::move(directory);
+    keptExeDirectory() = shortPath(programDirectory());
+}
+
+const std::string& exeDirectory() {
+    return keptExeDirectory();
+}
+
+}  // namespace brasquelin
