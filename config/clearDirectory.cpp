@@ -4,23 +4,24 @@
 
 #include "platform/files.h"
 #include "platform/paths.h"
-#include "text/text.h"
+#include "text/substitution.h"
 
 namespace brasquelin {
 
 namespace {
 
-/// True for `directory` and everything that holds it.
-bool holdsOrIs(const std::string& holder, const std::string& directory) {
-    if (!startsWithIgnoringCase(directory, holder)) return false;
-    const auto rest = fromCharacter(directory, characterCount(holder) + 1);
-    return rest.empty() || rest.front() == '/' || rest.front() == '\\' || holder.ends_with('\\');
+/// True for the program directory and everything that holds it, however the path is spelled.
+bool holdsProgram(std::string_view directory) {
+    for (std::string place = programDirectory(); !place.empty(); place = dirOf(place)) {
+        if (isSameDirectory(joinPath(place, ""), directory)) return true;
+    }
+    return false;
 }
 
 bool mayBeCleared(std::string_view directory) {
-    const std::string path = shortPath(directory);
-    if (directory.empty() || path.empty() || isFileSystemRoot(directory)) return false;
-    return !holdsOrIs(path, exeDirectory()) && !isLink(directory);
+    // A directory that the system does not identify cannot be told from the program's own.
+    if (directory.empty() || !isSameDirectory(directory, directory) || isFileSystemRoot(directory)) return false;
+    return !holdsProgram(directory) && !isLink(directory);
 }
 
 void deleteFilesIn(std::string_view directory) {

@@ -12,6 +12,8 @@ namespace brasquelin {
 bool fileExists(std::string_view path);
 bool directoryExists(std::string_view path);
 bool isLink(std::string_view path);
+/// True when both paths lead to one existing directory, however they are spelled.
+bool isSameDirectory(std::string_view left, std::string_view right);
 
 /// The bytes of a file. Raises 53, 70, 75 or 76 with the path as given.
 std::string readFileBytes(std::string_view path);

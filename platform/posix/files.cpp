@@ -149,6 +149,13 @@ bool directoryExists(std::string_view path) {
     return statusOf(path, status) && S_ISDIR(status.st_mode);
 }
 
+bool isSameDirectory(std::string_view left, std::string_view right) {
+    struct stat one {};
+    struct stat other {};
+    if (!statusOf(left, one) || !statusOf(right, other) || !S_ISDIR(one.st_mode)) return false;
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
 bool isLink(std::string_view path) {
     struct stat status {};
     return lstat(resolvePath(path).c_str(), &status) == 0 && S_ISLNK(status.st_mode);

@@ -24,9 +24,8 @@ DWORD attributesOf(std::string_view path) {
 
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-SystemHandle openExisting(const std::wstring& path, DWORD access) {
-    return ownHandle(
-        CreateFileW(path.c_str(), access, shareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+SystemHandle openExisting(const std::wstring& path, DWORD access, DWORD flags = FILE_ATTRIBUTE_NORMAL) {
+    return ownHandle(CreateFileW(path.c_str(), access, shareAll, nullptr, OPEN_EXISTING, flags, nullptr));
 }
 
 std::uint64_t join(DWORD high, DWORD low) {
@@ -43,6 +42,20 @@ bool fileExists(std::string_view path) {
 bool directoryExists(std::string_view path) {
     const DWORD attributes = attributesOf(path);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool isSameDirectory(std::string_view left, std::string_view right) {
+    if (!directoryExists(left) || !directoryExists(right)) return false;
+    // While both are open, their numbers are their own.
+    const SystemHandle one = openExisting(toWide(left), FILE_READ_ATTRIBUTES, FILE_FLAG_BACKUP_SEMANTICS);
+    const SystemHandle other = openExisting(toWide(right), FILE_READ_ATTRIBUTES, FILE_FLAG_BACKUP_SEMANTICS);
+    BY_HANDLE_FILE_INFORMATION a{};
+    BY_HANDLE_FILE_INFORMATION b{};
+    if (!one || !other || GetFileInformationByHandle(one.get(), &a) == 0) return false;
+    if (GetFileInformationByHandle(other.get(), &b) == 0 || a.dwVolumeSerialNumber != b.dwVolumeSerialNumber) {
+        return false;
+    }
+    return join(a.nFileIndexHigh, a.nFileIndexLow) == join(b.nFileIndexHigh, b.nFileIndexLow);
 }
 
 std::string readFileBytes(std::string_view path) {

@@ -3,6 +3,8 @@
 #include "config/clearDirectory.h"
 #include "config/configFile.h"
 #include "config/optionsModel.h"
+#include "platform/codePages.h"
+#include "platform/paths.h"
 #include "support/programTest.h"
 #include "vars/rememberedValues.h"
 
@@ -85,6 +87,7 @@ TEST_F(Config, SomeDirectoriesAreNeverCleared) {
     clearDirectory(folder());
     clearDirectory(folder() + "/tmp/..");
     clearDirectory(std::filesystem::path(folder()).parent_path().string());
+    clearDirectory(programDirectory() + "/");
     EXPECT_TRUE(exists("keep.txt"));
     clearDirectory(folder() + "/tmp");
     if (!cannotLink) clearDirectory(folder() + "/link");
@@ -102,7 +105,7 @@ TEST_F(Config, SavingWritesTheExactLayout) {
     EXPECT_TRUE(options.addVariable());
     options.removeVariable(0);
     options.save();
-    EXPECT_EQ(read("brasquelin.INI"),
+    EXPECT_EQ(decodeFile(read("brasquelin.INI")),
               "#Brasquelin Initialize\r\n\r\n[config]\r\n\r\nLibraryPath = $exepath$/lib\r\nProfilePath = c:\\été\r\n"
               "PluginPath = \r\nBasicFunctionPath = \r\nClear = /Tmp/T\r\n\r\n[/config]\r\n\r\n[var]\r\n\r\n"
               "New=$exepath$/x\r\n[/var]\r\n\r\n");
