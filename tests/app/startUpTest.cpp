@@ -7,6 +7,7 @@
 #include "app/openFile.h"
 #include "app/pickers.h"
 #include "config/configFile.h"
+#include "platform/codePages.h"
 #include "support/programTest.h"
 #include "vars/loadPrompt.h"
 
@@ -28,10 +29,10 @@ class StartUp : public ProgramTest {
         write("p/bad.bqp", {"#Brasquelin Profile Bad one", "[profile]", "Next"});
     }
     std::string at(const std::string& name) const { return folder() + "/p/" + name; }
-    std::string batch() const { return folder() + "/brasquelin.bat"; }
+    static std::string batch() { return batchFilePath(); }
     void writeList(const Lines& arguments) const {
         Lines lines;
-        for (const auto& argument : arguments) lines.push_back("C:\\brasquelin.exe " + argument);
+        for (const auto& argument : arguments) lines.push_back("C:\\brasquelin.exe " + encodeOem(argument));
         write("list.txt", lines);
     }
     int replay() const {
@@ -56,7 +57,7 @@ TEST_F(StartUp, ANamedProfileIsRunAndTheProgramEnds) {
     EXPECT_EQ(exitStatusOf([this] { startUp(at("ask.bqp") + " 001=one two"); }), 0);
     EXPECT_EQ(read("brasquelin.bat"), "echo one two\r\n");
     EXPECT_EQ(commands(), Lines{batch()});
-    EXPECT_EQ(std::filesystem::current_path().string(), folder() + "/p");
+    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), folder() + "/p"));
     EXPECT_GT(clock_.now, 1000U);
 }
 
@@ -134,11 +135,10 @@ TEST_F(StartUp, ABadPresetOrAMissingListStopsStartUp) {
     EXPECT_FALSE(startUp("-f " + folder() + "/none.txt"));
     remove("Brasquelin.ini");
     EXPECT_FALSE(startUp(at("plain.bqp")));
-    EXPECT_EQ(
-        messages(),
-        (Lines{"Brasquelin Error: Error 9 : Subscript out of range\r\nWhile loading '" + at("list.bqs") + "'",
-               "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/none.txt'",
-               "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/Brasquelin.ini'"}));
+    EXPECT_EQ(messages(),
+              (Lines{"Brasquelin Error: Error 9 : Subscript out of range\r\nWhile loading '" + at("list.bqs") + "'",
+                     "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/none.txt'",
+                     "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + configFilePath() + "'"}));
     EXPECT_FALSE(exists("brasquelin.bat"));
     EXPECT_FALSE(settings.startingUp);
 }

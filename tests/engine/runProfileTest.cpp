@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "config/configFile.h"
 #include "engine/engineTables.h"
+#include "platform/paths.h"
 #include "support/programTest.h"
+#include "text/substitution.h"
 #include "vars/declarations.h"
 #include "vars/variableTables.h"
 
@@ -133,9 +136,9 @@ TEST_F(RunProfile, AMissingIncludeOrConfigurationStopsTheRun) {
     EXPECT_FALSE(run({"Echo"}, {":include $exepath$/none.bqs"}));
     remove("Brasquelin.ini");
     EXPECT_FALSE(run({"Echo"}));
-    const std::string missing = "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder();
-    EXPECT_EQ(messages(), (Jobs{missing + "/none.bqs'\r\nFrom file '" + profile() + "' at line 4",
-                                missing + "/Brasquelin.ini'\r\nFrom file '" + profile() + "'"}));
+    const std::string missing = "Brasquelin Error: Error 53 : File not found\r\nWhile loading '";
+    EXPECT_EQ(messages(), (Jobs{missing + folder() + "/none.bqs'\r\nFrom file '" + profile() + "' at line 4",
+                                missing + configFilePath() + "'\r\nFrom file '" + profile() + "'"}));
 }
 
 TEST_F(RunProfile, ATableOfCallablesHolds256Rows) {
@@ -210,7 +213,7 @@ TEST_F(RunFunction, ParametersNameVariablesOrFillTheFirstOne) {
 
 TEST_F(RunFunction, WritesAFileAndSpellsTheBuiltInsInItsOwnWay) {
     run({"BasicFunction.note=memo", "BasicFunction.plain=ignored"});
-    EXPECT_EQ(jobs(), (Jobs{"//File saved to " + folder() + "/memo.txt", "run $exepathdblslash$ " + folder()}));
+    EXPECT_EQ(jobs(), (Jobs{"//File saved to " + folder() + "/memo.txt", "run $exepathdblslash$ " + doubleBackslashes(folder())}));
     EXPECT_EQ(read("memo.txt"), "memo\r\n\r\n" + folder() + " end\r\n");
 }
 
@@ -221,7 +224,7 @@ TEST_F(RunFunction, UnknownNamesAndArguments) {
     const std::string at = "' at line 6";
     EXPECT_EQ(messages()[0], "Brasquelin: Error : unknown function 'none' in file '" + profile() + at);
     EXPECT_EQ(messages()[1], "Brasquelin: Error : unknown var 'ghost'\r\nFrom file '" + profile() + at +
-                                 "\r\nIn file '" + folder() + "/copy.ini'");
+                                 "\r\nIn file '" + joinPath(folder(), "copy.ini") + "'");
     EXPECT_NE(messages()[2].find("Error "), std::string::npos);
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/programTest.h"
+#include "text/substitution.h"
 #include "vars/typeSpec.h"
 #include "vars/variableTables.h"
 
@@ -50,7 +51,8 @@ TEST_F(Declarations, TagsStandAloneOnTheirLines) {
 TEST_F(Declarations, DefaultsKnowBothSpellingsOfTheDoubledDirectories) {
     write("x.bqp", {"[var]", "a", ".Type=Text", ".Info=", ".Default=$scriptpathdbslash$ $SCRIPTPATHDBLSLASH$ $index$"});
     readProfileVariables(path(), 3);
-    EXPECT_EQ(variableTables.profileVariables[3].row(0).defaultValue, folder() + " " + folder() + " $index$");
+    const std::string doubled = doubleBackslashes(folder());
+    EXPECT_EQ(variableTables.profileVariables[3].row(0).defaultValue, doubled + " " + doubled + " $index$");
 }
 
 TEST_F(Declarations, TheReadersDifferInAFourthLineThatIsNoDefault) {

@@ -42,6 +42,7 @@ TEST_F(Start, AnUnreadableConfigurationIsToldAndTheWindowStays) {
 
 TEST_F(Start, AFileNamedOnTheCommandLineIsAskedRunAndEnds) {
     start(writeOneVariable());
+    ASSERT_NE(nullptr, loadedWindow("frmVarProfile")) << testing::PrintToString(modals.messages);
     wxWindow& prompt = *loadedWindow("frmVarProfile");
     EXPECT_TRUE(prompt.IsShown());
     type(prompt, "textType", "typed");

@@ -11,6 +11,7 @@
 #include <wx/textctrl.h>
 #include <wx/textdlg.h>
 #include <wx/toolbar.h>
+#include <wx/weakref.h>
 
 #include <atomic>
 #include <fstream>
@@ -101,10 +102,14 @@ int ModalScript::Enter(wxDialog* dialog) {
         return wxID_CANCEL;
     }
     wxTheApp->CallAfter([dialog, name, step = steps.front()] {
+        const wxWeakRef<wxDialog> weak(dialog);
         step(*dialog);
-        if (!dialog->IsModal()) return;
-        ADD_FAILURE() << name << " was left open";
-        dialog->EndModal(wxID_CANCEL);
+        // A closed dialog may count as modal until its loop has been left, so the next turn tells.
+        wxTheApp->CallAfter([weak, name] {
+            if (!weak || !weak->IsModal()) return;
+            ADD_FAILURE() << name << " was left open";
+            weak->EndModal(wxID_CANCEL);
+        });
     });
     steps.pop_front();
     return wxID_NONE;
