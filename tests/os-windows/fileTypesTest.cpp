@@ -1,0 +1,71 @@
+#include "platform/fileTypes.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace brasquelin {
+namespace {
+
+constexpr const wchar_t* testKey = L"Brasquelin.TestType";
+
+struct StoredValue {
+    DWORD type = 0;
+    std::vector<BYTE> data;
+};
+
+StoredValue stored(const wchar_t* key, const wchar_t* name) {
+    HKEY opened = nullptr;
+    StoredValue value;
+    if (RegOpenKeyW(HKEY_CLASSES_ROOT, key, &opened) != ERROR_SUCCESS) return value;
+    DWORD size = 256;
+    value.data.resize(size);
+    RegQueryValueExW(opened, name, nullptr, &value.type, value.data.data(), &size);
+    value.data.resize(size);
+    RegCloseKey(opened);
+    return value;
+}
+
+/// The system may have stored the zero that it found behind the text.
+std::wstring textOf(const StoredValue& value) {
+    std::wstring text(reinterpret_cast<const wchar_t*>(value.data.data()), value.data.size() / sizeof(wchar_t));
+    if (text.ends_with(L'\0')) text.pop_back();
+    return text;
+}
+
+class Registry : public testing::Test {
+  protected:
+    void TearDown() override {
+        for (const wchar_t* key : {L"Brasquelin.TestType\\sub", testKey}) RegDeleteKeyW(HKEY_CLASSES_ROOT, key);
+    }
+};
+
+TEST_F(Registry, aTextKeepsEveryCharacter) {
+    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType\\sub", "", registryText, "caf\u00E9 %1");
+    const StoredValue value = stored(L"Brasquelin.TestType\\sub", nullptr);
+    EXPECT_EQ(value.type, static_cast<DWORD>(REG_SZ));
+    EXPECT_EQ(textOf(value), L"caf\u00E9 %1");
+}
+
+TEST_F(Registry, anyOtherTypeIsWrittenAsText) {
+    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType", "expand", REG_EXPAND_SZ, "%ComSpec%");
+    EXPECT_EQ(stored(testKey, L"expand").type, static_cast<DWORD>(REG_SZ));
+}
+
+TEST_F(Registry, aNumberHasFourBytes) {
+    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType", "n", registryNumber, "258");
+    const StoredValue value = stored(testKey, L"n");
+    EXPECT_EQ(value.type, static_cast<DWORD>(REG_DWORD));
+    EXPECT_EQ(value.data, (std::vector<BYTE>{2, 1, 0, 0}));
+}
+
+TEST_F(Registry, failuresAreSilent) {
+    setRegistryValue(RegistryHive::classesRoot, std::string(100000, 'x'), "", registryText, "x");
+    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType", "bad", registryNumber, "none");
+    EXPECT_EQ(stored(testKey, L"bad").type, 0U);
+}
+
+}  // namespace
+}  // namespace brasquelin
