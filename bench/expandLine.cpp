@@ -63,7 +63,7 @@ void peerSearchesForEveryName(benchmark::State& state) {
     }
     names.emplace_back("i", "5");
     names.emplace_back("inner", "7");
-    for (auto& [name, value] : names) name = "$" + name + "$";
+    for (auto& [name, value] : names) name.insert(0, "$").append("$");
     for (auto _ : state) {
         std::string text = line;
         for (const auto& [name, value] : names) {

@@ -17,8 +17,8 @@ std::string reference(std::string_view name) {
 }
 
 void appendPluginVariables(References& references) {
-    for (const auto& result : std::as_const(variableTables.pluginResults)[0])
-        references.push_back(reference(result.name));
+    const auto& results = std::as_const(variableTables.pluginResults)[0];
+    for (const auto& result : results) references.push_back(reference(result.name));
 }
 
 void appendVariables(const ProfileDocument& document, References& references) {

@@ -1,6 +1,7 @@
 // Time that passes without waiting, and processes that only act.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -28,11 +29,10 @@ class FakeProcessTable : public ProcessTable {
 
     std::uint32_t start(std::string_view command, WindowStyle /*style*/) override {
         commands.emplace_back(command);
-        for (auto action = actions.rbegin(); action != actions.rend(); ++action) {
-            if (command.find(action->first) == std::string_view::npos) continue;
-            action->second();
-            break;
-        }
+        const auto action = std::find_if(actions.rbegin(), actions.rend(), [command](const auto& known) {
+            return command.find(known.first) != std::string_view::npos;
+        });
+        if (action != actions.rend()) action->second();
         return static_cast<std::uint32_t>(commands.size());
     }
     bool isRunning(std::uint32_t /*processId*/) override { return ++polls <= endsAfterPolls; }

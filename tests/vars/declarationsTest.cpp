@@ -88,8 +88,9 @@ TEST_F(Declarations, AParseErrorNamesTheLineAndEndsTheProgram) {
 
 TEST_F(Declarations, TheTableHolds256) {
     Lines lines{"[var]"};
-    for (int i = 0; i < 257; ++i)
+    for (int i = 0; i < 257; ++i) {
         lines.insert(lines.end(), {"v" + std::to_string(i), ".Type=Text", ".Info=", ".Default="});
+    }
     readProfile(lines);
     EXPECT_EQ(profile().count(), 256U);
     EXPECT_EQ(messages(),
