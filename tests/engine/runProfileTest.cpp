@@ -213,7 +213,8 @@ TEST_F(RunFunction, ParametersNameVariablesOrFillTheFirstOne) {
 
 TEST_F(RunFunction, WritesAFileAndSpellsTheBuiltInsInItsOwnWay) {
     run({"BasicFunction.note=memo", "BasicFunction.plain=ignored"});
-    EXPECT_EQ(jobs(), (Jobs{"//File saved to " + folder() + "/memo.txt", "run $exepathdblslash$ " + doubleBackslashes(folder())}));
+    EXPECT_EQ(jobs(), (Jobs{"//File saved to " + folder() + "/memo.txt",
+                            "run $exepathdblslash$ " + doubleBackslashes(folder())}));
     EXPECT_EQ(read("memo.txt"), "memo\r\n\r\n" + folder() + " end\r\n");
 }
 
