@@ -30,6 +30,15 @@ class Application : public wxApp {
         return true;
     }
 
+    /// Windows calls this from inside its own message functions, which no exception can pass.
+    void ProcessPendingEvents() override {
+        try {
+            wxApp::ProcessPendingEvents();
+        } catch (...) {
+            WXConsumeException();
+        }
+    }
+
     int OnRun() override {
         try {
             const int status = wxApp::OnRun();
