@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <set>
 #include <string>
 #include <vector>
@@ -28,25 +29,46 @@ std::string quoted(std::string_view word) {
     return "'" + replaceAll(word, "'", "'\\''") + "'";
 }
 
+bool isOnSearchPath(const std::string& name) {
+    const char* searched = std::getenv("PATH");
+    if (searched == nullptr || name.empty() || name.find_first_of("\\/") != std::string::npos) return false;
+    for (const auto directory : split(searched, ":")) {
+        const std::string program = joinPath(directory.empty() ? "." : directory, name);
+        if (access(program.c_str(), X_OK) == 0 && !directoryExists(program)) return true;
+    }
+    return false;
+}
+
+/// What the shell starts without searching: a bare name stands for a file of the current directory here.
+std::string withDirectory(const std::string& path) {
+    return path.find('/') == std::string::npos ? joinPath(".", path) : path;
+}
+
 /// A command that begins with a quoted program: the program is resolved, the rest stays.
 std::string resolveQuotedProgram(std::string_view command) {
     const auto closing = command.find('"', 1);
     if (closing == std::string_view::npos) return std::string(command);
-    const std::string_view program = command.substr(1, closing - 1);
+    const std::string program(command.substr(1, closing - 1));
     const std::string resolved = resolveProgram(program);
-    if (resolved.empty()) throw RunTimeError(ErrorNumber::fileNotFound, std::string(program));
+    if (resolved.empty() && isOnSearchPath(program)) return std::string(command);
+    if (resolved.empty()) throw RunTimeError(ErrorNumber::fileNotFound, program);
     if (directoryExists(resolved) || access(resolved.c_str(), X_OK) != 0) {
-        throw RunTimeError(ErrorNumber::permissionDenied, std::string(program));
+        throw RunTimeError(ErrorNumber::permissionDenied, program);
     }
-    return quoted(resolved) + std::string(command.substr(closing + 1));
+    return quoted(withDirectory(resolved)) + std::string(command.substr(closing + 1));
 }
 
-bool isBatchFile(std::string_view command) {
-    return endsWithIgnoringCase(command, ".bat") && fileExists(command);
+/// The batch file that is the whole command, in quotes or not; empty when it is anything else.
+std::string_view batchFileOf(std::string_view command) {
+    if (command.size() > 1 && command.starts_with('"') && command.find('"', 1) == command.size() - 1) {
+        command = command.substr(1, command.size() - 2);
+    }
+    return endsWithIgnoringCase(command, ".bat") && fileExists(command) ? command : std::string_view();
 }
 
 std::vector<std::string> argumentsFor(std::string_view command) {
-    if (isBatchFile(command)) return {"/bin/sh", "-c", batchRunner, "brasquelin-batch", resolvePath(command)};
+    const std::string_view batchFile = batchFileOf(command);
+    if (!batchFile.empty()) return {"/bin/sh", "-c", batchRunner, "brasquelin-batch", resolvePath(batchFile)};
     return {"/bin/sh", "-c", command.starts_with('"') ? resolveQuotedProgram(command) : std::string(command)};
 }
 
@@ -82,7 +104,7 @@ class SystemProcessTable : public ProcessTable {
 
   private:
     void collectEnded();
-    bool endsWithin(std::uint32_t processId, std::uint32_t milliseconds);
+    bool endsWithin(std::uint32_t processId, pid_t target, std::uint32_t milliseconds);
 
     std::set<std::uint32_t> children_;
     bool ownGroups_ = isatty(STDIN_FILENO) == 0;
@@ -120,20 +142,21 @@ bool SystemProcessTable::terminate(std::uint32_t processId) {
     const auto child = static_cast<pid_t>(processId);
     const pid_t target = ownGroups_ ? -child : child;
     if (kill(target, SIGTERM) != 0) return false;
-    if (!endsWithin(processId, grace)) {
+    if (!endsWithin(processId, target, grace)) {
         kill(target, SIGKILL);
-        endsWithin(processId, grace);
+        endsWithin(processId, target, grace);
     }
     return true;
 }
 
-bool SystemProcessTable::endsWithin(std::uint32_t processId, std::uint32_t milliseconds) {
+/// True once the child was collected and nothing is left of its group.
+bool SystemProcessTable::endsWithin(std::uint32_t processId, pid_t target, std::uint32_t milliseconds) {
     constexpr std::uint32_t step = 10;
-    for (std::uint32_t waited = 0; waited < milliseconds; waited += step) {
-        if (!isRunning(processId)) return true;
+    for (std::uint32_t waited = 0;; waited += step) {
+        const bool ended = !isRunning(processId) && (target > 0 || kill(target, 0) != 0);
+        if (ended || waited >= milliseconds) return ended;
         clockInUse().sleep(step);
     }
-    return !isRunning(processId);
 }
 
 void SystemProcessTable::collectEnded() {
