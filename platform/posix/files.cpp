@@ -10,6 +10,7 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -60,11 +61,15 @@ int writeAll(int descriptor, std::string_view bytes) {
     return 0;
 }
 
-/// A link is followed, so that the file behind it is replaced and the link stays.
+/// A link is followed, so that the file behind it is replaced or created and the link stays.
 std::string targetOf(std::string_view path) {
-    const std::string resolved = resolvePath(path);
-    const std::unique_ptr<char, void (*)(void*)> real(realpath(resolved.c_str(), nullptr), std::free);
-    return real ? std::string(real.get()) : resolved;
+    constexpr int mostLinks = 40;
+    std::filesystem::path target = resolvePath(path);
+    std::error_code error;
+    for (int i = 0; i < mostLinks && std::filesystem::is_symlink(target, error); ++i) {
+        target = target.parent_path() / std::filesystem::read_symlink(target, error);
+    }
+    return target.string();
 }
 
 bool isSpecial(const std::string& target) {
@@ -90,7 +95,10 @@ int fillTemporary(Descriptor& file, const std::string& target, std::string_view 
     const bool replaces = stat(target.c_str(), &status) == 0;
     const mode_t mask = umask(0);
     umask(mask);
-    fchmod(file.get(), replaces ? status.st_mode & 07777 : 0666 & ~mask);
+    // Only the system's administrator can keep the owner of somebody else's file; before the mode, which it may change.
+    const bool ownerKept = !replaces || fchown(file.get(), status.st_uid, status.st_gid) == 0;
+    const mode_t kept = ownerKept ? 07777 : 0777;
+    if (fchmod(file.get(), replaces ? status.st_mode & kept : 0666 & ~mask) != 0) return errno;
     if (const int error = writeAll(file.get(), bytes)) return error;
     if (durable && fsync(file.get()) != 0) return errno;
     return file.reset() ? 0 : errno;
@@ -126,7 +134,9 @@ std::vector<std::string> listEntries(std::string_view directory,
         if (entry == nullptr) break;
         const std::string name = entry->d_name;
         struct stat status {};
-        if (name.starts_with('.') || lstat(joinPath(folder, name).c_str(), &status) != 0) continue;
+        // A name with a back-slash cannot be opened: the back-slash would separate directories.
+        const bool unreachable = name.find('\\') != std::string::npos;
+        if (name.starts_with('.') || unreachable || lstat(joinPath(folder, name).c_str(), &status) != 0) continue;
         if (wanted(status)) names.push_back(name);
     }
     std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
@@ -157,8 +167,10 @@ bool isSameDirectory(std::string_view left, std::string_view right) {
 }
 
 bool isLink(std::string_view path) {
+    std::string name = resolvePath(path);
+    while (name.size() > 1 && name.back() == '/') name.pop_back();  // the system would look behind the link
     struct stat status {};
-    return lstat(resolvePath(path).c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+    return lstat(name.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
 std::string readFileBytes(std::string_view path) {
@@ -185,7 +197,7 @@ std::string readFileBytes(std::string_view path) {
 
 std::optional<FileStamp> fileStamp(std::string_view path) {
     struct stat status {};
-    if (!statusOf(path, status)) return std::nullopt;
+    if (!statusOf(path, status) || !S_ISREG(status.st_mode)) return std::nullopt;
     const std::int64_t modified = std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
     return FileStamp{static_cast<std::uint64_t>(status.st_size), modified, status.st_ino};
 }

@@ -25,6 +25,12 @@ bool exists(const std::string& path) {
     return stat(path.c_str(), &status) == 0;
 }
 
+/// True for a link that leads nowhere, too.
+bool isEntry(const std::string& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0;
+}
+
 /// The entry of `directory` that has this name in some letter case; the name itself when there is none.
 std::string entryInAnyCase(const std::string& directory, std::string_view name) {
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(directory.empty() ? "." : directory.c_str()), closedir);
@@ -46,7 +52,7 @@ std::string resolveByComponent(const std::string& path) {
         if (!resolved.empty() && resolved.back() != '/') resolved += '/';
         std::string exact = resolved;
         exact.append(component);
-        if (!exists(exact)) exact = resolved.append(entryInAnyCase(resolved, component));
+        if (!isEntry(exact)) exact = resolved.append(entryInAnyCase(resolved, component));
         resolved = std::move(exact);
     }
     return resolved;
@@ -85,7 +91,7 @@ std::string anchoredPath(std::string_view path) {
 std::string resolvePath(std::string_view path) {
     std::string slashed(path);
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
-    if (slashed.empty() || exists(slashed)) return slashed;
+    if (slashed.empty() || isEntry(slashed)) return slashed;
     return resolveByComponent(slashed);
 }
 
