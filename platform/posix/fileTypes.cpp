@@ -24,11 +24,11 @@ namespace {
 constexpr std::string_view openCommandKey = "Brasquelin.Script\\shell\\open\\command";
 constexpr std::string_view mimeType = "application/x-brasquelin-script";
 
-/// A word of a desktop entry's Exec line.
+/// A word of a desktop entry's Exec line. No path holds a back-slash here.
 std::string quotedForExec(std::string_view word) {
     std::string quoted = "\"";
     for (const char c : word) {
-        if (c == '"' || c == '`' || c == '$' || c == '\\') quoted += "\\\\";  // escaped twice: as string and as word
+        if (c == '"' || c == '`' || c == '$') quoted += "\\\\";  // escaped twice: as string and as word
         if (c == '%') quoted += '%';
         quoted += c;
     }
@@ -61,7 +61,8 @@ bool rewrite(const std::string& path, const std::string& text) {
 
 /// Starts a program and forgets it: the shell in between ends at once and its child has no parent to tell.
 void runInBackground(const std::string& program, const std::string& directory) {
-    std::string script = "command -v \"$0\" >/dev/null && \"$0\" \"$1\" </dev/null >/dev/null 2>&1 &";
+    // Whoever reads the program's output must not wait for this: nothing keeps it open.
+    std::string script = "{ command -v \"$0\" && \"$0\" \"$1\"; } </dev/null >/dev/null 2>&1 &";
     std::string name = program;
     std::string folder = directory;
     char shell[] = "sh";
