@@ -20,13 +20,18 @@ class Executable : public ProgramTest {
         }
         std::filesystem::copy(built / "Brasquelin.ini", folder() + "/Brasquelin.ini");
         std::filesystem::copy(built / "list.txt", folder() + "/list.txt");
+        // The real tools would go on working in the directory while it is removed.
+        for (const char* tool : {"bin/update-mime-database", "bin/update-desktop-database"}) {
+            writeBytes(tool, "#!/bin/sh\n");
+            std::filesystem::permissions(folder() + "/" + tool, std::filesystem::perms::owner_all);
+        }
     }
 
     /// The exit status; what the program prints is in "out.txt" and "err.txt".
     int run(const std::string& arguments) {
         const std::string command = "cd '" + folder() + "' && env -u DISPLAY -u WAYLAND_DISPLAY HOME='" + folder() +
-                                    "' XDG_DATA_HOME='" + folder() + "/data' ./brasquelin " + arguments +
-                                    " >out.txt 2>err.txt </dev/null";
+                                    "' XDG_DATA_HOME='" + folder() + "/data' PATH='" + folder() +
+                                    "/bin':\"$PATH\" ./brasquelin " + arguments + " >out.txt 2>err.txt </dev/null";
         const int status = std::system(command.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }

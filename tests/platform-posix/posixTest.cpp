@@ -1,17 +1,24 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <map>
 
 #include "app/startUp.h"
+#include "config/clearDirectory.h"
 #include "config/registerFileTypes.h"
 #include "platform/childProcess.h"
 #include "platform/codePages.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
+#include "text/text.h"
 
 namespace brasquelin {
 namespace {
@@ -27,6 +34,12 @@ class Posix : public ProgramTest {
     void makeProgram(const std::string& name, const std::string& script) const {
         writeBytes(name, "#!/bin/sh\n" + script);
         chmod((folder() + "/" + name).c_str(), 0755);
+    }
+    /// Ended, and not collected yet by whoever inherited it.
+    static bool isZombie(pid_t process) {
+        std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+        const std::string status{std::istreambuf_iterator<char>(file), {}};
+        return status.find(") Z ") != std::string::npos;
     }
 };
 
@@ -65,18 +78,87 @@ TEST_F(Posix, ReplacingKeepsPermissionsLinksAndDevices) {
     EXPECT_EQ(errorOf([] { writeFile("/dev/full", "x"); }), ErrorNumber::diskFull);
 }
 
+TEST_F(Posix, AFileToBeCreatedBehindALinkIsCreatedThere) {
+    write("sub/x", {});
+    ASSERT_EQ(symlink("sub/new.txt", (folder() + "/Link.txt").c_str()), 0);
+    write("LINK.TXT", {"another file"});
+    writeFile(folder() + "/Link.txt", "new");
+    EXPECT_TRUE(isLink(folder() + "/Link.txt"));
+    EXPECT_EQ(read("sub/new.txt"), "new");
+    std::filesystem::remove(folder() + "/sub/new.txt");
+    EXPECT_TRUE(deleteFile(folder() + "/Link.txt"));  // leads nowhere, and is meant all the same
+    EXPECT_EQ(listFiles(folder()), std::vector<std::string>{"LINK.TXT"});
+}
+
+TEST_F(Posix, AWriteThatFailsLeavesTheOldFileAlone) {
+    write("kept.txt", {"old"});
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{64, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const ErrorNumber error = errorOf([this] { saveFile(folder() + "/kept.txt", std::string(1000, 'x')); });
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(error, ErrorNumber::pathFileAccess);
+    EXPECT_EQ(read("kept.txt"), "old\r\n");
+    EXPECT_EQ(listFiles(folder()), std::vector<std::string>{"kept.txt"});
+}
+
+TEST_F(Posix, NamesThatSpellAWayElsewhereAreNotFollowed) {
+    write("keep.txt", {"x"});
+    write("tmp/sub/inner/x", {});  // too deep to go
+    write("tmp/sub\\..\\..\\keep.txt", {"x"});
+    write("tmp/gone.txt", {"x"});
+    clearDirectory(folder() + "/tmp");
+    EXPECT_TRUE(exists("keep.txt"));
+    EXPECT_FALSE(exists("tmp/gone.txt"));
+}
+
+TEST_F(Posix, TheProgramDirectoryIsNotClearedByAnotherName) {
+    write("real/program/keep.txt", {"x"});
+    ASSERT_EQ(symlink("real", (folder() + "/other").c_str()), 0);
+    ASSERT_EQ(symlink("../../real/program", (folder() + "/real/program/inside").c_str()), 0);
+    setProgramDirectory(folder() + "/real/program");
+    clearDirectory(folder() + "/other/program");
+    clearDirectory(folder() + "/other/");
+    write("elsewhere/keep.txt", {"x"});
+    ASSERT_EQ(symlink("elsewhere", (folder() + "/link").c_str()), 0);
+    clearDirectory(folder() + "/link/");
+    EXPECT_TRUE(exists("elsewhere/keep.txt"));
+    clearDirectory(folder() + "/real/program/inside/..");
+    EXPECT_TRUE(exists("real/program/keep.txt"));
+}
+
 TEST_F(Posix, BatchFilesRunLineByLineInOneShell) {
     writeBytes("my batch.bat", "cd '" + folder() +
-                                   "'\r\n// a comment\r\nx=caf\xC3\xA9\r\nif (;\r\necho $x > out.txt\r\n"
+                                   "'\r\n// a comment\r\nx=caf\xC3\xA9\xC3\x81\r\nif (;\r\n. ./none\r\n"
+                                   "echo $x 'a\\q' > out.txt\r\n"
+                                   "readlink /proc/self/fd/* | grep -c 'my batch' >> out.txt\r\n"
                                    "exec 3<&0; echo more >> out.txt");
-    runForReal(folder() + "/my batch.bat");
-    EXPECT_EQ(read("out.txt"), "café\nmore\n");
+    runForReal(folder() + "/my batch.bat >/dev/null 2>&1");  // no batch file but a command
+    EXPECT_FALSE(exists("out.txt"));
+    runForReal("\"" + folder() + "/my batch.bat\"");
+    EXPECT_EQ(read("out.txt"), "caféÁ a\\q\n0\nmore\n");
+}
+
+TEST_F(Posix, LaunchersRunBatchFilesWithTheShippedScript) {
+    writeBytes("my batch.bat", "read line\r\necho \"<$line>\"\r\n");
+    const std::string script = BRASQUELIN_SOURCE "/launchers/linux/brasquelin-batch";
+    runForReal("cd '" + folder() + "' && echo 'a  b' | sh '" + script + "' Brasquelin my batch.bat > out.txt");
+    EXPECT_EQ(read("out.txt"), "read line\necho \"<$line>\"\n<a  b>\n");
 }
 
 TEST_F(Posix, ProgramsAreFoundWithoutTheirExtensionAndErrorsAreTold) {
     makeProgram("it's a tool", "echo \"$1\" > \"$(dirname \"$0\")/out.txt\"\n");
     runForReal("\"" + folder() + "\\It's a tool.exe\" 'a b'");
     EXPECT_EQ(read("out.txt"), "a b\n");
+    changeDirectory(folder());
+    makeProgram("sort", "echo mine > out.txt\n");
+    runForReal("\"sort\"");  // of the current directory, before any other
+    EXPECT_EQ(read("out.txt"), "mine\n");
+    runForReal("\"echo\" found on the way > out.txt");
+    EXPECT_EQ(read("out.txt"), "found on the way\n");
     write("plain.exe", {"no program"});
     auto& table = systemProcessTable();
     const auto start = [&](const std::string& command) { table.start(command, WindowStyle::hidden); };
@@ -98,6 +180,21 @@ TEST_F(Posix, ChildrenAreEndedOnceAndOnlyIfTheyAreOurs) {
     EXPECT_FALSE(table.terminate(1));
 }
 
+TEST_F(Posix, ChildrenEndTogetherWithWhatTheyStarted) {
+    if (isatty(STDIN_FILENO) != 0) GTEST_SKIP() << "with a terminal children share the group of the program";
+    setClock(nullptr);
+    auto& table = systemProcessTable();
+    const std::string stubborn = "sh -c 'trap \"\" TERM; echo $$ > id.txt; while :; do sleep 0.05; done' & wait";
+    changeDirectory(folder());
+    const std::uint32_t child = table.start(stubborn, WindowStyle::hidden);
+    while (read("id.txt").empty()) usleep(2000);
+    const pid_t grandchild = std::stoi(read("id.txt"));
+    EXPECT_TRUE(table.terminate(child));
+    for (int i = 0; i < 500 && kill(grandchild, 0) == 0 && !isZombie(grandchild); ++i) usleep(2000);
+    EXPECT_TRUE(kill(grandchild, 0) != 0 || isZombie(grandchild));
+    kill(grandchild, SIGKILL);
+}
+
 TEST_F(Posix, ListFilesMayBeInCodePage850) {
     write("Brasquelin.ini", {});
     write("say.bqs", {"#Brasquelin Library  Say", "[var]", "text", ".Type=Text", ".Info=none", "[/var]", "[command]",
@@ -110,19 +207,60 @@ TEST_F(Posix, ListFilesMayBeInCodePage850) {
     EXPECT_EQ(decodeFile("\x81"), "\xC2\x81");  // undefined in the code page
 }
 
-TEST_F(Posix, FileTypesAreRegisteredBelowTheUsersData) {
-    const char* before = std::getenv("XDG_DATA_HOME");
-    const std::string restored = before != nullptr ? before : "";
-    setenv("XDG_DATA_HOME", (folder() + "/data").c_str(), 1);
+class PosixFileTypes : public Posix {
+  protected:
+    PosixFileTypes() {
+        // The tools that update the databases only tell that they were called.
+        for (const char* tool : {"update-mime-database", "update-desktop-database"}) {
+            makeProgram("bin/" + std::string(tool), "echo \"${0##*/} $1\" >> '" + folder() + "/calls.txt'\n");
+        }
+        set("PATH", folder() + "/bin:" + std::getenv("PATH"));
+        set("XDG_DATA_HOME", folder() + "/data");
+    }
+    ~PosixFileTypes() override {
+        for (const auto& [name, value] : before_) setenv(name.c_str(), value.c_str(), 1);
+    }
+    void set(const std::string& name, const std::string& value) {
+        const char* before = std::getenv(name.c_str());
+        before_.emplace(name, before != nullptr ? before : "");
+        setenv(name.c_str(), value.c_str(), 1);
+    }
+    std::size_t toolCalls(std::size_t expected) const {
+        std::size_t calls = 0;
+        for (int i = 0; i < 1000 && calls < expected; ++i, usleep(2000)) calls = splitLines(read("calls.txt")).size();
+        return calls;
+    }
+
+  private:
+    std::map<std::string, std::string> before_;
+};
+
+TEST_F(PosixFileTypes, AreKeptBelowTheUsersData) {
+    std::filesystem::create_directory(folder() + "/a $b 5%");
+    setProgramDirectory(folder() + "/a $b 5%");
     registerFileTypes();
-    registerFileTypes();
+    EXPECT_EQ(toolCalls(2), 2U);
     const std::string entry = read("data/applications/brasquelin.desktop");
-    EXPECT_NE(entry.find("Exec=\"" + folder() + "/brasquelin\" %f\n"), std::string::npos);
-    EXPECT_NE(read("data/mime/packages/brasquelin.xml").find("*.bqp"), std::string::npos);
+    EXPECT_NE(entry.find("Exec=\"" + folder() + "/a \\\\$b 5%%/brasquelin\" %f\n"), std::string::npos) << entry;
+    const std::string package = read("data/mime/packages/brasquelin.xml");
+    EXPECT_NE(package.find("\"*.bqp\""), std::string::npos);
+    EXPECT_NE(package.find("\"*.bqs\""), std::string::npos);
+}
+
+TEST_F(PosixFileTypes, UpdateTheDatabasesOnlyAfterAChange) {
+    registerFileTypes();
+    EXPECT_EQ(toolCalls(2), 2U);
+    writeBytes("data/applications/brasquelin.desktop", "changed by somebody");
+    registerFileTypes();
+    EXPECT_EQ(toolCalls(3), 3U);
+    EXPECT_EQ(splitLines(read("calls.txt")).back(), "update-desktop-database " + folder() + "/data/applications");
+}
+
+TEST_F(PosixFileTypes, FailSilently) {
     writeBytes("blocked", "a file where a directory is needed");
-    setenv("XDG_DATA_HOME", (folder() + "/blocked").c_str(), 1);
+    set("XDG_DATA_HOME", folder() + "/blocked");
     EXPECT_NO_THROW(registerFileTypes());
-    setenv("XDG_DATA_HOME", restored.c_str(), 1);
+    EXPECT_EQ(read("blocked"), "a file where a directory is needed");
 }
 
 }  // namespace
