@@ -79,10 +79,6 @@ wxSizer* FrmAddVar::makeType() {
     auto* Combo1 = new wxComboBox(parent, wxID_ANY, toWx(model_.fields.type), wxDefaultPosition, wxDefaultSize,
                                   toItems(variableTypes()), wxCB_READONLY, wxDefaultValidator, "Combo1");
     Combo1->Bind(wxEVT_COMBOBOX, [this, Combo1](wxCommandEvent&) { model_.fields.type = fromWx(Combo1->GetValue()); });
-    auto* Text2 = makeBox(parent, "Text2", model_.fields.filter);
-    auto* filter = new wxBoxSizer(wxHORIZONTAL);
-    filter->Add(new wxStaticText(parent, wxID_ANY, "Path filter :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
-    filter->Add(Text2, wxSizerFlags(1).CenterVertical());
     box->Add(Combo1, wxSizerFlags().Expand().Border(wxALL));
     const auto growing = wxSizerFlags(1).Expand().Border(wxALL);
     box->Add(
@@ -91,11 +87,16 @@ wxSizer* FrmAddVar::makeType() {
     box->Add(
         makeChoices(parent, {"Comb :", "Combo4", "Command2", &model_.fields.combEntries, &AddVariable::askCombEntry}),
         growing);
+    auto* Text2 = makeBox(parent, "Text2", model_.fields.filter);
+    auto* filter = new wxBoxSizer(wxHORIZONTAL);
+    filter->Add(new wxStaticText(parent, wxID_ANY, "Path filter :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
+    filter->Add(Text2, wxSizerFlags(1).CenterVertical());
     box->Add(filter, wxSizerFlags().Expand().Border(wxALL));
     return box;
 }
 
 wxSizer* FrmAddVar::makeChoices(wxWindow* parent, const Choices& choices) {
+    auto* button = makeButton(parent, "Add ...", choices.button);
     auto* list = new wxListBox(parent, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(200, 60)), 0, nullptr,
                                wxLB_SINGLE | wxLB_HSCROLL, wxDefaultValidator, choices.list);
     list->SetToolTip("Del removes an entry");
@@ -104,7 +105,6 @@ wxSizer* FrmAddVar::makeChoices(wxWindow* parent, const Choices& choices) {
         if (key != WXK_DELETE && key != WXK_NUMPAD_DELETE) return event.Skip();
         removeSelected(*list, *choices.entries);
     });
-    auto* button = makeButton(parent, "Add ...", choices.button);
     button->Bind(wxEVT_BUTTON, [this, list, choices](wxCommandEvent&) {
         (model_.*choices.ask)();
         list->Set(toItems(*choices.entries));
