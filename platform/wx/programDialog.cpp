@@ -26,9 +26,10 @@ void ProgramDialog::closing(bool /*byUser*/) {
 }
 
 void ProgramDialog::closeWindow() {
+    if (!IsShown()) return;
     if (IsModal()) {
         EndModal(wxID_CANCEL);
-    } else if (IsShown()) {
+    } else {
         Hide();
         SetName("");  // no longer found
         Destroy();

@@ -116,7 +116,7 @@ wxTopLevelWindow& WxDesktop::loadWindow(std::string_view name) {
 void WxDesktop::showWindow(std::string_view name, bool modal) {
     auto* dialog = dynamic_cast<wxDialog*>(&loadWindow(name));
     if (!modal || !dialog) return showModeless(loadWindow(name));
-    if (dialog->IsModal()) return dialog->Raise();
+    if (dialog->IsModal() && dialog->IsShown()) return dialog->Raise();
     if (dialog->IsShown()) {  // left over from a modeless show: it may stand for something else
         unloadWindow(name);
         dialog = dynamic_cast<wxDialog*>(&loadWindow(name));

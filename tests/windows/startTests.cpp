@@ -71,8 +71,8 @@ TEST_F(Start, PresetsRunTheFileUnseen) {
 
 TEST_F(Start, AListIsReplayedAndEnds) {
     const std::string profile = writeOneVariable();
-    const std::string list =
-        writeFile("list.txt", "/opt/brasquelin " + profile + " 001=a\n/opt/brasquelin " + profile + "\n");
+    const std::string list = writeFile(
+        "list.txt", "C:\\tools\\brasquelin.exe " + profile + " 001=a\nC:\\tools\\brasquelin.exe " + profile + "\n");
     next([](wxDialog& prompt) {
         pump();
         wxWindow& waiting = *loadedWindow("frmWait");
@@ -83,7 +83,7 @@ TEST_F(Start, AListIsReplayedAndEnds) {
         type(prompt, "textType", "b");
         click(prompt, "cmdOK");
     });
-    EXPECT_EQ(0, endOf([&] { start("-f " + list); }));
+    EXPECT_EQ(0, endOf([&] { start("-f " + list); })) << testing::PrintToString(modals.messages);
     EXPECT_EQ("echo a\r\necho b\r\n", readFile("brasquelin.bat"));
 }
 

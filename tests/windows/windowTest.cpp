@@ -106,7 +106,7 @@ int ModalScript::Enter(wxDialog* dialog) {
         step(*dialog);
         // A closed dialog may count as modal until its loop has been left, so the next turn tells.
         wxTheApp->CallAfter([weak, name] {
-            if (!weak || !weak->IsModal()) return;
+            if (!weak || !weak->IsShown()) return;
             ADD_FAILURE() << name << " was left open";
             weak->EndModal(wxID_CANCEL);
         });
