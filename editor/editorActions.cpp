@@ -7,8 +7,10 @@
 #include "editor/references.h"
 #include "editor/valueInput.h"
 #include "engine/plugins.h"
+#include "platform/childProcess.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -63,6 +65,11 @@ void addInclude() {
     editorState.document.listInclude.push_back(includeLine(path));
 }
 
+/// Where a file dialog starts; empty: wherever the desktop likes.
+std::string startIn(const std::string& directory) {
+    return directory.empty() ? std::string() : joinPath(directory, {});
+}
+
 using Move = SelectedLine (*)(ProfileDocument& document, SelectedLine selected);
 
 SelectedLine moveSelected(Move move, SelectedLine selected) {
@@ -84,6 +91,10 @@ void enterEditor() {
     newDocument(editorState.document);
 }
 
+void stopWaiting() {
+    killProcess(childProcessId);
+}
+
 void leaveEditor() {
     desktop().unloadWindow("frmAddVar");
     desktop().unloadWindow("frmAddCommand");
@@ -101,8 +112,9 @@ void startNewProfile() {
 }
 
 bool openProfile() {
+    const std::string start = startIn(canSave() ? dirOf(settings.profilePath) : editorState.profileDirectory);
     const std::string path =
-        desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", {}});
+        desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", start});
     if (path.empty()) return false;
     try {
         openDocument(editorState.document, path);

@@ -13,7 +13,9 @@ using SelectedLine = std::optional<std::size_t>;
 
 /// Loading the editor's window: remembers the configured profile directory and starts a new document.
 void enterEditor();
-/// Closing it: unloads its dialogs and shows the main window again.
+/// The user is tired of waiting for a plugin: ends it.
+void stopWaiting();
+/// Closing the window: unloads its dialogs and shows the main window again.
 void leaveEditor();
 
 /// The file's name and the program part; only the latter while there is no file.

@@ -278,7 +278,10 @@ void FrmCreateProfile::moveGroup(Move move) {
 }
 
 void FrmCreateProfile::closing(wxCloseEvent& event) {
-    if (busy_ && event.CanVeto()) return event.Veto();
+    if (busy_ && event.CanVeto()) {
+        stopWaiting();
+        return event.Veto();
+    }
     ForTimer_.Stop();
     tmrEdit_.Stop();
     leaveEditor();

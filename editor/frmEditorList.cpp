@@ -8,7 +8,7 @@
 namespace brasquelin {
 
 FrmEditorList::FrmEditorList(wxWindow* parent, EditorList which, const char* name)
-    : LineList(parent, name), which_(which) {
+    : LineList(parent, name, wxBORDER_THEME), which_(which) {
     attributeLook_.SetTextColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     SetMinSize(FromDIP(wxSize(200, 60)));
 }

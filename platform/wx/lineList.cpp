@@ -7,9 +7,9 @@
 
 namespace brasquelin {
 
-LineList::LineList(wxWindow* parent, const char* name)
+LineList::LineList(wxWindow* parent, const char* name, long border)
     : wxListView(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL | wxLC_NO_HEADER, wxDefaultValidator, name) {
+                 wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL | wxLC_NO_HEADER | border, wxDefaultValidator, name) {
     // With equal widths the line with the most characters is the widest.
     wxFont font = GetFont();
     font.SetFamily(wxFONTFAMILY_TELETYPE);

@@ -10,7 +10,7 @@ namespace brasquelin {
 
 class LineList : public wxListView {
   public:
-    LineList(wxWindow* parent, const char* name);
+    LineList(wxWindow* parent, const char* name, long border = wxBORDER_DEFAULT);
 
     std::optional<std::size_t> selectedLine() const;
 

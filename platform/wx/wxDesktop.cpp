@@ -11,6 +11,7 @@
 
 #include <utility>
 
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/wx/application.h"
 #include "platform/wx/fileFilter.h"
@@ -83,6 +84,12 @@ void showModeless(wxTopLevelWindow& window) {
 
 long fileDialogStyle(FileDialogMode mode) {
     return mode == FileDialogMode::open ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE | wxFD_OVERWRITE_PROMPT;
+}
+
+/// The directory itself or the nearest one above it that exists.
+std::string existingDirectory(std::string path) {
+    while (!path.empty() && !directoryExists(path)) path = dirOf(path);
+    return path;
 }
 
 /// Some desktops leave it to the program to add the extension of the chosen filter.
@@ -161,8 +168,8 @@ std::optional<std::string> WxDesktop::askText(std::string_view prompt, std::stri
 std::string WxDesktop::askFile(const FileDialogRequest& request) {
     const std::string start = resolvePath(request.startName);
     const std::string filter = fileFilter(request.filter, fromWx(wxFileSelectorDefaultWildcardStr));
-    wxFileDialog dialog(nullptr, toWx(request.title), toWx(dirOf(start)), toWx(fileNameOf(start)), toWx(filter),
-                        fileDialogStyle(request.mode));
+    wxFileDialog dialog(nullptr, toWx(request.title), toWx(existingDirectory(dirOf(start))), toWx(fileNameOf(start)),
+                        toWx(filter), fileDialogStyle(request.mode));
     if (showModally(dialog) != wxID_OK) return {};
     return withExtension(fromWx(dialog.GetPath()), request, dialog.GetFilterIndex());
 }

@@ -51,6 +51,7 @@ TEST_F(EditorActions, TheCurrentFileTakesTheConfiguredDirectorysPlace) {
 
     answerFile(profile());
     openProfile();
+    EXPECT_EQ(desktop_.dialogs.back().startName, joinPath(folder() + "/profiles", ""));
     EXPECT_EQ(document.listCommand, Lines{"one"});
     EXPECT_EQ(editorTitle(), "a.bqp - Profile Editor");
     EXPECT_EQ(settings.profilePath, profile());

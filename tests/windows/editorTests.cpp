@@ -320,7 +320,9 @@ TEST_F(Editor, WaitsForItsPluginsWithoutLosingItsDocument) {
         chooseFromMenu(frame, "New");
     });
     windows.fileAnswers.push_back(inDirectory("profiles/p.bqp"));
+    childProcessId = 7;
     chooseFromMenu(frame, "Open");
+    EXPECT_EQ(std::vector<std::uint32_t>{7}, processes.terminated);
     EXPECT_TRUE(windows.isVisible("frmCreateProfile"));
     EXPECT_EQ(1, list(frame, "listInclude").GetItemCount());
     EXPECT_EQ("p.bqp - Profile Editor", frame.GetTitle());
