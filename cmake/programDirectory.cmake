@@ -1,4 +1,5 @@
-# The program directory that ./run starts from: samples, their plugins, the program and the batch runner.
+# The program directory that ./run starts from: samples, their plugins, the program and the batch runner. A file is
+# copied when it changes here, so what a user changes there stays.
 set(BRASQUELIN_PROGRAM_DIRECTORY ${CMAKE_BINARY_DIR}/Brasquelin)
 
 foreach(plugin folderinfo notempty)
@@ -10,21 +11,23 @@ foreach(plugin folderinfo notempty)
     endif()
 endforeach()
 
-set(copies
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${BRASQUELIN_PROGRAM_DIRECTORY})
-foreach(part profiles libraries functions material temp)
-    list(APPEND copies COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/samples/${part}
-         ${BRASQUELIN_PROGRAM_DIRECTORY}/${part})
-endforeach()
-foreach(file Brasquelin.ini list.txt)
-    list(APPEND copies COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/samples/${file}
-         ${BRASQUELIN_PROGRAM_DIRECTORY}/${file})
+function(copy_to_program_directory from to)
+    set(copy ${BRASQUELIN_PROGRAM_DIRECTORY}/${to})
+    add_custom_command(OUTPUT ${copy} DEPENDS ${from} COMMAND ${CMAKE_COMMAND} -E copy ${from} ${copy} VERBATIM)
+    set_property(GLOBAL APPEND PROPERTY BRASQUELIN_COPIES ${copy})
+endfunction()
+
+file(GLOB_RECURSE samples CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/samples ${CMAKE_SOURCE_DIR}/samples/*)
+list(FILTER samples EXCLUDE REGEX "^plugins/")
+foreach(sample ${samples})
+    copy_to_program_directory(${CMAKE_SOURCE_DIR}/samples/${sample} ${sample})
 endforeach()
 if(NOT WIN32)
-    list(APPEND copies COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/launchers/linux/brasquelin-batch
-         ${BRASQUELIN_PROGRAM_DIRECTORY}/brasquelin-batch)
+    copy_to_program_directory(${CMAKE_SOURCE_DIR}/launchers/linux/brasquelin-batch brasquelin-batch)
 endif()
-add_custom_target(program_directory ALL ${copies} DEPENDS folderinfo notempty VERBATIM)
+
+get_property(copies GLOBAL PROPERTY BRASQUELIN_COPIES)
+add_custom_target(program_directory ALL DEPENDS ${copies} folderinfo notempty)
 if(TARGET brasquelin)
     set_target_properties(brasquelin PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${BRASQUELIN_PROGRAM_DIRECTORY})
     add_dependencies(program_directory brasquelin)

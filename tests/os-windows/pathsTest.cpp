@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/files.h"
-#include "tests/os-windows/scratchDirectory.h"
+#include "support/scratchDirectory.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {

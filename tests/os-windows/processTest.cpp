@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "os-windows/becomesTrue.h"
 #include "platform/childProcess.h"
 #include "platform/paths.h"
 #include "platform/windows/programStart.h"
-#include "tests/os-windows/scratchDirectory.h"
+#include "support/scratchDirectory.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {

@@ -1,9 +1,5 @@
 #include "support/programTest.h"
 
-#include <fstream>
-#include <iterator>
-#include <random>
-
 #include "app/startUp.h"
 #include "config/configFile.h"
 #include "engine/runProfile.h"
@@ -12,20 +8,8 @@
 
 namespace brasquelin {
 
-namespace {
-
-std::filesystem::path newDirectory() {
-    std::random_device random;
-    for (;;) {
-        const auto path = std::filesystem::temp_directory_path() / ("brasquelin-test-" + std::to_string(random()));
-        if (std::filesystem::create_directory(path)) return std::filesystem::canonical(path);
-    }
-}
-
-}  // namespace
-
-ProgramTest::ProgramTest() : directory_(newDirectory()), startedIn_(std::filesystem::current_path()) {
-    setProgramDirectory(directory_.string());
+ProgramTest::ProgramTest() : startedIn_(std::filesystem::current_path()) {
+    setProgramDirectory(utf8(directory_.path()));
     folder_ = exeDirectory();
     resetTables();
     setDesktop(desktop_);
@@ -43,8 +27,6 @@ ProgramTest::~ProgramTest() {
     resetTables();
     setProgramDirectory({});
     std::filesystem::current_path(startedIn_);
-    std::error_code ignored;
-    std::filesystem::remove_all(directory_, ignored);
 }
 
 void ProgramTest::write(const std::string& name, const std::vector<std::string>& lines) const {
@@ -54,23 +36,19 @@ void ProgramTest::write(const std::string& name, const std::vector<std::string>&
 }
 
 void ProgramTest::writeBytes(const std::string& name, const std::string& bytes) const {
-    const auto path = directory_ / name;
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
-    forgetTextFiles();
+    directory_.write(name, bytes);
 }
 
 std::string ProgramTest::read(const std::string& name) const {
-    std::ifstream file(directory_ / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return directory_.read(name);
 }
 
 bool ProgramTest::exists(const std::string& name) const {
-    return std::filesystem::exists(directory_ / name);
+    return std::filesystem::exists(directory_.path() / fromUtf8(name));
 }
 
 void ProgramTest::remove(const std::string& name) const {
-    std::filesystem::remove_all(directory_ / name);
+    std::filesystem::remove_all(directory_.path() / fromUtf8(name));
     forgetTextFiles();
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/fakeProcesses.h"
+#include "support/scratchDirectory.h"
 #include "support/scriptedDesktop.h"
 #include "text/runTimeError.h"
 #include "text/table.h"
@@ -55,7 +56,7 @@ class ProgramTest : public testing::Test {
     FakeProcessTable processes_;
 
   private:
-    std::filesystem::path directory_;
+    ScratchDirectory directory_;
     std::filesystem::path startedIn_;
     std::string folder_;
     std::vector<std::string> jobs_;

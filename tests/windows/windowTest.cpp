@@ -13,10 +13,6 @@
 #include <wx/toolbar.h>
 #include <wx/weakref.h>
 
-#include <atomic>
-#include <fstream>
-#include <sstream>
-
 #include "app/frmMain.h"
 #include "app/registerWindows.h"
 #include "platform/files.h"
@@ -39,14 +35,6 @@ std::string withCrLf(const std::string& text) {
         lines += character;
     }
     return lines;
-}
-
-std::filesystem::path newDirectory() {
-    static std::atomic<int> counter{0};
-    const auto base = std::filesystem::canonical(std::filesystem::temp_directory_path());
-    const auto unique = "brasquelin-windows-" + std::to_string(wxGetProcessId()) + "-" + std::to_string(++counter);
-    std::filesystem::create_directories(base / unique);
-    return base / unique;
 }
 
 /// Below a file nothing can be written: the registration of file types fails, silently, and leaves no process behind.
@@ -115,15 +103,17 @@ int ModalScript::Enter(wxDialog* dialog) {
     return wxID_NONE;
 }
 
-WindowTest::WindowTest() : directory_(newDirectory()) {
-    keepOutOfUserData(directory_.string());
-    setProgramDirectory(directory_.string());
+WindowTest::WindowTest() {
+    const std::string directory = utf8(directory_.path());
+    keepOutOfUserData(directory);
+    setProgramDirectory(directory);
     setDesktop(windows);
     setProcessTable(&processes);
     setClock(&clock);
     childProcessId = 0;
     registerWindows(windows);
-    for (const char* folder : {"profiles", "libraries", "data"}) std::filesystem::create_directory(directory_ / folder);
+    for (const char* folder : {"profiles", "libraries", "data"})
+        std::filesystem::create_directory(directory_.path() / folder);
     writeFile("functions.ini", "say\n$exepath$/say.ini\n");
     writeFile("say.ini",
               "#\n[var]\ntext\n.Type=Text\n.Info=i\n.Default=\n[/var]\n[command]\nType=shell\nCommand=echo $text$\n"
@@ -142,8 +132,7 @@ WindowTest::~WindowTest() {
     setProcessTable(nullptr);
     setClock(nullptr);
     forgetTextFiles();
-    changeDirectory(std::filesystem::temp_directory_path().string());
-    std::filesystem::remove_all(directory_);
+    changeDirectory(utf8(std::filesystem::temp_directory_path()));
 }
 
 std::string WindowTest::inDirectory(const std::string& name) const {
@@ -151,15 +140,11 @@ std::string WindowTest::inDirectory(const std::string& name) const {
 }
 
 std::string WindowTest::writeFile(const std::string& name, const std::string& text) {
-    std::ofstream(directory_ / name, std::ios::binary) << withCrLf(text);
-    forgetTextFiles();
-    return inDirectory(name);
+    return directory_.write(name, withCrLf(text));
 }
 
 std::string WindowTest::readFile(const std::string& name) {
-    std::ostringstream text;
-    text << std::ifstream(directory_ / name, std::ios::binary).rdbuf();
-    return text.str();
+    return directory_.read(name);
 }
 
 std::string WindowTest::writeProfile(const std::string& file, const std::string& title, const std::string& variables,

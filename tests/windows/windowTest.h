@@ -17,6 +17,7 @@
 
 #include "platform/wx/wxDesktop.h"
 #include "support/fakeProcesses.h"
+#include "support/scratchDirectory.h"
 
 namespace brasquelin {
 
@@ -82,7 +83,7 @@ class WindowTest : public testing::Test {
     ModalScript modals;
 
   private:
-    std::filesystem::path directory_;
+    ScratchDirectory directory_;
 };
 
 /// Processes events until nothing is left to do.

@@ -1,9 +1,10 @@
-#include "tests/os-windows/program/programRun.h"
+#include "os-windows/program/programRun.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
 
+#include "os-windows/becomesTrue.h"
 #include "platform/codePages.h"
 #include "platform/paths.h"
 #include "platform/windows/wideText.h"

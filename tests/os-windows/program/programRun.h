@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/os-windows/scratchDirectory.h"
+#include "support/scratchDirectory.h"
 
 namespace brasquelin {
 

@@ -5,9 +5,10 @@
 
 #include <fstream>
 
+#include "os-windows/becomesTrue.h"
+#include "os-windows/program/programRun.h"
 #include "platform/codePages.h"
 #include "platform/paths.h"
-#include "tests/os-windows/program/programRun.h"
 #include "text/text.h"
 
 namespace brasquelin {

@@ -199,7 +199,7 @@ TEST_F(Posix, ListFilesMayBeInCodePage850) {
     write("Brasquelin.ini", {});
     write("say.bqs", {"#Brasquelin Library  Say", "[var]", "text", ".Type=Text", ".Info=none", "[/var]", "[command]",
                       "type=shell", "command=echo $text$", "[/command]"});
-    writeBytes("list.txt", "/x/brasquelin " + folder() + "/say.bqs 001=caf\x82\n");
+    writeBytes("list.txt", "/x/brasquelin $exepath$/say.bqs 001=caf\x82\n");
     EXPECT_EQ(exitStatusOf([this] { startUp("-f " + folder() + "/list.txt"); }), 0);
     EXPECT_EQ(read("brasquelin.bat"), "echo café\r\n");
     EXPECT_EQ(decodeOem("\x82t\x82"), "été");

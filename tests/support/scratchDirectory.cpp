@@ -1,18 +1,20 @@
-#include "tests/os-windows/scratchDirectory.h"
-
-#include <windows.h>
+#include "support/scratchDirectory.h"
 
 #include <fstream>
 #include <iterator>
+#include <random>
+
+#include "platform/paths.h"
+#include "platform/textFiles.h"
 
 namespace brasquelin {
 
 ScratchDirectory::ScratchDirectory() {
-    static int counter = 0;
-    const std::wstring name =
-        L"Br\u00E9s scratch " + std::to_wstring(GetCurrentProcessId()) + L" " + std::to_wstring(++counter);
-    path_ = std::filesystem::temp_directory_path() / name;
-    std::filesystem::create_directories(path_);
+    std::random_device random;
+    const auto base = std::filesystem::canonical(std::filesystem::temp_directory_path());
+    do {
+        path_ = base / fromUtf8("Brés scratch " + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path_));
 }
 
 ScratchDirectory::~ScratchDirectory() {
@@ -21,12 +23,19 @@ ScratchDirectory::~ScratchDirectory() {
 }
 
 std::string ScratchDirectory::operator/(std::string_view name) const {
-    return utf8(path_) + "\\" + std::string(name);
+    return joinPath(utf8(path_), name);
 }
 
 std::string ScratchDirectory::write(std::string_view name, std::string_view bytes) const {
-    std::ofstream(path_ / fromUtf8(name), std::ios::binary) << bytes;
+    const auto file = path_ / fromUtf8(name);
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << bytes;
+    forgetTextFiles();
     return *this / name;
+}
+
+std::string ScratchDirectory::read(std::string_view name) const {
+    return bytesOf(path_ / fromUtf8(name));
 }
 
 std::string utf8(const std::filesystem::path& path) {

@@ -3,6 +3,7 @@
 
 #include "config/configFile.h"
 #include "platform/paths.h"
+#include "platform/wx/wxText.h"
 #include "windows/windowTest.h"
 
 namespace brasquelin {
@@ -26,7 +27,7 @@ TEST_F(Options, EditsAndSavesTheConfiguration) {
     start();
     modals.textAnswers = {"tool", "gcc", "Other", "x", "clang"};
     open([&](wxDialog& window) {
-        EXPECT_EQ(exeDirectory() + "/profiles", control<wxTextCtrl>(window, "Text2").GetValue());
+        EXPECT_EQ(exeDirectory() + "/profiles", fromWx(control<wxTextCtrl>(window, "Text2").GetValue()));
         type(window, "Text1", "/new/libraries");
         click(window, "Command5");
         click(window, "Command5");
@@ -50,8 +51,8 @@ TEST_F(Options, ChoosesDirectoriesAndTheListFile) {
     open([&](wxDialog& window) {
         click(window, "Command3");
         click(window, "Command4");
-        EXPECT_EQ(shortPath(inDirectory("data")), control<wxTextCtrl>(window, "Text3").GetValue());
-        EXPECT_EQ(shortPath(inDirectory("functions.ini")), control<wxTextCtrl>(window, "Text4").GetValue());
+        EXPECT_EQ(shortPath(inDirectory("data")), fromWx(control<wxTextCtrl>(window, "Text3").GetValue()));
+        EXPECT_EQ(shortPath(inDirectory("functions.ini")), fromWx(control<wxTextCtrl>(window, "Text4").GetValue()));
         window.Close();
     });
     EXPECT_EQ("Select a directory", windows.fileRequests[0].title);

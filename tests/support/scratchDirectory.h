@@ -17,8 +17,10 @@ class ScratchDirectory {
     const std::filesystem::path& path() const { return path_; }
     /// A name in the directory, as UTF-8.
     std::string operator/(std::string_view name) const;
-    /// Writes bytes as they are.
+    /// Writes bytes as they are, in a subdirectory if need be. Gives the file's full name.
     std::string write(std::string_view name, std::string_view bytes) const;
+    /// The bytes of a file; empty when there is none.
+    std::string read(std::string_view name) const;
 
   private:
     std::filesystem::path path_;
@@ -30,21 +32,4 @@ std::filesystem::path fromUtf8(std::string_view text);
 /// The bytes of a file; empty when there is none.
 std::string bytesOf(const std::filesystem::path& path);
 
-/// True once `condition` holds; gives up after some seconds.
-template <typename Condition>
-bool becomesTrue(Condition condition, int seconds = 20);
-
 }  // namespace brasquelin
-
-#include <chrono>
-#include <thread>
-
-template <typename Condition>
-bool brasquelin::becomesTrue(Condition condition, int seconds) {
-    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > limit) return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return true;
-}
