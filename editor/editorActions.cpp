@@ -56,18 +56,19 @@ void addProgram(const std::string& chosen, const std::string& path) {
     });
 }
 
+/// Where a file dialog starts; empty: wherever the desktop likes.
+std::string startIn(const std::string& directory) {
+    return directory.empty() ? std::string() : joinPath(directory, {});
+}
+
 void addInclude() {
-    const std::string chosen = desktop().askFile(
-        {FileDialogMode::open, "Include a library , profile or plugin in project", "BQ File|*.bqs;*.bqp;*.exe", {}});
+    const std::string chosen =
+        desktop().askFile({FileDialogMode::open, "Include a library , profile or plugin in project",
+                           "BQ File|*.bqs;*.bqp;*.exe", startIn(settings.libraryPath)});
     if (chosen.empty()) return;
     const std::string path = includePath(chosen, settings.profilePath);
     if (isProgramFile(chosen)) return addProgram(chosen, path);
     editorState.document.listInclude.push_back(includeLine(path));
-}
-
-/// Where a file dialog starts; empty: wherever the desktop likes.
-std::string startIn(const std::string& directory) {
-    return directory.empty() ? std::string() : joinPath(directory, {});
 }
 
 using Move = SelectedLine (*)(ProfileDocument& document, SelectedLine selected);

@@ -89,6 +89,7 @@ TEST_F(EditorActions, FailuresNameTheFileAndKeepTheDocument) {
 
 TEST_F(EditorActions, AddsIncludesPluginsAndChecks) {
     editorState.activeList = EditorList::include;
+    settings.libraryPath = "/libraries";
     answerFile(folder() + "/lib.bqs");
     answerFile(folder() + "/zip.EXE");
     answerFile("/bin/veto.exe");
@@ -102,6 +103,7 @@ TEST_F(EditorActions, AddsIncludesPluginsAndChecks) {
               (Lines{":Include $exepath$/lib.bqs", ":Plugin $exepath$/zip.EXE", ":Check /bin/veto.exe [Param=-v]"}));
     EXPECT_EQ(document.pluginNames.count(), 2U);
     EXPECT_EQ(document.pluginNames.row(1), "veto");
+    EXPECT_EQ(desktop_.dialogs[0].startName, joinPath("/libraries", ""));
     EXPECT_EQ(desktop_.dialogs[0].title, "Include a library , profile or plugin in project");
     EXPECT_EQ(desktop_.questions[0], "Parameters: Enter parameters for launching plugin (Empty=NoParameters) []");
 }
