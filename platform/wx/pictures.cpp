@@ -1,16 +1,18 @@
 #include "platform/wx/pictures.h"
 
 #include <wx/bitmap.h>
+#include <wx/bmpbndl.h>
 #include <wx/brush.h>
 #include <wx/graphics.h>
 #include <wx/icon.h>
 #include <wx/image.h>
+#include <wx/log.h>
 #include <wx/pen.h>
-#include <wx/vector.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <memory>
 
 namespace brasquelin {
@@ -280,23 +282,51 @@ wxBitmap draw(Picture which, int side) {
     return wxBitmap(image, 32);
 }
 
+/// Drawn in the sizes that are asked for, when they are.
+class DrawnPicture : public wxBitmapBundleImpl {
+  public:
+    DrawnPicture(Picture which, int side) : which_(which), side_(side) {}
+
+    wxSize GetDefaultSize() const override { return {side_, side_}; }
+    wxSize GetPreferredBitmapSizeAtScale(double scale) const override { return GetDefaultSize() * scale; }
+    wxBitmap GetBitmap(const wxSize& size) override {
+        wxBitmap& bitmap = drawn_[size.x];
+        if (!bitmap.IsOk()) bitmap = draw(which_, size.x);
+        return bitmap;
+    }
+
+  private:
+    Picture which_;
+    int side_;
+    std::map<int, wxBitmap> drawn_;
+};
+
 }  // namespace
 
 wxBitmapBundle picture(Picture which, int side) {
-    wxVector<wxBitmap> versions;
-    for (const int percent : {100, 150, 200}) versions.push_back(draw(which, side * percent / 100));
-    return wxBitmapBundle::FromBitmaps(versions);
+    return wxBitmapBundle::FromImpl(new DrawnPicture(which, side));
 }
+
+namespace {
+
+/// The program's own icon in one size; where the file has none, such as a test program, it is drawn.
+wxIcon programIcon(int side) {
+    wxIcon icon;
+#ifdef __WXMSW__
+    const wxLogNull silence;
+    if (icon.LoadFile("aaaBrasquelin", wxBITMAP_TYPE_ICO_RESOURCE, side, side)) return icon;
+#endif
+    icon.CopyFromBitmap(draw(Picture::program, side));
+    return icon;
+}
+
+}  // namespace
 
 wxIconBundle programIcons() {
     static const wxIconBundle icons = [] {
-        wxIconBundle drawn;
-        for (const int side : {16, 32, 48, 64}) {
-            wxIcon icon;
-            icon.CopyFromBitmap(draw(Picture::program, side));
-            drawn.AddIcon(icon);
-        }
-        return drawn;
+        wxIconBundle sizes;
+        for (const int side : {16, 32, 48, 64}) sizes.AddIcon(programIcon(side));
+        return sizes;
     }();
     return icons;
 }
