@@ -4,6 +4,7 @@
 #include "config/configFile.h"
 #include "platform/paths.h"
 #include "platform/wx/wxText.h"
+#include "support/scratchDirectory.h"
 #include "windows/windowTest.h"
 
 namespace brasquelin {
@@ -74,8 +75,8 @@ TEST_F(Options, DeleteAndModifyNeedASelection) {
 
 TEST_F(Options, AFileThatCannotBeWrittenIsToldAndTheWindowStays) {
     start();
-    std::filesystem::remove(inDirectory("Brasquelin.ini"));
-    std::filesystem::create_directory(inDirectory("Brasquelin.ini"));
+    std::filesystem::remove(fromUtf8(inDirectory("Brasquelin.ini")));
+    std::filesystem::create_directory(fromUtf8(inDirectory("Brasquelin.ini")));
     open([&](wxDialog& window) {
         click(window, "Command6");
         EXPECT_TRUE(window.IsModal());

@@ -6,8 +6,10 @@
 #include "app/jobList.h"
 #include "app/openFile.h"
 #include "config/configFile.h"
+#include "platform/codePages.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/wxText.h"
+#include "support/scratchDirectory.h"
 #include "windows/windowTest.h"
 
 namespace brasquelin {
@@ -32,7 +34,7 @@ TEST_F(Start, ShowsTheMainWindowWithItsPicturesAndMeasuresTheBorders) {
 }
 
 TEST_F(Start, AnUnreadableConfigurationIsToldAndTheWindowStays) {
-    std::filesystem::remove(inDirectory("Brasquelin.ini"));
+    std::filesystem::remove(fromUtf8(inDirectory("Brasquelin.ini")));
     wxFrame& frame = start();
     EXPECT_TRUE(frame.IsShown());
     EXPECT_EQ(std::vector<std::string>{"Brasquelin Error: Error 53 : File not found\nWhile loading '" +
@@ -71,8 +73,8 @@ TEST_F(Start, PresetsRunTheFileUnseen) {
 
 TEST_F(Start, AListIsReplayedAndEnds) {
     const std::string profile = writeOneVariable();
-    const std::string list = writeFile(
-        "list.txt", "C:\\tools\\brasquelin.exe " + profile + " 001=a\nC:\\tools\\brasquelin.exe " + profile + "\n");
+    const std::string line = "C:\\tools\\brasquelin.exe " + profile;
+    const std::string list = writeFile("list.txt", encodeOem(line + " 001=a\n" + line + "\n"));
     next([](wxDialog& prompt) {
         pump();
         wxWindow& waiting = *loadedWindow("frmWait");
