@@ -304,7 +304,8 @@ class DrawnPicture : public wxBitmapBundleImpl {
 }  // namespace
 
 wxBitmapBundle picture(Picture which, int side) {
-    return wxBitmapBundle::FromImpl(new DrawnPicture(which, side));
+    // The bundle owns it.
+    return wxBitmapBundle::FromImpl(new DrawnPicture(which, side));  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 }
 
 namespace {

@@ -112,8 +112,9 @@ WindowTest::WindowTest() {
     setClock(&clock);
     childProcessId = 0;
     registerWindows(windows);
-    for (const char* folder : {"profiles", "libraries", "data"})
+    for (const char* folder : {"profiles", "libraries", "data"}) {
         std::filesystem::create_directory(directory_.path() / folder);
+    }
     writeFile("functions.ini", "say\n$exepath$/say.ini\n");
     writeFile("say.ini",
               "#\n[var]\ntext\n.Type=Text\n.Info=i\n.Default=\n[/var]\n[command]\nType=shell\nCommand=echo $text$\n"
