@@ -27,8 +27,7 @@ std::string joined(const std::vector<std::string>& items) {
 }
 
 std::string pathOfInclude(std::string_view line) {
-    const std::string path = replaceVar("exepath", exeDirectory(), fromCharacter(line, includePathStart));
-    return replaceVar("scriptpath", dirOf(settings.profilePath), path);
+    return replaceDirectories(fromCharacter(line, includePathStart), settings.profilePath);
 }
 
 bool isCallable(std::string_view path) {

@@ -73,7 +73,7 @@ ProfileDocument readDocument(const std::string& path) {
 
 ProgramLine pluginOf(const std::string& line, const std::string& profilePath) {
     ProgramLine plugin = splitProgramLine(line, pluginPathStart);
-    plugin.path = replaceVar("scriptpath", dirOf(profilePath), replaceVar("exepath", exeDirectory(), plugin.path));
+    plugin.path = replaceDirectories(plugin.path, profilePath);
     return plugin;
 }
 

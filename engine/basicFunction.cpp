@@ -33,7 +33,7 @@ bool takeKey(std::string_view line, std::string_view key, std::string& field) {
     return true;
 }
 
-/// The declared variable that a line "name=value" gives a value, -1 for none. The first such line part counts.
+/// A line "name=value" gives the declared variable of that name its value.
 void takeVariableValues(std::string_view line) {
     const Assignment assignment = splitAssignment(line);
     if (!assignment.hasEquals) return;
@@ -66,15 +66,8 @@ void readCommandSection(const TextFile& file) {
 
 /// A list or comb default is the number of its item; anything else is taken as it stands.
 std::string defaultText(const VariableDeclaration& variable, VariableKind kind) {
-    const bool isChoice = kind == VariableKind::list || kind == VariableKind::comb;
-    if (!isChoice || !isWholeNumber(variable.defaultValue)) return variable.defaultValue;
-    const int number = toInteger16(variable.defaultValue);
-    if (number == 0) return {};
-    const auto items = choiceItems(variable.typeSpec);
-    if (number < 0 || static_cast<std::size_t>(number) > items.size()) {
-        throw RunTimeError(ErrorNumber::subscriptOutOfRange);
-    }
-    return std::string(itemValue(kind, items[static_cast<std::size_t>(number) - 1]));
+    if (!isChoice(kind) || !isWholeNumber(variable.defaultValue)) return variable.defaultValue;
+    return numberedItem(variable.typeSpec, variable.defaultValue);
 }
 
 /// Doubles the back-slashes that are not doubled already.
@@ -106,7 +99,7 @@ std::vector<std::optional<std::string_view>> matchArguments(const std::vector<st
 ResolvedChoice resolveValue(const VariableDeclaration& variable, std::optional<std::string_view> given) {
     const VariableKind kind = kindOf(variable.typeSpec);
     std::string value = given ? std::string(*given) : defaultText(variable, kind);
-    if (kind == VariableKind::list || kind == VariableKind::comb) return resolveChoice(variable.typeSpec, value);
+    if (isChoice(kind)) return resolveChoice(variable.typeSpec, value);
     ResolvedChoice plain;
     plain.value = kind == VariableKind::dbls ? doubleSingleBackslashes(value) : std::move(value);
     return plain;
@@ -193,6 +186,15 @@ std::string perform(std::string_view path, const FunctionContext& context, const
     return "//File saved to " + command;
 }
 
+/// `argumentsOf` is asked once the declarations are known.
+template <typename ArgumentsOf>
+std::string readAndPerform(std::string_view path, const FunctionContext& context, ArgumentsOf argumentsOf) {
+    const ClearAfterwards clearAfterwards;
+    readConfig(configFilePath());
+    readBasicFunction(path);
+    return perform(path, context, argumentsOf());
+}
+
 // Statements that name a function
 
 /// The path behind the function's name in the list file, relative to that file.
@@ -243,20 +245,14 @@ void readBasicFunction(std::string_view path) {
 
 std::string runBasicFunction(std::string_view path, const FunctionContext& context,
                              const std::vector<std::string>& arguments) {
-    const ClearAfterwards clearAfterwards;
-    readConfig(configFilePath());
-    readBasicFunction(path);
-    return perform(path, context, arguments);
+    return readAndPerform(path, context, [&]() -> const std::vector<std::string>& { return arguments; });
 }
 
 bool runNamedFunction(std::string_view name, std::string_view parameter, const FunctionContext& context,
                       std::string& jobLine) {
     const auto path = findFunction(name);
     if (!path) return false;
-    const ClearAfterwards clearAfterwards;
-    readConfig(configFilePath());
-    readBasicFunction(*path);
-    jobLine = perform(*path, context, parameterEntries(parameter));
+    jobLine = readAndPerform(*path, context, [&] { return parameterEntries(parameter); });
     return true;
 }
 

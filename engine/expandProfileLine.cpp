@@ -30,11 +30,6 @@ struct ResolvedLevel {
     std::vector<ResolvedAssignment> assignments;
 };
 
-bool isChoice(std::string_view typeSpec) {
-    const VariableKind kind = kindOf(typeSpec);
-    return kind == VariableKind::list || kind == VariableKind::comb;
-}
-
 [[noreturn]] void rejectAssignment(std::string_view name) {
     const auto& stack = engineTables.fileStack;
     const OpenFile nowhere;
@@ -55,7 +50,7 @@ void resolveAssignments(ResolvedLevel& resolved, int level) {
         const auto& variable = variables.row(static_cast<std::size_t>(index));
         ResolvedAssignment row;
         row.name = variable.name;
-        if (isChoice(variable.typeSpec)) {
+        if (isChoice(kindOf(variable.typeSpec))) {
             row.choice = resolveChoice(variable.typeSpec, assignment.value);
         } else {
             row.choice.value = assignment.value;
@@ -110,22 +105,12 @@ void expandAssignments(ReferenceText& line, const std::vector<ResolvedAssignment
     }
 }
 
-/// The item that a list or comb declares as its default.
-std::string defaultItem(const VariableDeclaration& variable) {
-    const int number = toInteger16(variable.defaultValue);
-    if (number == 0) return {};
-    const auto items = choiceItems(variable.typeSpec);
-    if (number < 0 || static_cast<std::size_t>(number) > items.size()) {
-        throw RunTimeError(ErrorNumber::subscriptOutOfRange);
-    }
-    return std::string(itemValue(kindOf(variable.typeSpec), items[static_cast<std::size_t>(number) - 1]));
-}
-
 void expandDeclared(ReferenceText& line, int level) {
     for (const auto& variable : std::as_const(variableTables.profileVariables)[level]) {
         if (!line.refersTo(variable.name)) continue;
-        const bool item = isChoice(variable.typeSpec) && !variable.defaultValue.empty();
-        line.replace(variable.name, item ? defaultItem(variable) : variable.defaultValue);
+        const bool item = isChoice(kindOf(variable.typeSpec)) && !variable.defaultValue.empty();
+        line.replace(variable.name,
+                     item ? numberedItem(variable.typeSpec, variable.defaultValue) : variable.defaultValue);
     }
 }
 

@@ -15,10 +15,6 @@ constexpr std::size_t pluginPathStart = 9;    // behind ":plugin "
 constexpr std::size_t checkPathStart = 8;     // behind ":check "
 constexpr std::size_t includePathStart = 10;  // behind ":include "
 
-std::string replaceDirectories(std::string_view path, std::string_view profilePath) {
-    return replaceVar("scriptpath", dirOf(profilePath), replaceVar("exepath", exeDirectory(), path));
-}
-
 ProgramLine programLine(std::string_view line, std::size_t pathStart, std::string_view profilePath) {
     ProgramLine program = splitProgramLine(line, pathStart);
     program.path = replaceDirectories(program.path, profilePath);
@@ -61,6 +57,10 @@ void applyNumberedLine(std::string_view line, int number, const std::string& pro
 }
 
 }  // namespace
+
+std::string replaceDirectories(std::string_view path, std::string_view profilePath) {
+    return replaceVar("scriptpath", dirOf(profilePath), replaceVar("exepath", exeDirectory(), path));
+}
 
 ProgramLine splitProgramLine(std::string_view line, std::size_t pathStart) {
     constexpr std::string_view marker = "[param=";

@@ -6,6 +6,9 @@
 
 namespace brasquelin {
 
+/// A path of the section with "$exepath$" and "$scriptpath$" (the directory of the profile) replaced.
+std::string replaceDirectories(std::string_view path, std::string_view profilePath);
+
 /// A ":plugin" or ":check" line, split.
 struct ProgramLine {
     std::string path;

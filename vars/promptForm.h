@@ -56,7 +56,7 @@ struct PromptRow {
 
     bool showsText() const { return kind == VariableKind::text; }
     bool showsPath() const { return kind == VariableKind::path || kind == VariableKind::dbls; }
-    bool showsChoices() const { return kind == VariableKind::list || kind == VariableKind::comb; }
+    bool showsChoices() const { return isChoice(kind); }
 
     /// What OK stores for the row.
     std::string value() const;

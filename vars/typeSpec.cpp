@@ -55,6 +55,10 @@ VariableKind kindOf(std::string_view typeSpec) {
     return VariableKind::unknown;
 }
 
+bool isChoice(VariableKind kind) {
+    return kind == VariableKind::list || kind == VariableKind::comb;
+}
+
 bool isValidTypeSpec(std::string_view typeSpec) {
     if (startsWithIgnoringCase(typeSpec, "list(")) return typeSpec.ends_with(')');
     if (startsWithIgnoringCase(typeSpec, "comb(")) return isValidComb(typeSpec);
@@ -90,6 +94,16 @@ std::string_view combValue(std::string_view item) {
 
 std::string_view itemValue(VariableKind kind, std::string_view item) {
     return kind == VariableKind::comb ? combValue(item) : item;
+}
+
+std::string numberedItem(std::string_view typeSpec, std::string_view number) {
+    const int position = toInteger16(number);
+    if (position == 0) return {};
+    const auto items = choiceItems(typeSpec);
+    if (position < 0 || static_cast<std::size_t>(position) > items.size()) {
+        throw RunTimeError(ErrorNumber::subscriptOutOfRange);
+    }
+    return std::string(itemValue(kindOf(typeSpec), items[static_cast<std::size_t>(position) - 1]));
 }
 
 void fillListChoices(std::string_view inner, std::vector<std::string>& choices) {

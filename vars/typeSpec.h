@@ -12,6 +12,9 @@ enum class VariableKind { text, list, comb, path, dbls, unknown };
 /// Told by the first four characters, in any letter case.
 VariableKind kindOf(std::string_view typeSpec);
 
+/// True for list and comb.
+bool isChoice(VariableKind kind);
+
 bool isValidTypeSpec(std::string_view typeSpec);
 
 /// A type text that is not valid: the file and the line that holds it.
@@ -37,6 +40,10 @@ std::string_view combValue(std::string_view item);
 
 /// What an item puts into a line: the item of a list, the bracketed part of a comb.
 std::string_view itemValue(VariableKind kind, std::string_view item);
+
+/// What the item with this number (from 1) puts into a line; empty for item 0. Raises 13 for what is no number, 9 for
+/// one out of range.
+std::string numberedItem(std::string_view typeSpec, std::string_view number);
 
 /// The empty entry and the items behind it.
 void fillListChoices(std::string_view inner, std::vector<std::string>& choices);
