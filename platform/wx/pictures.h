@@ -1,4 +1,4 @@
-// The program's pictures, drawn rather than stored, so that they are sharp at every size.
+// The program's pictures: the vector drawings of the folder pictures/, so that they are sharp at every size.
 #pragma once
 
 #include <wx/bmpbndl.h>

@@ -1,0 +1,10 @@
+# Puts the pictures of platform/wx/pictures into generated/pictureTexts.h, a constant each.
+file(GLOB pictures CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/wx/pictures/*.svg)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${pictures})
+set(PICTURE_TEXTS "")
+foreach(picture ${pictures})
+    get_filename_component(name ${picture} NAME_WE)
+    file(READ ${picture} text)
+    string(APPEND PICTURE_TEXTS "inline constexpr char ${name}[] = R\"svg(${text})svg\";\n")
+endforeach()
+configure_file(${CMAKE_SOURCE_DIR}/platform/wx/pictureTexts.h.in generated/pictureTexts.h @ONLY)
