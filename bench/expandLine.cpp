@@ -33,10 +33,9 @@ void fillTables() {
         variableTables.values[1].append(std::string(name) + "=value of " + name);
     }
     auto& loops = engineTables.loops[1];
-    loops.depth = loops.deepest = 2;
+    loops.depth = 2;
     loops.started = 2;
-    loops.records[1] = {"i", 1, 9, 1, 5, "5", 1};
-    loops.records[2] = {"inner", 1, 9, 1, 7, "7", 1};
+    loops.records = {{"i", 1, 9, 1, 5, "5", 1}, {"inner", 1, 9, 1, 7, "7", 1}};
 }
 
 void expandOneLine(benchmark::State& state) {

@@ -1,7 +1,7 @@
 // The interpreter's tables, by nesting level, and its counters.
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,12 +31,13 @@ struct LoopRecord {
     std::size_t bodyLine = 0;
 };
 
-/// The loops of one level. Records are indexed by depth, 1 for the outermost; those of ended loops keep their values.
+/// The loops of one level.
 struct Loops {
-    int depth = 0;     // loops open now
-    long started = 0;  // never lowered
-    int deepest = 0;   // the rows that have ever held a loop
-    std::array<LoopRecord, 256> records;
+    static constexpr std::size_t depthLimit = 255;
+
+    std::size_t depth = 0;            // loops open now
+    long started = 0;                 // never lowered
+    std::vector<LoopRecord> records;  // outermost first; behind the open ones, those of ended loops keep their values
 };
 
 /// A file that is being interpreted, for messages.

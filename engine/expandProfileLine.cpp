@@ -87,12 +87,9 @@ void expandBuiltIns(ReferenceText& line, std::string_view scriptPath, int index)
     if (line.refersTo("index")) line.replace("index", std::to_string(index));
 }
 
-/// Replaces the counters of the loop records 1 to `last`.
-void expandLoopRecords(ReferenceText& line, const Loops& loops, int last) {
-    for (int i = 1; i <= last; ++i) {
-        const auto& record = loops.records[static_cast<std::size_t>(i)];
-        line.replace(record.variable, record.currentText);
-    }
+/// Replaces the counters of the outermost loops.
+void expandLoopRecords(ReferenceText& line, const Loops& loops, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) line.replace(loops.records[i].variable, loops.records[i].currentText);
 }
 
 void expandAssignments(ReferenceText& line, const std::vector<ResolvedAssignment>& assignments) {
@@ -127,7 +124,7 @@ std::string expandProfileLine(std::string& line, int level, std::string_view scr
     expandGlobals(references);
     expandLoopRecords(references, loops, loops.depth);
     expandAssignments(references, assignments);
-    expandLoopRecords(references, loops, loops.deepest);
+    expandLoopRecords(references, loops, loops.records.size());
     expandDeclared(references, level);
     line = references.text();
     expandPluginVars(references, level);

@@ -76,7 +76,7 @@ class ProfileRun {
     FunctionContext context() const;
 
     Loops& loops() const { return engineTables.loops[level_]; }
-    LoopRecord& currentLoop() const { return loops().records[static_cast<std::size_t>(loops().depth)]; }
+    LoopRecord& currentLoop() const { return loops().records[loops().depth - 1]; }
 
     const std::string& path_;
     int level_;
@@ -174,12 +174,10 @@ void ProfileRun::startLoop() {
     record.currentText = std::to_string(record.current);
 
     auto& open = loops();
-    if (static_cast<std::size_t>(open.depth) + 1 >= open.records.size()) {
-        throw RunTimeError(ErrorNumber::subscriptOutOfRange);
-    }
+    if (open.depth == Loops::depthLimit) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
     ++open.depth;
     ++open.started;
-    open.deepest = std::max(open.deepest, open.depth);
+    if (open.records.size() < open.depth) open.records.emplace_back();
     currentLoop() = std::move(record);
 }
 

@@ -75,11 +75,11 @@ TEST_F(ExpandProfileLine, CountersOfOpenAndEndedLoops) {
     auto& loops = engineTables.loops[1];
     loops.depth = 1;
     loops.started = 3;
-    loops.deepest = 2;
-    loops.records[1].variable = "i";
-    loops.records[1].currentText = "5";
-    loops.records[2].variable = "j";
-    loops.records[2].currentText = "9";
+    loops.records.resize(2);
+    loops.records[0].variable = "i";
+    loops.records[0].currentText = "5";
+    loops.records[1].variable = "j";
+    loops.records[1].currentText = "9";
     EXPECT_EQ(expandCounters("$i$ $j$", 1), "5 $j$");
     EXPECT_EQ(expand("$I$ $j$"), "5 9");
 }

@@ -68,6 +68,19 @@ TEST_F(RunProfile, ALoopUpToTheLargestNumberEndsAndOneWithoutNextRunsOnce) {
     EXPECT_EQ(jobs(), (Jobs{"echo 32766 ", "echo 32767 ", "echo 1 "}));
 }
 
+TEST_F(RunProfile, LoopsOpen255Deep) {
+    const auto nested = [](int depth) {
+        Jobs lines;
+        for (int i = 0; i < depth; ++i) {
+            for (const char* line : {"For", ".VarName=i", ".VarStart=1", ".VarEnd=1", ".VarStep=1"})
+                lines.emplace_back(line);
+        }
+        return lines;
+    };
+    EXPECT_TRUE(run(nested(255)));
+    EXPECT_FALSE(run(nested(256)));
+}
+
 TEST_F(RunProfile, ALoopThatNeverEndsCanBeLeft) {
     desktop_.onEvents = [] { throw EndProgram(0); };
     EXPECT_EQ(exitStatusOf([&] { run({"For", ".VarName=i", ".VarStart=1", ".VarEnd=1", ".VarStep=0", "Next"}); }), 0);
