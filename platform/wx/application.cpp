@@ -30,6 +30,10 @@ class Application : public wxApp {
         return true;
     }
 
+    /// The program's texts are English. To ask the locale would load the toolkit's table of all languages at each
+    /// start.
+    wxLayoutDirection GetLayoutDirection() const override { return wxLayout_LeftToRight; }
+
     /// Windows calls this from inside its own message functions, which no exception can pass.
     void ProcessPendingEvents() override {
         try {
