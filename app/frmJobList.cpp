@@ -4,7 +4,7 @@
 
 namespace brasquelin {
 
-FrmJobList::FrmJobList(wxWindow* parent) : LineList(parent, "JobList") {}
+FrmJobList::FrmJobList(wxWindow* parent) : LineList(parent, "JobList", wxBORDER_NONE, parent->GetClientSize()) {}
 
 void FrmJobList::showChanges() {
     if (shownRevision_ == jobList.revision()) return;

@@ -52,6 +52,7 @@ void appendCommands(wxMenu& menu) {
 FrmMain::FrmMain()
     : wxFrame(nullptr, wxID_ANY, "Brasquelin", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE, "frmMain") {
     SetIcons(programIcons());
+    makePlace();
     makeMenu();
     makeToolbar();
     JobList_ = new FrmJobList(this);
@@ -74,18 +75,22 @@ FrmMain::FrmMain()
     });
     JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
 
-    SetMinSize(FromDIP(wxSize(420, 260)));
-    constexpr int charactersOnToolbar = 125;
-    wxSize size = FromDIP(wxSize(1060, 560));
-    size.IncTo(wxSize(charactersOnToolbar * GetCharWidth(), 0));
-    SetSize(size);
-    placeOnScreen(*this);
     JobList_->SetFocus();
 }
 
 FrmMain::~FrmMain() {
     jobList.clear();
     endLastChild();
+}
+
+/// Before the controls, so that none of them is laid out twice.
+void FrmMain::makePlace() {
+    constexpr int charactersOnToolbar = 125;
+    SetMinSize(FromDIP(wxSize(420, 260)));
+    wxSize size = FromDIP(wxSize(1060, 560));
+    size.IncTo(wxSize(charactersOnToolbar * GetCharWidth(), 0));
+    SetSize(size);
+    placeOnScreen(*this);
 }
 
 void FrmMain::makeMenu() {
@@ -100,7 +105,8 @@ void FrmMain::makeMenu() {
 
 void FrmMain::makeToolbar() {
     constexpr int side = 32;
-    auto* toolbar = CreateToolBar(wxTB_HORIZONTAL | wxTB_TEXT | wxTB_FLAT, wxID_ANY, "Toolbar1");
+    auto* toolbar = new wxToolBar(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                  wxTB_HORIZONTAL | wxTB_TEXT | wxTB_FLAT, "Toolbar1");
     toolbar->SetToolBitmapSize(wxSize(side, side));
     for (const auto& command : mainCommands()) {
         const auto which = pictures[static_cast<std::size_t>(idOf(command) - firstCommandId)];
@@ -108,6 +114,7 @@ void FrmMain::makeToolbar() {
         if (!command.separatorBehind.empty()) toolbar->AddSeparator();
     }
     toolbar->Realize();
+    SetToolBar(toolbar);
 }
 
 void FrmMain::run(const MainCommand& command) {

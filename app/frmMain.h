@@ -17,6 +17,7 @@ class FrmMain : public wxFrame {
     ~FrmMain() override;
 
   private:
+    void makePlace();
     void makeMenu();
     void makeToolbar();
     void run(const MainCommand& command);

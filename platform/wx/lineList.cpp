@@ -7,8 +7,8 @@
 
 namespace brasquelin {
 
-LineList::LineList(wxWindow* parent, const char* name, long border)
-    : wxListView(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize& size)
+    : wxListView(parent, wxID_ANY, wxDefaultPosition, size,
                  wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL | wxLC_NO_HEADER | border, wxDefaultValidator, name) {
     // With equal widths the line with the most characters is the widest.
     wxFont font = GetFont();

@@ -3,6 +3,9 @@
 #include <wx/bitmap.h>
 #include <wx/icon.h>
 #include <wx/log.h>
+#include <wx/settings.h>
+
+#include <vector>
 
 #include "pictureTexts.h"
 
@@ -51,6 +54,15 @@ wxIcon programIcon(int side) {
     return icon;
 }
 
+std::vector<int> iconSides() {
+#ifdef __WXMSW__
+    // Windows shows no others, and each takes its time at the start.
+    return {wxSystemSettings::GetMetric(wxSYS_SMALLICON_X), wxSystemSettings::GetMetric(wxSYS_ICON_X)};
+#else
+    return {16, 32, 48, 64};
+#endif
+}
+
 }  // namespace
 
 wxBitmapBundle picture(Picture which, int side) {
@@ -60,7 +72,7 @@ wxBitmapBundle picture(Picture which, int side) {
 wxIconBundle programIcons() {
     static const wxIconBundle icons = [] {
         wxIconBundle sizes;
-        for (const int side : {16, 32, 48, 64}) sizes.AddIcon(programIcon(side));
+        for (const int side : iconSides()) sizes.AddIcon(programIcon(side));
         return sizes;
     }();
     return icons;
