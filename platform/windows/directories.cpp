@@ -25,6 +25,7 @@ bool isListed(const WIN32_FIND_DATAW& entry, bool directories) {
 
 void sortNames(std::vector<std::string>& names) {
     std::vector<std::pair<std::string, std::string>> keyed;
+    keyed.reserve(names.size());
     for (std::string& name : names) keyed.emplace_back(lowerCase(name), std::move(name));
     std::sort(keyed.begin(), keyed.end());
     for (std::size_t i = 0; i < keyed.size(); ++i) names[i] = std::move(keyed[i].second);

@@ -69,12 +69,10 @@ TEST_F(RunProfile, ALoopUpToTheLargestNumberEndsAndOneWithoutNextRunsOnce) {
 }
 
 TEST_F(RunProfile, LoopsOpen255Deep) {
-    const auto nested = [](int depth) {
+    const auto nested = [](std::size_t depth) {
+        const Jobs header{"For", ".VarName=i", ".VarStart=1", ".VarEnd=1", ".VarStep=1"};
         Jobs lines;
-        for (int i = 0; i < depth; ++i) {
-            for (const char* line : {"For", ".VarName=i", ".VarStart=1", ".VarEnd=1", ".VarStep=1"})
-                lines.emplace_back(line);
-        }
+        while (lines.size() < depth * header.size()) lines.insert(lines.end(), header.begin(), header.end());
         return lines;
     };
     EXPECT_TRUE(run(nested(255)));

@@ -23,7 +23,7 @@ std::filesystem::path testDirectory() {
 /// The program beside or above the test program.
 std::filesystem::path builtProgram() {
     for (std::filesystem::path place = testDirectory();; place = place.parent_path()) {
-        const auto program = place / L"Brasquelin" / L"Brasquelin.exe";
+        auto program = place / L"Brasquelin" / L"Brasquelin.exe";
         if (std::filesystem::exists(program) || place == place.parent_path()) return program;
     }
 }
@@ -94,7 +94,7 @@ void ProgramRun::closeProcess() {
 }
 
 std::string ProgramRun::write(std::string_view name, std::string_view lines) const {
-    const std::string path = *this / name;
+    std::string path = *this / name;
     std::ofstream(fromUtf8(path), std::ios::binary) << encodeFile(replaceAll(lines, "\n", "\r\n")) << "\r\n";
     return path;
 }
