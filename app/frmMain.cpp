@@ -142,9 +142,7 @@ void FrmMain::closing(wxCloseEvent& /*event*/) {
 void startWithMainWindow(const std::string& commandLine) {
     auto& windows = dynamic_cast<WxDesktop&>(desktop());
     windows.loadWindow("frmMain");
-    StartUpWindows steps;
-    steps.detectBorders = detectBorders;  // the toolbar has its pictures from the start
-    startUp(commandLine, steps);
+    startUp(commandLine, detectBorders);
     windows.unloadWindow("frmWait");  // start-up may have stopped while it was shown
     windows.showWindow("frmMain", false);
     for (const auto* prompt : {"frmVarProfile", "frmVarFunction"}) {

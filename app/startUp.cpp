@@ -43,14 +43,13 @@ void inContext(std::string context, Step step) {
 }
 
 /// The settings, before the command line is looked at.
-void prepare(const std::string& commandLine, const StartUpWindows& windows) {
+void prepare(const std::string& commandLine, const std::function<void()>& detectBorders) {
     settings.startingUp = true;
     settings.commandLine = commandLine;
     registerFileTypes();
     inContext(contextOf("loading", configFilePath()), [] { readConfig(configFilePath()); });
-    if (windows.prepareToolbar) windows.prepareToolbar();
     engineTables.runCounter = std::string("0");
-    if (windows.detectBorders) windows.detectBorders();
+    if (detectBorders) detectBorders();
     settings.startingUp = false;
 }
 
@@ -136,10 +135,10 @@ void resetTables() {
     setJobSink([](std::string line) { jobList.append(std::move(line)); });
 }
 
-bool startUp(const std::string& commandLine, const StartUpWindows& windows) {
+bool startUp(const std::string& commandLine, const std::function<void()>& detectBorders) {
     resetTables();
     try {
-        prepare(commandLine, windows);
+        prepare(commandLine, detectBorders);
         if (commandLine.empty()) return true;
         if (isListMode(commandLine)) replayList(listFilePath(commandLine));
         openNamedFile(commandLine);

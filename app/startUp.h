@@ -6,19 +6,14 @@
 
 namespace brasquelin {
 
-/// What start-up needs of the main window; each may be empty.
-struct StartUpWindows {
-    std::function<void()> prepareToolbar;
-    std::function<void()> detectBorders;
-};
-
 /// Every table as at the start of the program. What the interpreter hands over goes to the job list.
 void resetTables();
 
-/// Resets every table, registers the file types, reads the configuration, and does what the command line asks for.
-/// Run-time errors are reported and stop it. True when the program goes on interactively; false when start-up was
-/// stopped by an error. Raises EndProgram.
-bool startUp(const std::string& commandLine, const StartUpWindows& windows = {});
+/// Resets every table, registers the file types, reads the configuration, has the window borders measured by
+/// `detectBorders` (where there are windows), and does what the command line asks for. Run-time errors are reported and
+/// stop it. True when the program goes on interactively; false when start-up was stopped by an error. Raises
+/// EndProgram.
+bool startUp(const std::string& commandLine, const std::function<void()>& detectBorders = {});
 
 /// The whole program on a machine without a display: the exit status.
 int runWithoutDisplay(const std::string& commandLine);
