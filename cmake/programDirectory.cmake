@@ -2,10 +2,13 @@
 # copied when it changes here, so what a user changes there stays.
 set(BRASQUELIN_PROGRAM_DIRECTORY ${CMAKE_BINARY_DIR}/Brasquelin)
 
+# With the ending on Linux, too: profiles travel, a plugin's name is its file's name without the last four characters, and
+# the editor offers programs by their ending.
 foreach(plugin folderinfo notempty)
     add_executable(${plugin} ${CMAKE_SOURCE_DIR}/samples/plugins/${plugin}.cpp)
     target_link_libraries(${plugin} PRIVATE brasquelin_options)
-    set_target_properties(${plugin} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${BRASQUELIN_PROGRAM_DIRECTORY}/plugins)
+    set_target_properties(${plugin} PROPERTIES SUFFIX .exe
+                          RUNTIME_OUTPUT_DIRECTORY ${BRASQUELIN_PROGRAM_DIRECTORY}/plugins)
     if(MINGW)
         target_link_options(${plugin} PRIVATE -static)
     endif()
