@@ -107,7 +107,6 @@ void FrmMain::makeToolbar() {
     constexpr int side = 32;
     auto* toolbar = new wxToolBar(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                   wxTB_HORIZONTAL | wxTB_TEXT | wxTB_FLAT, "Toolbar1");
-    toolbar->SetToolBitmapSize(wxSize(side, side));
     for (const auto& command : mainCommands()) {
         const auto which = pictures[static_cast<std::size_t>(idOf(command) - firstCommandId)];
         toolbar->AddTool(idOf(command), toWx(command.toolbarCaption), picture(which, side), toWx(command.caption));
