@@ -2,6 +2,7 @@
 
 #include <wx/app.h>
 #include <wx/init.h>
+#include <wx/log.h>
 
 #include <exception>
 #include <utility>
@@ -23,6 +24,7 @@ class Application : public wxApp {
     explicit Application(std::function<void()> start) : start_(std::move(start)) {}
 
     bool OnInit() override {
+        delete wxLog::SetActiveTarget(nullptr);  // messages have windows from here on
         SetAppName("brasquelin");
         SetAppDisplayName("Brasquelin");
         SetExitOnFrameDelete(false);
@@ -86,7 +88,9 @@ int runApplication(std::function<void()> start) {
     char name[] = "brasquelin";
     char* arguments[] = {name, nullptr};
     int count = 1;
-    return wxEntry(count, arguments);
+    delete wxLog::SetActiveTarget(new wxLogStderr);  // a display that cannot be opened shows no message
+    const int status = wxEntry(count, arguments);
+    return status < 0 ? 1 : status;
 }
 
 void rethrowFromEvents() {

@@ -28,9 +28,9 @@ class Executable : public ProgramTest {
     }
 
     /// The exit status; what the program prints is in "out.txt" and "err.txt".
-    int run(const std::string& arguments) {
-        const std::string command = "cd '" + folder() + "' && env -u DISPLAY -u WAYLAND_DISPLAY HOME='" + folder() +
-                                    "' XDG_DATA_HOME='" + folder() + "/data' PATH='" + folder() +
+    int run(const std::string& arguments, const std::string& display = {}) {
+        const std::string command = "cd '" + folder() + "' && env -u DISPLAY -u WAYLAND_DISPLAY " + display +
+                                    " HOME='" + folder() + "' XDG_DATA_HOME='" + folder() + "/data' PATH='" + folder() +
                                     "/bin':\"$PATH\" ./brasquelin " + arguments + " >out.txt 2>err.txt </dev/null";
         const int status = std::system(command.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -60,6 +60,8 @@ TEST_F(Executable, ACheckThatSaysNoEndsTheProgramWithoutABatch) {
 TEST_F(Executable, TellsOnStandardErrorWhatItCannotDo) {
     EXPECT_EQ(run(""), 1);
     EXPECT_NE(read("err.txt").find("display"), std::string::npos);
+    EXPECT_EQ(run("", "DISPLAY=:98765"), 1);
+    EXPECT_NE(read("err.txt").find("is DISPLAY set properly?"), std::string::npos) << read("err.txt");
     EXPECT_EQ(run("-f none.txt"), 1);
     EXPECT_EQ(read("err.txt"), "Brasquelin Error: Error 53 : File not found\nWhile loading 'none.txt'\n");
     write("x.bqp", {"#Brasquelin Profile Test", "[profile]", "Nobody"});
