@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "os-windows/becomesTrue.h"
 #include "platform/codePages.h"
 #include "platform/paths.h"
@@ -73,11 +71,9 @@ WindowSearch searchWindows(DWORD processId, std::wstring_view title) {
 
 }  // namespace
 
-ProgramRun::ProgramRun() : directory_(scratch_.path() / L"Program Files") {
-    std::filesystem::create_directories(directory_);
-    std::filesystem::copy_file(builtProgram(), directory_ / L"Brasquelin.exe");
-    shortDirectory_ = shortPath(utf8(directory_));
-    write("Brasquelin.ini", "#Brasquelin Initialize\n[config]\n[/config]\n[var]\n[/var]");
+ProgramRun::ProgramRun() : shortDirectory_(shortPath(utf8(path()))) {
+    std::filesystem::copy_file(builtProgram(), path() / L"Brasquelin.exe");
+    writeLines("Brasquelin.ini", "#Brasquelin Initialize\n[config]\n[/config]\n[var]\n[/var]");
 }
 
 ProgramRun::~ProgramRun() {
@@ -93,37 +89,33 @@ void ProgramRun::closeProcess() {
     process_ = {};
 }
 
-std::string ProgramRun::write(std::string_view name, std::string_view lines) const {
-    std::string path = *this / name;
-    std::ofstream(fromUtf8(path), std::ios::binary) << encodeFile(replaceAll(lines, "\n", "\r\n")) << "\r\n";
-    return path;
+std::string ProgramRun::writeLines(std::string_view name, std::string_view lines) const {
+    return write(name, encodeFile(replaceAll(lines, "\n", "\r\n")) + "\r\n");
 }
 
 std::string ProgramRun::writeProfile(std::string_view name, std::string_view library, std::string_view body) const {
-    write("line.bqs",
-          "#Brasquelin Library  line\n[var]\ntext\n.Type=Text\n.Info=A line\n[/var]\n"
-          "[command]\ntype=shell\ncommand=$text$\n[/command]");
-    return write(name, "#Brasquelin Profile Test\n[library]\n:include $exepath$\\line.bqs\n" + std::string(library) +
-                           "\n[/library]\n[var]\nx\n.Type=Text\n.Info=Anything\n[/var]\n[profile]\n" +
-                           std::string(body) + "\n[/profile]");
+    writeLines("line.bqs",
+               "#Brasquelin Library  line\n[var]\ntext\n.Type=Text\n.Info=A line\n[/var]\n"
+               "[command]\ntype=shell\ncommand=$text$\n[/command]");
+    return writeLines(name, "#Brasquelin Profile Test\n[library]\n:include $exepath$\\line.bqs\n" +
+                                std::string(library) +
+                                "\n[/library]\n[var]\nx\n.Type=Text\n.Info=Anything\n[/var]\n[profile]\n" +
+                                std::string(body) + "\n[/profile]");
 }
 
 void ProgramRun::copyHelper(std::wstring_view name) const {
-    std::filesystem::copy_file(testDirectory() / L"helper.exe", directory_ / name);
-}
-
-std::string ProgramRun::bytes(std::string_view name) const {
-    return bytesOf(fromUtf8(*this / name));
+    std::filesystem::copy_file(testDirectory() / L"helper.exe", path() / name);
 }
 
 void ProgramRun::start(std::string_view commandLine) {
     closeProcess();
-    const std::wstring program = (directory_ / L"Brasquelin.exe").wstring();
+    const std::wstring program = (path() / L"Brasquelin.exe").wstring();
+    const std::wstring elsewhere = path().parent_path().wstring();
     std::wstring command = L'"' + program + L"\" " + toWide(commandLine);
     STARTUPINFOW info{};
     info.cb = sizeof info;
     const BOOL started = CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                                        scratch_.path().c_str(), &info, &process_);
+                                        elsewhere.c_str(), &info, &process_);
     ASSERT_NE(started, 0) << "cannot start " << utf8(program) << ", error " << GetLastError();
 }
 

@@ -1,9 +1,8 @@
-// The real program in a directory of its own whose name holds blanks.
+// The real program in a directory of its own.
 #pragma once
 
 #include <windows.h>
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -11,26 +10,21 @@
 
 namespace brasquelin {
 
-class ProgramRun {
+/// The directory is the program directory.
+class ProgramRun : public ScratchDirectory {
   public:
     ProgramRun();
     ~ProgramRun();
-    ProgramRun(const ProgramRun&) = delete;
-    ProgramRun& operator=(const ProgramRun&) = delete;
 
-    /// The program directory and its short form.
-    const std::filesystem::path& directory() const { return directory_; }
+    /// The short form of the program directory.
     const std::string& shortDirectory() const { return shortDirectory_; }
-    std::string operator/(std::string_view name) const { return utf8(directory_) + "\\" + std::string(name); }
 
-    /// Writes a file of the program directory, each line ended by CR LF, in the ANSI code page.
-    std::string write(std::string_view name, std::string_view lines) const;
+    /// Writes a file, each line ended by CR LF, in the ANSI code page.
+    std::string writeLines(std::string_view name, std::string_view lines) const;
     /// A profile with a text variable "x" and this body.
     std::string writeProfile(std::string_view name, std::string_view library, std::string_view body) const;
     /// The test helper under another name.
     void copyHelper(std::wstring_view name) const;
-    /// The bytes of a file of the program directory.
-    std::string bytes(std::string_view name) const;
 
     /// Starts the program with a raw command line behind its own path.
     void start(std::string_view commandLine);
@@ -44,8 +38,6 @@ class ProgramRun {
   private:
     void closeProcess();
 
-    ScratchDirectory scratch_;
-    std::filesystem::path directory_;
     std::string shortDirectory_;
     PROCESS_INFORMATION process_{};
 };

@@ -3,8 +3,6 @@
 
 #include <shellapi.h>
 
-#include <fstream>
-
 #include "os-windows/becomesTrue.h"
 #include "os-windows/program/programRun.h"
 #include "platform/codePages.h"
@@ -32,7 +30,7 @@ void deleteRegistration() {
 TEST(Program, registersItsFileTypesAtEveryStart) {
     deleteRegistration();
     ProgramRun program;
-    program.write("empty.txt", "");
+    program.writeLines("empty.txt", "");
     for (int start = 0; start < 2; ++start) {
         ASSERT_TRUE(program.run("-f " + program / "empty.txt"));
         expectRegistered(program.shortDirectory());
@@ -44,51 +42,50 @@ TEST(Program, runsAFileWithItsPresetsAndEnds) {
     const std::string profile = program.writeProfile("my profile.bqp", "", makeFileX);
     ASSERT_TRUE(program.run(profile + " 001=caf\u00E9 au lait"));
     EXPECT_EQ(program.exitCode(), 0U);
-    EXPECT_EQ(program.bytes("brasquelin.bat"),
+    EXPECT_EQ(program.read("brasquelin.bat"),
               "echo made>\"" + encodeOem(program.shortDirectory()) + "\\caf\x82 au lait.txt\"\r\n");
-    EXPECT_EQ(program.bytes("caf\u00E9 au lait.txt"), "made\r\n");
+    EXPECT_EQ(program.read("caf\u00E9 au lait.txt"), "made\r\n");
 }
 
 TEST(Program, thePathOfItsDirectoryIsShort) {
     ProgramRun program;
     const std::string profile = program.writeProfile("p.bqp", "", "line\n.text=rem $exepath$");
     ASSERT_TRUE(program.run(profile + " 001=x"));
-    const std::string batch = decodeOem(program.bytes("brasquelin.bat"));
+    const std::string batch = decodeOem(program.read("brasquelin.bat"));
     const std::string path = batch.substr(4, batch.size() - 6);
     EXPECT_EQ(path.find(' '), std::string::npos) << path;
-    EXPECT_TRUE(std::filesystem::equivalent(fromUtf8(path), program.directory())) << path;
+    EXPECT_TRUE(std::filesystem::equivalent(fromUtf8(path), program.path())) << path;
 }
 
 TEST(Program, replaysAListInTheOemCodePage) {
     ProgramRun program;
     program.writeProfile("\u00E9t\u00E9.bqp", "", makeFileX);
     const std::string line = "C:\\any where\\Brasquelin.EXE $exepath$\\\u00E9t\u00E9.bqp 001=";
-    std::ofstream(program.directory() / L"a list.txt", std::ios::binary)
-        << encodeOem(line + "one \u00FC\r\n\r\n" + line + "two");
+    program.write("a list.txt", encodeOem(line + "one \u00FC\r\n\r\n" + line + "two"));
     ASSERT_TRUE(program.run("-f " + program / "a list.txt"));
     EXPECT_EQ(program.exitCode(), 0U);
-    EXPECT_EQ(program.bytes("one \u00FC.txt"), "made\r\n");
-    EXPECT_EQ(program.bytes("two.txt"), "made\r\n");
+    EXPECT_EQ(program.read("one \u00FC.txt"), "made\r\n");
+    EXPECT_EQ(program.read("two.txt"), "made\r\n");
 }
 
 TEST(Program, opensThroughTheRegisteredCommand) {
     ProgramRun program;
-    program.write("empty.txt", "");
+    program.writeLines("empty.txt", "");
     ASSERT_TRUE(program.run("-f " + program / "empty.txt"));
-    program.write("opened.bqp",
-                  "#Brasquelin Profile No variables\n[library]\n:include $exepath$\\plain.bqs\n"
-                  "[/library]\n[profile]\nplain\n[/profile]");
-    program.write("plain.bqs",
-                  "#Brasquelin Library  plain\n[command]\ntype=shell\n"
-                  "command=echo opened>\"$exepath$\\out.txt\"\n[/command]");
+    program.writeLines("opened.bqp",
+                       "#Brasquelin Profile No variables\n[library]\n:include $exepath$\\plain.bqs\n"
+                       "[/library]\n[profile]\nplain\n[/profile]");
+    program.writeLines("plain.bqs",
+                       "#Brasquelin Library  plain\n[command]\ntype=shell\n"
+                       "command=echo opened>\"$exepath$\\out.txt\"\n[/command]");
     const auto result = reinterpret_cast<INT_PTR>(
-        ShellExecuteW(nullptr, nullptr, L"cmd.exe", L"/c start opened.bqp", program.directory().c_str(), SW_HIDE));
+        ShellExecuteW(nullptr, nullptr, L"cmd.exe", L"/c start opened.bqp", program.path().c_str(), SW_HIDE));
     EXPECT_GT(result, 32);
-    EXPECT_TRUE(becomesTrue([&] { return program.bytes("out.txt") == "opened\r\n"; }));
+    EXPECT_TRUE(becomesTrue([&] { return program.read("out.txt") == "opened\r\n"; }));
     // The program ends by itself once the batch file has run.
     EXPECT_TRUE(becomesTrue([&] {
         std::error_code inUse;
-        std::filesystem::remove(program.directory() / L"Brasquelin.exe", inUse);
+        std::filesystem::remove(program.path() / L"Brasquelin.exe", inUse);
         return !inUse;
     }));
 }
@@ -99,31 +96,31 @@ TEST(Program, takesValuesFromAPlugin) {
     const std::string profile = program.writeProfile("p.bqp", ":plugin $exepath$\\answer.exe [Param=\"one two\" three]",
                                                      "line\n.text=rem $count$ $first$ $x$");
     ASSERT_TRUE(program.run(profile + " 001=y"));
-    EXPECT_EQ(program.bytes("brasquelin.bat"), "rem 2 one two y\r\n");
-    EXPECT_FALSE(std::filesystem::exists(program.directory() / L"answer.var"));
+    EXPECT_EQ(program.read("brasquelin.bat"), "rem 2 one two y\r\n");
+    EXPECT_FALSE(std::filesystem::exists(program.path() / L"answer.var"));
 }
 
 TEST(Program, aCheckMayStopEverything) {
     ProgramRun program;
     program.copyHelper(L"veto.exe");
     for (const std::string answer : {"true", "false"}) {
-        program.write("brasquelin.bat", "rem untouched");
+        program.writeLines("brasquelin.bat", "rem untouched");
         const std::string profile =
             program.writeProfile("p.bqp", ":check $exepath$\\veto.exe [param=" + answer + "]", "line\n.text=rem run");
         ASSERT_TRUE(program.run(profile + " 001=y"));
-        EXPECT_EQ(program.bytes("brasquelin.bat"), answer == "true" ? "rem run\r\n" : "rem untouched\r\n");
+        EXPECT_EQ(program.read("brasquelin.bat"), answer == "true" ? "rem run\r\n" : "rem untouched\r\n");
     }
 }
 
 TEST(Program, endsItsChildWithItsMainWindow) {
     ProgramRun program;
     program.copyHelper(L"sleeper.exe");
-    program.write("Brasquelin.ini", "[config]\nshellexec = $exepath$\\sleeper.exe\n[/config]");
+    program.writeLines("Brasquelin.ini", "[config]\nshellexec = $exepath$\\sleeper.exe\n[/config]");
     program.start(program.writeProfile("p.bqp", "", "line\n.text=rem"));
     const HWND prompt = program.awaitWindow(L"Test");
     ASSERT_TRUE(clickButton(prompt, L"OK"));
-    ASSERT_TRUE(becomesTrue([&] { return !program.bytes("sleeper.var").empty(); }));
-    const auto child = static_cast<DWORD>(std::stoul(program.bytes("sleeper.var")));
+    ASSERT_TRUE(becomesTrue([&] { return !program.read("sleeper.var").empty(); }));
+    const auto child = static_cast<DWORD>(std::stoul(program.read("sleeper.var")));
     const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, child);
     ASSERT_NE(process, nullptr);
     PostMessageW(program.awaitWindow(L"Brasquelin"), WM_CLOSE, 0, 0);
