@@ -6,8 +6,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -51,13 +49,21 @@ double startOnce(const wchar_t* program, const wchar_t* title) {
         std::printf("cannot start %ls\n", program);
         std::exit(2);
     }
-    while (!isShown(process.dwProcessId, title) && milliseconds() - begin < 30000) Sleep(1);
+    bool shown = false;
+    while (!shown && milliseconds() - begin < 30000) {
+        Sleep(1);
+        shown = isShown(process.dwProcessId, title);
+    }
     WaitForInputIdle(process.hProcess, 30000);
     const double taken = milliseconds() - begin;
     TerminateProcess(process.hProcess, 0);
     WaitForSingleObject(process.hProcess, INFINITE);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
+    if (!shown) {
+        std::printf("%ls shows no window\n", program);
+        std::exit(2);
+    }
     return taken;
 }
 
