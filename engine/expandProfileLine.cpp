@@ -1,5 +1,6 @@
 #include "engine/expandProfileLine.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -87,9 +88,10 @@ void expandBuiltIns(ReferenceText& line, std::string_view scriptPath, int index)
     if (line.refersTo("index")) line.replace("index", std::to_string(index));
 }
 
-/// Replaces the counters of the outermost loops.
+/// Replaces the counters of the outermost loops. While its header is read, a loop's depth may have no record yet.
 void expandLoopRecords(ReferenceText& line, const Loops& loops, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) line.replace(loops.records[i].variable, loops.records[i].currentText);
+    const std::size_t used = std::min(count, loops.records.size());
+    for (std::size_t i = 0; i < used; ++i) line.replace(loops.records[i].variable, loops.records[i].currentText);
 }
 
 void expandAssignments(ReferenceText& line, const std::vector<ResolvedAssignment>& assignments) {

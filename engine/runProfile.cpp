@@ -64,6 +64,7 @@ class ProfileRun {
     void handleLine();
     void noteTag();
     void startLoop();
+    LoopRecord readLoopHeader();
     void endLoop();
     void stayResponsive();
     void runFunctionStatement();
@@ -156,29 +157,32 @@ void ProfileRun::noteTag() {
     if (equalIgnoringCase(line_, "[/profile]")) inBody_ = false;
 }
 
-// The four header lines are read with the loops as they were before; only then the record changes.
+/// The depth is raised first: what the record there was left with by an earlier loop takes part in the header.
 void ProfileRun::startLoop() {
-    const std::size_t bodyLine = position_ + 5;
+    auto& open = loops();
+    if (open.depth == Loops::depthLimit) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
+    ++open.depth;
+    ++open.started;
+    LoopRecord record = readLoopHeader();
+    if (open.records.size() < open.depth) open.records.emplace_back();
+    currentLoop() = std::move(record);
+}
+
+LoopRecord ProfileRun::readLoopHeader() {
     const auto header = [this](std::size_t valuePosition) {
         if (!nextLine()) throw RunTimeError(ErrorNumber::inputPastEnd);
         const std::string line = expanded(line_);
         return std::string(fromCharacter(line, valuePosition));
     };
     LoopRecord record;
+    record.bodyLine = position_ + 5;
     record.variable = header(10);
     record.start = toInteger16(header(11));
     record.end = toInteger16(header(9));
     record.step = toInteger16(header(10));
-    record.bodyLine = bodyLine;
     record.current = record.start;
     record.currentText = std::to_string(record.current);
-
-    auto& open = loops();
-    if (open.depth == Loops::depthLimit) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
-    ++open.depth;
-    ++open.started;
-    if (open.records.size() < open.depth) open.records.emplace_back();
-    currentLoop() = std::move(record);
+    return record;
 }
 
 void ProfileRun::endLoop() {

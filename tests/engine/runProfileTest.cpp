@@ -34,6 +34,11 @@ class RunProfile : public ProgramTest {
         write("test.bqp", lines);
         return runProfile(profile(), 1);
     }
+    /// What the prompt's OK does for one row.
+    static void give(const std::string& variable, const std::string& value) {
+        variableTables.profileVariables[1].append({variable, "Text", "", ""});
+        variableTables.values[1].append(variable + "=" + value);
+    }
     std::string profile() const { return folder() + "/test.bqp"; }
     using Jobs = std::vector<std::string>;
 };
@@ -66,6 +71,34 @@ TEST_F(RunProfile, ALoopUpToTheLargestNumberEndsAndOneWithoutNextRunsOnce) {
     run({"For", ".VarName=i", ".VarStart=32766", ".VarEnd=32767", ".VarStep=1", "Echo", ".text=$i$", "Next", "For",
          ".VarName=k", ".VarStart=1", ".VarEnd=9", ".VarStep=1", "Echo", ".text=$k$"});
     EXPECT_EQ(jobs(), (Jobs{"echo 32766 ", "echo 32767 ", "echo 1 "}));
+}
+
+TEST_F(RunProfile, ALoopHeaderIsExpandedAtItsOwnDepth) {
+    const auto loop = [](const std::string& variable, const std::string& start, const std::string& end) {
+        return Jobs{"For", ".VarName=" + variable, ".VarStart=" + start, ".VarEnd=" + end, ".VarStep=1"};
+    };
+    const auto body = [](const std::vector<Jobs>& parts) {
+        Jobs lines;
+        for (const auto& part : parts) lines.insert(lines.end(), part.begin(), part.end());
+        return lines;
+    };
+    give("i", "7");
+    run(body({loop("i", "1", "3"), {"Next"}, loop("j", "$i$", "7"), {"Echo", ".text=$j$", "Next"}}));
+    EXPECT_EQ(jobs(), (Jobs{"echo 4 ", "echo 5 ", "echo 6 ", "echo 7 "}));
+    variableTables.reset();
+    give("i", "2");
+    engineTables.loops[1] = Loops();
+    run(body({loop("k", "1", "2"), loop("i", "$i$", "4"), {"Echo", ".text=$k$$i$", "Next", "Next"}}));
+    EXPECT_EQ(Jobs(jobs().begin() + 4, jobs().end()), (Jobs{"echo 12 ", "echo 13 ", "echo 14 ", "echo 25 "}));
+}
+
+TEST_F(RunProfile, ADepthThatHeldNoLoopYetHasNoCounter) {
+    give("a", "1");
+    give("b", "2");
+    EXPECT_FALSE(run({"For", ".VarName=i", ".VarStart=one", ".VarEnd=12", ".VarStep=1", "Next"}));
+    EXPECT_TRUE(
+        run({"For", ".VarName=i", ".VarStart=$a$$b$", ".VarEnd=12", ".VarStep=1", "Echo", ".text=$i$", "Next"}));
+    EXPECT_EQ(jobs(), Jobs{"echo 12 "});
 }
 
 TEST_F(RunProfile, LoopsOpen255Deep) {
