@@ -66,6 +66,10 @@ void takeVariable(std::string_view line, std::string_view path, int number) {
     settings.globalVarCount = std::to_string(row + 1);
 }
 
+bool isTag(std::string_view line) {
+    return line == "[var]" || line == "[/var]" || line == "[config]" || line == "[/config]";
+}
+
 void readLines(const TextFile& file, std::string_view path) {
     bool inConfig = false;
     bool inVar = false;
@@ -76,7 +80,7 @@ void readLines(const TextFile& file, std::string_view path) {
         if (line == "[/var]") inVar = false;
         if (line == "[/config]") inConfig = false;
         if (inConfig) takeSetting(line);
-        if (inVar && !line.empty()) takeVariable(line, path, number);
+        if (inVar && !line.empty() && !isTag(line)) takeVariable(line, path, number);
         if (line == "[var]") inVar = true;
         if (line == "[config]") inConfig = true;
     }

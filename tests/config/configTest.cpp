@@ -58,6 +58,14 @@ TEST_F(Config, BadVariablesAreErrorsThatKeepTheRowsBefore) {
     EXPECT_EQ(settings.globalVarCount, "256");
 }
 
+TEST_F(Config, TagsAreNoAssignmentsInsideAnotherSection) {
+    readLines({"[var]", "a=1", "[config]", "[var]", "[/config]", "librarypath = x", "[config]", "[/var]",
+               "profilepath = /p", "[var]", "b=2", "[/var]", "[/config]"});
+    EXPECT_EQ(variables(), (Lines{"a=1", "librarypath = x", "b=2"}));
+    EXPECT_EQ(settings.libraryPath, "");
+    EXPECT_EQ(settings.profilePath, "/p");
+}
+
 TEST_F(Config, ClearActsOnlyAtStartUp) {
     write("tmp/a.txt", {"x"});
     write("tmp/sub/b.txt", {"x"});
