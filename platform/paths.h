@@ -37,7 +37,12 @@ std::string resolvePath(std::string_view path);
 /// exists. Empty when there is no such file.
 std::string resolveProgram(std::string_view path);
 
-/// True for "/", "C:\" and the like: a directory that has no parent.
+/// The existing directory that the path names, as the system spells it: absolute, without ".", ".." and links. Linux:
+/// back-slashes become slashes, and no other letter case is tried. A relative path starts at the program directory.
+/// Empty when there is no such directory.
+std::string exactDirectory(std::string_view path);
+
+/// True for "/", "C:\" and the like, however they are spelled: a directory that has no parent.
 bool isFileSystemRoot(std::string_view path);
 
 /// The texts that end the program's own path in a line of a list file, in lower case, such as "\brasquelin.exe ".

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "platform/executableDirectory.h"
+#include "platform/files.h"
 #include "text/substitution.h"
 #include "text/text.h"
 
@@ -29,6 +30,12 @@ bool exists(const std::string& path) {
 bool isEntry(const std::string& path) {
     struct stat status {};
     return lstat(path.c_str(), &status) == 0;
+}
+
+std::string withSlashes(std::string_view path) {
+    std::string slashed(path);
+    std::replace(slashed.begin(), slashed.end(), '\\', '/');
+    return slashed;
 }
 
 /// The entry of `directory` that has this name in some letter case; the name itself when there is none.
@@ -89,8 +96,7 @@ std::string anchoredPath(std::string_view path) {
 }
 
 std::string resolvePath(std::string_view path) {
-    std::string slashed(path);
-    std::replace(slashed.begin(), slashed.end(), '\\', '/');
+    std::string slashed = withSlashes(path);
     if (slashed.empty() || isEntry(slashed)) return slashed;
     return resolveByComponent(slashed);
 }
@@ -104,9 +110,20 @@ std::string resolveProgram(std::string_view path) {
     return exists(resolved) ? resolved : std::string();
 }
 
+std::string exactDirectory(std::string_view path) {
+    const std::string slashed = withSlashes(path);
+    if (slashed.empty()) return {};
+    std::error_code error;
+    const auto found = std::filesystem::canonical(pathRelativeTo(programDirectory(), slashed), error);
+    // Behind a link a name may hold a back-slash, which would be taken for a separator from here on.
+    if (error || !std::filesystem::is_directory(found, error) || found.string().find('\\') != std::string::npos) {
+        return {};
+    }
+    return found.string();
+}
+
 bool isFileSystemRoot(std::string_view path) {
-    const std::string resolved = shortPath(path);
-    return resolved == "/";
+    return isSameDirectory(path, "/");
 }
 
 const std::vector<std::string>& programMarkers() {

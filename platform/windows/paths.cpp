@@ -8,6 +8,7 @@
 
 #include "platform/executableDirectory.h"
 #include "platform/files.h"
+#include "platform/windows/systemHandle.h"
 #include "platform/windows/wideText.h"
 #include "text/substitution.h"
 
@@ -29,6 +30,12 @@ std::wstring fullPath(const std::wstring& path) {
     std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
     full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
     return full;
+}
+
+/// The prefix that lifts the limit on the length of a path.
+std::wstring withoutLongPrefix(std::wstring path) {
+    if (path.starts_with(L"\\\\?\\UNC\\")) return L"\\" + path.substr(7);
+    return path.starts_with(L"\\\\?\\") ? path.substr(4) : path;
 }
 
 /// The command line behind the program's own path: a quoted one ends at the quote, any other at the first blank.
@@ -83,12 +90,24 @@ std::string resolveProgram(std::string_view path) {
     return fileExists(path) ? std::string(path) : std::string();
 }
 
+std::string exactDirectory(std::string_view path) {
+    if (path.empty()) return {};
+    const std::wstring full = fullPath(toWide(pathRelativeTo(programDirectory(), path)));
+    const SystemHandle directory =
+        ownHandle(CreateFileW(full.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!directory) return {};
+    std::wstring found(GetFinalPathNameByHandleW(directory.get(), nullptr, 0, 0), L'\0');
+    found.resize(GetFinalPathNameByHandleW(directory.get(), found.data(), static_cast<DWORD>(found.size()), 0));
+    const std::string exact = fromWide(withoutLongPrefix(std::move(found)));
+    return directoryExists(exact) ? exact : std::string();
+}
+
 bool isFileSystemRoot(std::string_view path) {
     if (path.empty()) return false;
     // A drive alone stands for its root wherever a directory is meant.
     std::wstring full = fullPath(toWide(hasDrive(path) && path.size() == 2 ? std::string(path) + "\\" : path));
-    if (full.starts_with(L"\\\\?\\")) full.erase(0, 4);
-    return PathIsRootW(full.c_str()) != 0;
+    return PathIsRootW(withoutLongPrefix(std::move(full)).c_str()) != 0;
 }
 
 const std::vector<std::string>& programMarkers() {

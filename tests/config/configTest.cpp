@@ -103,6 +103,15 @@ TEST_F(Config, SomeDirectoriesAreNeverCleared) {
     EXPECT_TRUE(exists("outside/a.txt"));
 }
 
+TEST_F(Config, RelativeDirectoriesToBeClearedStartAtTheProgram) {
+    write("tmp/a.txt", {"x"});
+    write("elsewhere/tmp/a.txt", {"x"});
+    std::filesystem::current_path(folder() + "/elsewhere");
+    clearDirectory("tmp");
+    EXPECT_FALSE(exists("tmp/a.txt"));
+    EXPECT_TRUE(exists("elsewhere/tmp/a.txt"));
+}
+
 TEST_F(Config, SavingWritesTheExactLayout) {
     readLines({"[config]", "shellexec = x", "[/config]", "[var]", "TempDir=/Tmp/T", "[/var]"});
     OptionsModel options;

@@ -105,6 +105,30 @@ TEST_F(Posix, AWriteThatFailsLeavesTheOldFileAlone) {
     EXPECT_EQ(listFiles(folder()), std::vector<std::string>{"kept.txt"});
 }
 
+TEST_F(Posix, OnlyTheDirectoryThatIsNamedExactlyIsCleared) {
+    write("real/prog/keep.txt", {});
+    write("real/keep.txt", {});
+    write("tmp/a.txt", {});
+    const auto link = [this](const std::string& target, const std::string& name) {
+        ASSERT_EQ(symlink(target.c_str(), (folder() + "/" + name).c_str()), 0);
+    };
+    link(folder() + "/real/prog", "link");
+    link("/usr", "usr");
+    setProgramDirectory(folder() + "/link");
+    for (const char* guarded : {"/link", "/link/.", "/link/..", "/real", "/real//./", "/tmp/../real/prog/"}) {
+        clearDirectory(folder() + guarded);
+    }
+    clearDirectory(folder() + "/TMP");
+    EXPECT_TRUE(exists("real/prog/keep.txt"));
+    EXPECT_TRUE(exists("real/keep.txt"));
+    EXPECT_TRUE(exists("tmp/a.txt"));
+    clearDirectory(folder() + "/link\\..\\..\\tmp\\");
+    EXPECT_FALSE(exists("tmp/a.txt"));
+    for (const std::string root : {"/", "//", "/.", "/..", "\\"}) EXPECT_TRUE(isFileSystemRoot(root)) << root;
+    EXPECT_TRUE(isFileSystemRoot(folder() + "/usr/.."));
+    EXPECT_FALSE(isFileSystemRoot(folder() + "/usr"));
+}
+
 TEST_F(Posix, NamesThatSpellAWayElsewhereAreNotFollowed) {
     write("keep.txt", {"x"});
     write("tmp/sub/inner/x", {});  // too deep to go
