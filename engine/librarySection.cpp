@@ -37,7 +37,8 @@ void addInclude(std::string_view line, std::string_view profilePath, int level) 
     const std::string path = replaceDirectories(fromCharacter(line, includePathStart), profilePath);
     Callable& callable = engineTables.callables[level].append({path, {}});
     const auto file = readTextFile(path);
-    if (!file->lines.empty()) callable.name = callableNameOf(path, file->lines.front());
+    if (file->lines.empty()) throw RunTimeError(ErrorNumber::inputPastEnd, path);
+    callable.name = callableNameOf(path, file->lines.front());
 }
 
 void applyLine(std::string_view line, std::string_view profilePath, int level) {

@@ -185,6 +185,13 @@ TEST_F(RunProfile, AMissingIncludeOrConfigurationStopsTheRun) {
                                 missing + configFilePath() + "'\r\nFrom file '" + profile() + "'"}));
 }
 
+TEST_F(RunProfile, AnEmptyIncludeIsNamed) {
+    write("empty.bqs", {});
+    EXPECT_FALSE(run({}, {":include $exepath$/empty.bqs"}));
+    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 62 : Input past end of file\r\nWhile loading '" + folder() +
+                               "/empty.bqs'\r\nFrom file '" + profile() + "' at line 4"});
+}
+
 TEST_F(RunProfile, ATableOfCallablesHolds256Rows) {
     EXPECT_TRUE(run({}, std::vector<std::string>(255, ":include $exepath$/echo.bqs")));
     EXPECT_FALSE(run({}, std::vector<std::string>(256, ":include $exepath$/echo.bqs")));
