@@ -64,9 +64,10 @@ void readCommandSection(const TextFile& file) {
 
 // Values
 
-/// A list or comb default is the number of its item; anything else is taken as it stands.
+/// Digits alone are the number of a list or comb item; anything else is taken as it stands.
 std::string defaultText(const VariableDeclaration& variable, VariableKind kind) {
-    if (!isChoice(kind) || !isWholeNumber(variable.defaultValue)) return variable.defaultValue;
+    const bool digits = variable.defaultValue.find_first_not_of("0123456789") == std::string::npos;
+    if (!isChoice(kind) || variable.defaultValue.empty() || !digits) return variable.defaultValue;
     return numberedItem(variable.typeSpec, variable.defaultValue);
 }
 

@@ -70,6 +70,13 @@ std::string_view trimmedBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
+/// Of any size.
+bool isWholeNumber(std::string_view text) {
+    text = trimmedBlanks(text);
+    if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 }  // namespace
 
 std::size_t characterCount(std::string_view text) {
@@ -234,12 +241,6 @@ void appendUtf8(std::string& text, char32_t codePoint) {
         put(0x80 | ((codePoint >> 6) & 0x3F));
     }
     put(0x80 | (codePoint & 0x3F));
-}
-
-bool isWholeNumber(std::string_view text) {
-    text = trimmedBlanks(text);
-    if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 int toInteger16(std::string_view text) {

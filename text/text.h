@@ -70,7 +70,4 @@ void appendUtf8(std::string& text, char32_t codePoint);
 /// Raises error 13 when it is no whole number, error 6 when it does not fit.
 int toInteger16(std::string_view text);
 
-/// True when the text spells a whole number of any size.
-bool isWholeNumber(std::string_view text);
-
 }  // namespace brasquelin

@@ -262,6 +262,15 @@ TEST_F(RunFunction, ParametersNameVariablesOrFillTheFirstOne) {
     EXPECT_EQ(jobs(), (Jobs{"cp -s a  Safe 2", "cp -s b=c  Safe 2", "cp -f x||y C:\\\\d\\\\e Fast 1"}));
 }
 
+TEST_F(RunFunction, OnlyDigitsAloneAreAnItemNumber) {
+    for (const std::string value : {"2", " 2", "+2", "-s"}) {
+        write("copy.ini", {"[var]", "mode", ".Type=Comb(Fast[-f]||Safe[-s])", ".Info=none", "[/var]", "[command]",
+                           "type=shell", "command=cp $mode$", "mode=" + value, "[/command]"});
+        run({"BasicFunction.copy"});
+    }
+    EXPECT_EQ(jobs(), (Jobs{"cp -s", "cp  2", "cp +2", "cp -s"}));
+}
+
 TEST_F(RunFunction, WritesAFileAndSpellsTheBuiltInsInItsOwnWay) {
     run({"BasicFunction.note=memo", "BasicFunction.plain=ignored"});
     EXPECT_EQ(jobs(), (Jobs{"//File saved to " + folder() + "/memo.txt",
