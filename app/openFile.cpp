@@ -30,7 +30,7 @@ void executeAndEnd() {
     try {
         runBatchAndWait();
     } catch (const RunTimeError& error) {
-        showCritical(error.report() + "\r\nWhile writting '" + batchFilePath() + "'", errorTitle);
+        showCritical(error.report("\r\nWhile writting '" + batchFilePath() + "'"), errorTitle);
         return;
     }
     throw EndProgram(desktop().hadFailure() ? 1 : 0);

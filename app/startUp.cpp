@@ -110,7 +110,8 @@ void replayLines(const std::vector<std::string>& lines) {
 /// A step without a context of its own is told by the file that the error names.
 void reportStartUpError(const RunTimeError& error) {
     const bool tellsFile = errorContext.empty() && !error.path().empty();
-    showCritical(tellsFile ? error.reportWhileLoading({}) : error.report() + errorContext, errorTitle);
+    if (error.line() > 0 && !tellsFile) errorContext += " at line " + std::to_string(error.line());
+    showCritical(tellsFile ? error.reportWhileLoading({}) : error.report(errorContext), errorTitle);
     errorContext.clear();
     settings.startingUp = false;
     opening.replaying = false;

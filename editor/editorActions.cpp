@@ -42,7 +42,7 @@ void saveTo(const std::string& path) {
         saveDocument(editorState.document, path);
         settings.profilePath = path;
     } catch (const RunTimeError& error) {
-        showCritical(error.report() + "\r\nWhile writting '" + path + "'", errorTitle);
+        showCritical(error.report("\r\nWhile writting '" + path + "'"), errorTitle);
     }
 }
 

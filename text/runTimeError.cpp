@@ -43,17 +43,38 @@ std::string atLine(int line) {
 RunTimeError::RunTimeError(ErrorNumber number, std::string path, int line)
     : std::runtime_error(std::string(description(number))), number_(number), path_(std::move(path)), line_(line) {}
 
-std::string RunTimeError::report() const {
-    return "Error " + std::to_string(static_cast<int>(number_)) + " : " + what();
+RunTimeError RunTimeError::ofWriting() const {
+    RunTimeError error = *this;
+    error.ofWriting_ = true;
+    return error;
+}
+
+RunTimeError RunTimeError::because(std::string cause) const {
+    RunTimeError error = *this;
+    error.cause_ = std::move(cause);
+    return error;
+}
+
+RunTimeError RunTimeError::about(const std::string& path) const {
+    RunTimeError error = *this;
+    if (error.path_.empty()) error.path_ = path;
+    return error;
+}
+
+std::string RunTimeError::report(std::string_view context) const {
+    std::string text = "Error " + std::to_string(static_cast<int>(number_)) + " : " + what();
+    text += context;
+    return cause_.empty() ? text : text + "\r\n" + cause_;
 }
 
 std::string RunTimeError::reportWhileLoading(std::string_view handlerPath, int handlerLine) const {
     const std::string handler(handlerPath);
     const bool ownFile = !path_.empty() && path_ != handler;
-    std::string text = report() + "\r\nWhile loading '";
-    if (!ownFile) return text + handler + "'" + atLine(line_ > 0 ? line_ : handlerLine);
-    text += path_ + "'" + atLine(line_);
-    return handler.empty() ? text : text + "\r\nFrom file '" + handler + "'" + atLine(handlerLine);
+    std::string context = std::string("\r\nWhile ") + (ofWriting_ ? "writting '" : "loading '");
+    if (!ownFile) return report(context + handler + "'" + atLine(line_ > 0 ? line_ : handlerLine));
+    context += path_ + "'" + atLine(line_);
+    if (!handler.empty()) context += "\r\nFrom file '" + handler + "'" + atLine(handlerLine);
+    return report(context);
 }
 
 }  // namespace brasquelin

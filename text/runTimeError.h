@@ -32,22 +32,32 @@ class RunTimeError : public std::runtime_error {
     /// `line` counts from 1; 0 when there is none.
     explicit RunTimeError(ErrorNumber number, std::string path = {}, int line = 0);
 
+    /// The same error of writing its file.
+    RunTimeError ofWriting() const;
+    /// The same error with its cause in words, which every report ends with as a line of its own.
+    RunTimeError because(std::string cause) const;
+    /// The same error; about this file unless it names one.
+    RunTimeError about(const std::string& path) const;
+
     ErrorNumber number() const { return number_; }
     const std::string& path() const { return path_; }
     int line() const { return line_; }
+    bool isOfWriting() const { return ofWriting_; }
 
-    /// "Error 53 : File not found"
-    std::string report() const;
+    /// "Error 53 : File not found", the context (CR LF and a line, or nothing), the cause.
+    std::string report(std::string_view context = {}) const;
 
-    /// The report followed by CR LF + "While loading '" + path + "'" (and " at line n" where there is one).
-    /// `handlerPath` and `handlerLine` tell what the handler was working on. An error that names a file of its own
-    /// keeps it, and what the handler was working on follows as "From file '...' at line n".
+    /// The report with the context CR LF + "While loading '" (or "While writting '") + path + "'" (and " at line n"
+    /// where there is one). `handlerPath` and `handlerLine` tell what the handler was working on. An error that names
+    /// a file of its own keeps it, and what the handler was working on follows as "From file '...' at line n".
     std::string reportWhileLoading(std::string_view handlerPath, int handlerLine = 0) const;
 
   private:
     ErrorNumber number_;
     std::string path_;
     int line_;
+    bool ofWriting_ = false;
+    std::string cause_;
 };
 
 /// Thrown where the program is to end; caught once, around the event loop or the unattended run.

@@ -69,7 +69,7 @@ void prompt(const std::shared_ptr<PromptForm>& form, const Table<VariableDeclara
         placeButtons(*form);
         applyPresets(*form, options.presets);
     } catch (const RunTimeError& error) {
-        throw RunTimeError(error.number(), error.path().empty() ? form->path : error.path(), error.line());
+        throw error.about(form->path);
     }
     form->endsProgram = options.namedOnCommandLine;
     form->confirmed = std::move(options.confirmed);

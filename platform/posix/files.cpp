@@ -181,7 +181,8 @@ std::string readFileBytes(std::string_view path) {
         const int error = errno;
         const std::string directory = dirOf(resolved);
         const bool noDirectory = error == ENOENT && !directory.empty() && !directoryExists(directory);
-        raise(error, noDirectory ? FileUse::writing : FileUse::reading, path);
+        throw RunTimeError(noDirectory ? ErrorNumber::pathNotFound : errorNumberOf(error, FileUse::reading),
+                           std::string(path));
     }
     struct stat status {};
     std::string bytes;

@@ -27,7 +27,8 @@ ErrorNumber errorNumberOf(int error, FileUse use) {
 }
 
 void raise(int error, FileUse use, std::string_view path) {
-    throw RunTimeError(errorNumberOf(error, use), std::string(path));
+    const RunTimeError raised(errorNumberOf(error, use), std::string(path));
+    throw use == FileUse::writing ? raised.ofWriting() : raised;
 }
 
 }  // namespace brasquelin

@@ -17,7 +17,7 @@ enum class Durability { usual, onDisk };
 [[noreturn]] void raise(DWORD code, std::string_view path) {
     ErrorNumber number = fileErrorOf(code);
     if (number == ErrorNumber::fileNotFound || directoryExists(path)) number = ErrorNumber::pathFileAccess;
-    throw RunTimeError(number, std::string(path));
+    throw RunTimeError(number, std::string(path)).ofWriting();
 }
 
 SystemHandle openForWriting(const std::wstring& path, DWORD disposition) {

@@ -16,7 +16,8 @@ namespace {
 
 void report(const RunTimeError& error) {
     const std::string file = error.path().empty() ? std::string() : "\r\n'" + error.path() + "'";
-    desktop().showMessage(error.report() + file, errorTitle, Icon::critical);
+    const std::string text = error.isOfWriting() ? error.reportWhileLoading({}) : error.report(file);
+    desktop().showMessage(text, errorTitle, Icon::critical);
 }
 
 class Application : public wxApp {

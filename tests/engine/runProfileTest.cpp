@@ -303,7 +303,8 @@ TEST_F(RunFunction, AnUnwritableFileStopsTheRun) {
                        "command=$exepath$/none/x.txt", "[/command]"});
     EXPECT_FALSE(run({"BasicFunction.note=a", "Echo"}));
     EXPECT_TRUE(jobs().empty());
-    EXPECT_NE(messages()[0].find("Error 76 : Path not found"), std::string::npos);
+    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 76 : Path not found\r\nWhile writting '" + folder() +
+                               "/none/x.txt'\r\nFrom file '" + profile() + "' at line 6"});
 }
 
 }  // namespace
