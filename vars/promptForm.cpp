@@ -57,25 +57,40 @@ bool takesRemembered(const PromptRow& row, PromptKind kind) {
     return row.showsText() || row.kind == VariableKind::path;
 }
 
-/// `key` is empty when the answer is not to be remembered.
-void popRow(PromptRow& row, PromptKind kind, std::string_view key) {
+/// An answer that cannot be remembered is good for this run all the same.
+void remember(std::string_view key, const std::string& answer) {
+    try {
+        rememberValue(key, answer);
+    } catch (const RunTimeError& error) {
+        showCritical(error.reportWhileLoading({}), errorTitle);
+    }
+}
+
+/// `key` is empty when the answer is not to be remembered. True when the row took a value.
+bool popRow(PromptRow& row, PromptKind kind, std::string_view key) {
     if (!key.empty() && takesRemembered(row, kind)) {
         if (auto remembered = recallValue(key)) {
             row.text = std::move(*remembered);
-            return;
+            return true;
         }
     }
-    if (askForRow(row) && !key.empty()) rememberValue(key, row.text);
+    if (!askForRow(row)) return false;
+    if (!key.empty()) remember(key, row.text);
+    return true;
 }
 
-void takeValue(PromptRow& row, PromptKind kind, const std::string& value) {
+/// True when the row took the value.
+bool takeValue(PromptRow& row, PromptKind kind, const std::string& value) {
     if (row.showsChoices()) {
         row.select(value.empty() ? "0" : value);
     } else if (row.kind != VariableKind::dbls) {
         row.text = value;
     } else if (kind == PromptKind::profile) {
         row.text = replaceAll(value, "\\", "\\\\");
+    } else {
+        return false;
     }
+    return true;
 }
 
 void applyPreset(PromptRow& row, PromptKind kind, const std::string& value) {
@@ -83,14 +98,15 @@ void applyPreset(PromptRow& row, PromptKind kind, const std::string& value) {
         row.askUser = true;
         return;
     }
+    bool taken = false;
     if (startsWithIgnoringCase(value, popKeyMarker)) {
-        popRow(row, kind, fromCharacter(value, popKeyMarker.size() + 1));
+        taken = popRow(row, kind, fromCharacter(value, popKeyMarker.size() + 1));
     } else if (equalIgnoringCase(value, popMarker)) {
-        popRow(row, kind, {});
+        taken = popRow(row, kind, {});
     } else {
-        takeValue(row, kind, value);
+        taken = takeValue(row, kind, value);
     }
-    row.backdropVisible = false;
+    if (taken) row.backdropVisible = false;
 }
 
 }  // namespace

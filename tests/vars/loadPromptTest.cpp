@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/paths.h"
 #include "support/programTest.h"
 #include "vars/variableTables.h"
 
@@ -147,6 +148,28 @@ TEST_F(LoadPrompt, PopOpensTheFileDialogOfAPath) {
     load(PromptKind::profile, {"T", "0", "0", "0", "#pop:log"});
     EXPECT_EQ(values()[4], "log=old");
     EXPECT_EQ(read("pop.tmp"), "in=" + folder() + "/in.txt\r\n");
+}
+
+TEST_F(LoadPrompt, OnlyRowsThatTookAValueLoseTheirBackdrop) {
+    const auto visible = [](PromptKind kind) {
+        std::string rows;
+        for (const auto& row : form(kind).rows) rows += row.backdropVisible ? 'x' : '-';
+        return rows;
+    };
+    answerFile("");
+    load(PromptKind::profile, {"T", "#pop#", "1", "#pop:in", "C:\\x"});
+    EXPECT_EQ(visible(PromptKind::profile), "-x-x-");
+    load(PromptKind::function, {"", "0", "#ask#", "/in", "C:\\x"});
+    EXPECT_EQ(visible(PromptKind::function), "--x-x");
+}
+
+TEST_F(LoadPrompt, AnAnswerThatCannotBeRememberedIsUsedAllTheSame) {
+    std::filesystem::create_directory(folder() + "/pop.tmp");
+    answerText("typed");
+    load(PromptKind::profile, {"#pop:Key"});
+    EXPECT_EQ(values()[0], "title=typed");
+    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 75 : Path/File access error\r\nWhile writting '" +
+                                joinPath(folder(), "pop.tmp") + "'"});
 }
 
 TEST_F(LoadPrompt, FilesThatCannotBeOpenedEndTheProgram) {
