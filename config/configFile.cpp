@@ -5,7 +5,6 @@
 
 #include "config/clearDirectory.h"
 #include "platform/desktop.h"
-#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/text.h"
@@ -137,7 +136,7 @@ void writeConfig(std::string_view path, const ConfigFields& fields) {
                                    ""};
     lines.insert(lines.end(), fields.variables.begin(), fields.variables.end());
     lines.insert(lines.end(), {"[/var]", ""});
-    saveFile(path, textFileBytes(lines));
+    saveLines(path, lines);
 }
 
 void expandGlobals(ReferenceText& text) {

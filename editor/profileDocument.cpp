@@ -8,7 +8,6 @@
 #include "engine/librarySection.h"
 #include "engine/plugins.h"
 #include "platform/desktop.h"
-#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/text.h"
@@ -197,7 +196,7 @@ std::vector<std::string> documentLines(const ProfileDocument& document) {
 }
 
 void saveDocument(const ProfileDocument& document, const std::string& path) {
-    saveFile(path, textFileBytes(documentLines(document)));
+    saveLines(path, documentLines(document));
 }
 
 std::string proposedFileName(const ProfileDocument& document, const std::string& profileDirectory) {

@@ -4,7 +4,6 @@
 
 #include "config/configFile.h"
 #include "engine/expandProfileLine.h"
-#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/text.h"
@@ -260,7 +259,7 @@ bool runNamedFunction(std::string_view name, std::string_view parameter, const F
 void saveTextFile(std::string_view path, std::string_view text) {
     std::vector<std::string> lines;
     for (const auto piece : split(text, "||")) lines.emplace_back(piece);
-    writeFile(path, textFileBytes(lines));
+    writeLines(path, lines);
 }
 
 }  // namespace brasquelin

@@ -1,5 +1,4 @@
-// Bytes of files to UTF-8 text and back.
-// Windows: ANSI and OEM code page. Linux: UTF-8 where it is valid, else Windows-1252 (a list file: code page 850).
+// Bytes of files to UTF-8 text and back, the same way on both systems.
 #pragma once
 
 #include <string>
@@ -7,13 +6,28 @@
 
 namespace brasquelin {
 
-/// A byte order mark at the start is taken as UTF-8 and dropped.
-std::string decodeFile(std::string_view bytes);
-/// A text that the code page cannot hold becomes UTF-8 with a byte order mark.
-std::string encodeFile(std::string_view text);
+/// What the bytes of a text file are written in. ANSI is the system's code page (Linux: Windows-1252).
+enum class Encoding { ansi, utf8, utf8WithMark };
 
-/// Batch and list files: what the command interpreter reads.
+/// Windows: ANSI. Linux: UTF-8.
+extern const Encoding newFileEncoding;
+
+/// A byte order mark decides (UTF-8, UTF-16 in either byte order) and is dropped; else what is valid UTF-8 is UTF-8,
+/// and anything else is ANSI.
+std::string decodeFile(std::string_view bytes);
+
+/// The encoding in which a file is written again. ASCII is no evidence: it counts as a new file. UTF-16 becomes UTF-8
+/// with the mark.
+Encoding encodingOf(std::string_view bytes);
+
+/// A text that would not be read back from the encoding becomes UTF-8 with the mark.
+std::string encodeFile(std::string_view text, Encoding encoding = newFileEncoding);
+
+/// List files: as decodeFile, with the OEM page (Linux: 850) in place of the ANSI page.
 std::string decodeOem(std::string_view bytes);
+
+/// Batch files, as the command interpreter reads them. Windows: the OEM page, the nearest letter for what it cannot
+/// hold. Linux: UTF-8.
 std::string encodeOem(std::string_view text);
 
 }  // namespace brasquelin

@@ -5,6 +5,7 @@
 
 #include "platform/codePages.h"
 #include "platform/files.h"
+#include "text/runTimeError.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -52,6 +53,21 @@ void keep(std::string_view path, const FileStamp& stamp, const std::shared_ptr<c
     cache.files[std::string(path)] = {stamp, file, Clock::now()};
 }
 
+/// The encoding of the file that stands there now.
+Encoding presentEncoding(std::string_view path) {
+    try {
+        return fileStamp(path) ? encodingOf(readFileBytes(path)) : newFileEncoding;
+    } catch (const RunTimeError&) {
+        return newFileEncoding;  // what cannot be read may be written all the same
+    }
+}
+
+std::string joinLines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const auto& line : lines) text.append(line).append("\r\n");
+    return text;
+}
+
 }  // namespace
 
 std::shared_ptr<const TextFile> readTextFile(std::string_view path) {
@@ -77,10 +93,12 @@ void forgetTextFiles() {
     cache.clear();
 }
 
-std::string textFileBytes(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const auto& line : lines) text.append(line).append("\r\n");
-    return encodeFile(text);
+void writeLines(std::string_view path, const std::vector<std::string>& lines) {
+    writeFile(path, encodeFile(joinLines(lines)));
+}
+
+void saveLines(std::string_view path, const std::vector<std::string>& lines) {
+    saveFile(path, encodeFile(joinLines(lines), presentEncoding(path)));
 }
 
 }  // namespace brasquelin

@@ -16,13 +16,16 @@ struct TextFile {
 /// Raises 53, 70, 75 or 76.
 std::shared_ptr<const TextFile> readTextFile(std::string_view path);
 
-/// The same for a list file, whose bytes are in the console's code page. Not kept in memory.
+/// The same for a list file, whose unmarked bytes may be in the OEM page. Not kept in memory.
 TextFile readOemTextFile(std::string_view path);
 
 /// Drops what is kept in memory: the program has written a file or a child process has run.
 void forgetTextFiles();
 
-/// The lines, each ended by CR LF, in the encoding of files.
-std::string textFileBytes(const std::vector<std::string>& lines);
+/// Creates the file anew with these lines, each ended by CR LF, in the encoding of new files. Raises as writeFile.
+void writeLines(std::string_view path, const std::vector<std::string>& lines);
+
+/// The same for a file that holds a user's work: as saveFile, and in the encoding that the file had before.
+void saveLines(std::string_view path, const std::vector<std::string>& lines);
 
 }  // namespace brasquelin

@@ -194,12 +194,14 @@ Assignment splitAssignment(std::string_view text) {
 }
 
 std::vector<std::string> splitLines(std::string_view text) {
+    const char lineEnd = text.find('\n') == std::string_view::npos ? '\r' : '\n';
     std::vector<std::string> lines;
     while (!text.empty()) {
-        const auto end = text.find('\n');
+        const auto end = text.find(lineEnd);
         std::string_view line = text.substr(0, end);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        if (end != std::string_view::npos && !line.empty() && line.back() == '\r') line.remove_suffix(1);
+        if (lineEnd == '\n' && end != std::string_view::npos && !line.empty() && line.back() == '\r')
+            line.remove_suffix(1);
         lines.emplace_back(line);
     }
     return lines;

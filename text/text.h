@@ -57,7 +57,8 @@ struct Assignment {
 };
 Assignment splitAssignment(std::string_view text);
 
-/// The lines of a text that ends them with CR LF or LF; a last line without an end counts.
+/// The lines of a text that ends them with CR LF or LF, or with CR where there is no LF; a last line without an end
+/// counts.
 std::vector<std::string> splitLines(std::string_view text);
 
 /// True for well-formed UTF-8.

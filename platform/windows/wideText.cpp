@@ -37,10 +37,6 @@ std::string pageFromWide(std::wstring_view text, unsigned page) {
     return bytes;
 }
 
-bool pageHolds(std::wstring_view text, unsigned page) {
-    return wideFromPage(pageFromWide(text, page), page) == text;
-}
-
 std::wstring toWide(std::string_view text) {
     return wideFromPage(text, CP_UTF8);
 }

@@ -13,7 +13,4 @@ std::string fromWide(std::wstring_view text);
 std::wstring wideFromPage(std::string_view bytes, unsigned page);
 std::string pageFromWide(std::wstring_view text, unsigned page);
 
-/// True when the code page holds every character of the text, so that it comes back unchanged.
-bool pageHolds(std::wstring_view text, unsigned page);
-
 }  // namespace brasquelin

@@ -6,6 +6,7 @@
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "support/programTest.h"
+#include "vars/rememberedValues.h"
 
 namespace brasquelin {
 namespace {
@@ -58,12 +59,60 @@ TEST_F(Files, ShortPathsExist) {
     EXPECT_FALSE(isFileSystemRoot(folder()));
 }
 
-TEST(CodePages, AByteOrderMarkMeansUtf8) {
-    EXPECT_EQ(decodeFile("\xEF\xBB\xBF"
-                         "caf\xC3\xA9"),
-              "café");
+TEST_F(Files, CarriageReturnsEndLinesWhereNothingElseDoes) {
+    writeBytes("x.txt", "one\rtwo\r\rfour");
+    EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, (Names{"one", "two", "", "four"}));
+    writeBytes("x.txt", "one\rstill one\ntwo\r");
+    EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, (Names{"one\rstill one", "two\r"}));
+}
+
+/// Files in the Western code pages, read and written again.
+class Encodings : public Files {
+  protected:
+    void SetUp() override {
+        if (decodeFile("\xE9") != "é") GTEST_SKIP() << "needs the code page 1252";
+    }
+    /// The file's bytes after "added" has become its first line.
+    std::string savedOver(const std::string& bytes, const std::string& added) const {
+        writeBytes("pop.tmp", bytes);
+        rememberValue("n", added);
+        EXPECT_EQ(recallValue("n"), added);
+        return read("pop.tmp");
+    }
+    const std::string mark = "\xEF\xBB\xBF";
+};
+
+TEST_F(Encodings, AreToldByTheMarkOrByTheBytes) {
+    using namespace std::string_literals;
+    EXPECT_EQ(decodeFile(mark + "café"), "café");
+    EXPECT_EQ(decodeFile("café"), "café");
     EXPECT_EQ(decodeFile("caf\xE9 \x80"), "café €");
+    EXPECT_EQ(decodeOem("café"), "café");
+    EXPECT_EQ(decodeFile("\xFF\xFE\xE9\0\r\0\n\0\x3D\xD8\x00\xDE"s), "é\r\n😀");
+    EXPECT_EQ(decodeFile("\xFE\xFF\0\xE9\xD8\x3D\xDE\x00"s), "é😀");
+    EXPECT_EQ(decodeFile("\xFE\xFF\xD8\x3D\0a\xDE\x00\xD8\x3D"s), "\uFFFDa\uFFFD\uFFFD");
+    EXPECT_EQ(decodeFile("\xFF\xFE\x41"), "\uFFFD");
     EXPECT_EQ(decodeFile(encodeFile("日本 é")), "日本 é");
+}
+
+TEST_F(Encodings, AreKeptWhenAFileIsSaved) {
+    using namespace std::string_literals;
+    EXPECT_EQ(savedOver("k=\xE9\r\n", "ö"), "n=\xF6\r\nk=\xE9\r\n");
+    EXPECT_EQ(savedOver("k=é\n", "ö"), "n=ö\r\nk=é\r\n");
+    EXPECT_EQ(savedOver(mark + "k=1\n", "2"), mark + "n=2\r\nk=1\r\n");
+    EXPECT_EQ(savedOver("\xFF\xFEk\0=\0\xE9\0"s, "2"), mark + "n=2\r\nk=é\r\n");
+    EXPECT_EQ(savedOver("k=1\n", "ö"), encodeFile("n=ö\r\nk=1\r\n"));
+}
+
+TEST_F(Encodings, ThatWouldNotBeReadBackBecomeUtf8WithTheMark) {
+    EXPECT_EQ(savedOver("k=\xE9\n", "日本"), mark + "n=日本\r\nk=é\r\n");
+    // In the code page, these are the bytes of a text in UTF-8, or of a mark.
+    for (const std::string text : {"Ã©", "ï»¿ first", "ÿþ", "þÿ"}) {
+        EXPECT_EQ(encodeFile(text, Encoding::ansi), mark + text);
+        EXPECT_EQ(decodeFile(encodeFile(text, Encoding::ansi)), text);
+    }
+    EXPECT_EQ(encodeFile(mark + "x", Encoding::utf8), mark + mark + "x");
+    EXPECT_EQ(encodeFile("\xC2\x81", Encoding::ansi), "\x81");  // undefined in the code page
 }
 
 }  // namespace

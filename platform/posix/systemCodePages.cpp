@@ -1,16 +1,16 @@
-#include "platform/codePages.h"
+#include "platform/systemCodePages.h"
 
 #include <iconv.h>
 
 #include <cstdint>
+#include <map>
 
+#include "platform/codePages.h"
 #include "text/text.h"
 
 namespace brasquelin {
 
 namespace {
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// Bytes of a single-byte code page as UTF-8; a byte that the page leaves undefined is the control of the same value.
 class CodePage {
@@ -21,6 +21,7 @@ class CodePage {
         for (unsigned byte = 0; byte < 256; ++byte) {
             characters_[byte] = known ? character(converter, byte) : std::string();
             if (characters_[byte].empty()) appendUtf8(characters_[byte], byte);
+            bytes_.emplace(characters_[byte], static_cast<char>(byte));
         }
         if (known) iconv_close(converter);
     }
@@ -30,6 +31,15 @@ class CodePage {
         text.reserve(bytes.size() + bytes.size() / 8);
         for (const char byte : bytes) text.append(characters_[static_cast<unsigned char>(byte)]);
         return text;
+    }
+
+    std::string encode(std::string_view text) const {
+        std::string bytes;
+        for (; !text.empty(); text.remove_prefix(firstCharacters(text, 1).size())) {
+            const auto known = bytes_.find(firstCharacters(text, 1));
+            bytes += known == bytes_.end() ? '?' : known->second;
+        }
+        return bytes;
     }
 
   private:
@@ -46,12 +56,8 @@ class CodePage {
     }
 
     std::string characters_[256];
+    std::map<std::string, char, std::less<>> bytes_;
 };
-
-std::string decode(std::string_view bytes, const CodePage& (*page)()) {
-    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
-    return isUtf8(bytes) ? std::string(bytes) : page().decode(bytes);
-}
 
 const CodePage& windows1252() {
     static const CodePage page("CP1252");
@@ -65,16 +71,18 @@ const CodePage& codePage850() {
 
 }  // namespace
 
-std::string decodeFile(std::string_view bytes) {
-    return decode(bytes, windows1252);
+const Encoding newFileEncoding = Encoding::utf8;
+
+std::string fromAnsi(std::string_view bytes) {
+    return windows1252().decode(bytes);
 }
 
-std::string encodeFile(std::string_view text) {
-    return std::string(text);
+std::string fromOem(std::string_view bytes) {
+    return codePage850().decode(bytes);
 }
 
-std::string decodeOem(std::string_view bytes) {
-    return decode(bytes, codePage850);
+std::string toAnsi(std::string_view text) {
+    return windows1252().encode(text);
 }
 
 std::string encodeOem(std::string_view text) {
