@@ -1,5 +1,6 @@
 #include "platform/textFiles.h"
 
+#include <algorithm>
 #include <chrono>
 #include <unordered_map>
 
@@ -53,6 +54,16 @@ void keep(std::string_view path, const FileStamp& stamp, const std::shared_ptr<c
     cache.files[std::string(path)] = {stamp, file, Clock::now()};
 }
 
+/// A NUL would be shown as the end of the line, and what follows it would be obeyed unseen.
+TextFile linesOf(const std::string& text, std::string_view path) {
+    TextFile file{splitLines(text)};
+    if (text.find('\0') == std::string::npos) return file;
+    const auto line = std::find_if(file.lines.begin(), file.lines.end(),
+                                   [](const std::string& each) { return each.find('\0') != std::string::npos; });
+    throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path), static_cast<int>(line - file.lines.begin()) + 1)
+        .because("The line holds a NUL character: this is no text.");
+}
+
 /// The encoding of the file that stands there now.
 Encoding presentEncoding(std::string_view path) {
     try {
@@ -80,13 +91,13 @@ std::shared_ptr<const TextFile> readTextFile(std::string_view path) {
         known->second.checked = now;
         return known->second.file;
     }
-    auto file = std::make_shared<const TextFile>(TextFile{splitLines(decodeFile(readFileBytes(path)))});
+    auto file = std::make_shared<const TextFile>(linesOf(decodeFile(readFileBytes(path)), path));
     if (stamp && isAbsolute(path)) keep(path, *stamp, file);
     return file;
 }
 
 TextFile readOemTextFile(std::string_view path) {
-    return {splitLines(decodeOem(readFileBytes(path)))};
+    return linesOf(decodeOem(readFileBytes(path)), path);
 }
 
 void forgetTextFiles() {

@@ -13,7 +13,7 @@ struct TextFile {
 };
 
 /// The file's lines, decoded (see codePages.h). The same object is returned for as long as the file is unchanged.
-/// Raises 53, 70, 75 or 76.
+/// Raises 53, 70, 75 or 76; 75 with the line for what holds a NUL.
 std::shared_ptr<const TextFile> readTextFile(std::string_view path);
 
 /// The same for a list file, whose unmarked bytes may be in the OEM page. Not kept in memory.

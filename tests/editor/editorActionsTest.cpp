@@ -87,6 +87,18 @@ TEST_F(EditorActions, FailuresNameTheFileAndKeepTheDocument) {
     EXPECT_EQ(settings.profilePath, profile());
 }
 
+TEST_F(EditorActions, AFileThatIsNoTextIsNotOpened) {
+    answerFile(profile());
+    openProfile();
+    writeBytes("binary.bqp", std::string("#Brasquelin Profile x\n\0\1\2", 25));
+    answerFile(folder() + "/binary.bqp");
+    EXPECT_FALSE(openProfile());
+    EXPECT_EQ(document.listCommand, Lines{"one"});
+    EXPECT_EQ(settings.profilePath, profile());
+    ASSERT_EQ(messages().size(), 1U);
+    EXPECT_NE(messages()[0].find("binary.bqp' at line 2"), std::string::npos);
+}
+
 TEST_F(EditorActions, AddsIncludesPluginsAndChecks) {
     editorState.activeList = EditorList::include;
     settings.libraryPath = "/libraries";

@@ -59,6 +59,22 @@ TEST_F(Files, ShortPathsExist) {
     EXPECT_FALSE(isFileSystemRoot(folder()));
 }
 
+TEST_F(Files, WhatIsNoTextIsRefusedWithItsLine) {
+    using namespace std::string_literals;
+    writeBytes("x.txt", "one\r\ntwo\0hidden\r\n"s);
+    for (const auto read : {+[](const std::string& path) { readTextFile(path); },
+                            +[](const std::string& path) { readOemTextFile(path); }}) {
+        try {
+            read(folder() + "/x.txt");
+            ADD_FAILURE() << "read";
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.reportWhileLoading("list"),
+                      "Error 75 : Path/File access error\r\nWhile loading '" + folder() +
+                          "/x.txt' at line 2\r\nFrom file 'list'\r\nThe line holds a NUL character: this is no text.");
+        }
+    }
+}
+
 TEST_F(Files, CarriageReturnsEndLinesWhereNothingElseDoes) {
     writeBytes("x.txt", "one\rtwo\r\rfour");
     EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, (Names{"one", "two", "", "four"}));
