@@ -169,7 +169,7 @@ TEST_F(LoadPrompt, AnAnswerThatCannotBeRememberedIsUsedAllTheSame) {
     load(PromptKind::profile, {"#pop:Key"});
     EXPECT_EQ(values()[0], "title=typed");
     EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 75 : Path/File access error\r\nWhile writting '" +
-                                joinPath(folder(), "pop.tmp") + "'"});
+                                joinPath(programDirectory(), "pop.tmp") + "'"});
 }
 
 TEST_F(LoadPrompt, FilesThatCannotBeOpenedEndTheProgram) {
