@@ -57,7 +57,10 @@ void takeSetting(std::string_view line) {
 void takeVariable(std::string_view line, std::string_view path, int number) {
     const Assignment variable = splitAssignment(line);
     const std::size_t row = globalVarRows();
-    if (!variable.hasEquals) throw RunTimeError(ErrorNumber::invalidCall, std::string(path), number);
+    if (!variable.hasEquals) {
+        throw RunTimeError(ErrorNumber::invalidCall, std::string(path), number)
+            .because("The line '" + std::string(line) + "' holds no \"=\".");
+    }
     if (row >= settings.globalVars.size()) {
         throw RunTimeError(ErrorNumber::subscriptOutOfRange, std::string(path), number);
     }

@@ -199,6 +199,10 @@ std::string readAndPerform(std::string_view path, const FunctionContext& context
 
 /// The path behind the function's name in the list file, relative to that file.
 std::optional<std::string> findFunction(std::string_view name) {
+    if (settings.basicFunctionPath.empty()) {
+        throw RunTimeError(ErrorNumber::fileNotFound)
+            .because("The setting BasicFunctionPath is empty: it names the list file of the basic functions.");
+    }
     const auto list = readTextFile(settings.basicFunctionPath);
     for (std::size_t i = 0; i < list->lines.size(); i += 2) {
         if (!equalIgnoringCase(list->lines[i], name)) continue;

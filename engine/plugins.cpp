@@ -16,12 +16,26 @@ constexpr std::string_view resultSeparator = " = ";
 
 void appendResult(const std::string& line, const std::string& path, int number, Table<NamedValue>& results) {
     const auto separator = line.find(resultSeparator);
-    if (separator == std::string::npos) throw RunTimeError(ErrorNumber::invalidCall, path, number);
+    if (separator == std::string::npos) {
+        throw RunTimeError(ErrorNumber::invalidCall, path, number)
+            .because("The line '" + line + "' holds no \"" + std::string(resultSeparator) + "\".");
+    }
     results.append({line.substr(0, separator), line.substr(separator + resultSeparator.size())});
 }
 
-void collectResults(const std::string& path, Table<NamedValue>& results) {
-    const auto file = readTextFile(path);
+/// Where the file is looked for is a riddle to whoever named the program without ".exe".
+std::shared_ptr<const TextFile> readResults(const std::string& path, std::string_view programPath) {
+    try {
+        return readTextFile(path);
+    } catch (const RunTimeError& error) {
+        if (error.number() != ErrorNumber::fileNotFound) throw;
+        throw error.because("The answers of '" + std::string(programPath) +
+                            "' are read from there: its path with \"var\" for the last three characters.");
+    }
+}
+
+void collectResults(const std::string& path, std::string_view programPath, Table<NamedValue>& results) {
+    const auto file = readResults(path, programPath);
     int number = 0;
     for (const auto& line : file->lines) appendResult(line, path, ++number, results);
     deleteFile(path);
@@ -34,7 +48,7 @@ void runProgram(std::string_view programPath, std::string_view parameters, Table
     forgetTextFiles();
     const std::string command = "\"" + std::string(programPath) + "\" " + std::string(parameters);
     shellAndWait(command, WindowStyle::hidden);
-    collectResults(resultPath, results);
+    collectResults(resultPath, programPath, results);
 }
 
 }  // namespace

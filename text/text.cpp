@@ -246,13 +246,16 @@ void appendUtf8(std::string& text, char32_t codePoint) {
 }
 
 int toInteger16(std::string_view text) {
-    if (!isWholeNumber(text)) throw RunTimeError(ErrorNumber::typeMismatch);
-    text = trimmedBlanks(text);
-    if (text.front() == '+') text.remove_prefix(1);
+    const auto because = [text](ErrorNumber error, const char* cause) {
+        return RunTimeError(error).because("'" + std::string(text) + cause);
+    };
+    if (!isWholeNumber(text)) throw because(ErrorNumber::typeMismatch, "' is no whole number.");
+    std::string_view digits = trimmedBlanks(text);
+    if (digits.front() == '+') digits.remove_prefix(1);
     int number = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (result.ec != std::errc() || number < -32768 || number > 32767) throw RunTimeError(ErrorNumber::overflow);
-    return number;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (result.ec == std::errc() && number >= -32768 && number <= 32767) return number;
+    throw because(ErrorNumber::overflow, "' is beyond 16 bits.");
 }
 
 }  // namespace brasquelin

@@ -58,6 +58,16 @@ TEST_F(Config, BadVariablesAreErrorsThatKeepTheRowsBefore) {
     EXPECT_EQ(settings.globalVarCount, "256");
 }
 
+TEST_F(Config, ALineOfBlanksIsQuoted) {
+    try {
+        readLines({"[var]", "a=1", "  "});
+        ADD_FAILURE() << "no error";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.reportWhileLoading({}), "Error 5 : Invalid procedure call or argument\r\nWhile loading '" +
+                                                    configFilePath() + "' at line 3\r\nThe line '  ' holds no \"=\".");
+    }
+}
+
 TEST_F(Config, TagsAreNoAssignmentsInsideAnotherSection) {
     readLines({"[var]", "a=1", "[config]", "[var]", "[/config]", "librarypath = x", "[config]", "[/var]",
                "profilepath = /p", "[var]", "b=2", "[/var]", "[/config]"});

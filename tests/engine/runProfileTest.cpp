@@ -119,12 +119,12 @@ TEST_F(RunProfile, ALoopThatNeverEndsCanBeLeft) {
 
 TEST_F(RunProfile, BadLoopsStopTheRunAndKeepTheJobs) {
     const std::string at = "\r\nWhile loading '" + profile() + "' at line ";
-    EXPECT_FALSE(run({"Echo", "For", ".VarName=i", ".VarStart=one", ".VarEnd=3", ".VarStep=1"}));
+    EXPECT_FALSE(run({"Echo", "For", ".VarName=i", ".VarStart=one ", ".VarEnd=3", ".VarStep=1"}));
     EXPECT_FALSE(run({"For", ".VarName=i", ".VarStart=1", ".VarEnd=40000", ".VarStep=1"}));
     EXPECT_FALSE(run({"Next"}));
     EXPECT_EQ(jobs(), Jobs{"echo nothing "});
-    EXPECT_EQ(messages(), (Jobs{"Brasquelin Error: Error 13 : Type mismatch" + at + "9",
-                                "Brasquelin Error: Error 6 : Overflow" + at + "9",
+    EXPECT_EQ(messages(), (Jobs{"Brasquelin Error: Error 13 : Type mismatch" + at + "9\r\n'one ' is no whole number.",
+                                "Brasquelin Error: Error 6 : Overflow" + at + "9\r\n'40000' is beyond 16 bits.",
                                 "Brasquelin Error: Error 5 : Invalid procedure call or argument" + at + "6"}));
 }
 
@@ -224,10 +224,17 @@ TEST_F(RunProfile, StaleAnswersAreNeverRead) {
     write("INFO.VAR", {"files = 99"});
     EXPECT_FALSE(run({"Echo", ".text=$files$"}, {":plugin $exepath$/info.exe"}));
     EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() +
-                               "/info.var'\r\nFrom file '" + profile() + "' at line 4"});
-    onCommand("info.exe", [this] { write("info.var", {"files=1"}); });
+                               "/info.var'\r\nFrom file '" + profile() + "' at line 4\r\nThe answers of '" + folder() +
+                               "/info.exe' are read from there: its path with \"var\" for the last three characters."});
+}
+
+TEST_F(RunProfile, AnAnswerWithoutItsSignIsQuoted) {
+    write("info.exe", {"program"});
+    onCommand("info.exe", [this] { write("info.var", {"files=1 "}); });
     EXPECT_FALSE(run({"Echo"}, {":plugin $exepath$/info.exe"}));
-    EXPECT_NE(messages()[1].find("Error 5 : Invalid procedure call or argument"), std::string::npos);
+    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 5 : Invalid procedure call or argument\r\nWhile loading '" +
+                               folder() + "/info.var' at line 1\r\nFrom file '" + profile() +
+                               "' at line 4\r\nThe line 'files=1 ' holds no \" = \"."});
 }
 
 TEST_F(RunProfile, ACheckMayEndTheProgramWithoutAWord) {
@@ -287,6 +294,14 @@ TEST_F(RunFunction, UnknownNamesAndArguments) {
     EXPECT_EQ(messages()[1], "Brasquelin: Error : unknown var 'ghost'\r\nFrom file '" + profile() + at +
                                  "\r\nIn file '" + joinPath(folder(), "copy.ini") + "'");
     EXPECT_NE(messages()[2].find("Error "), std::string::npos);
+}
+
+TEST_F(RunFunction, AnUnsetListIsNamed) {
+    write("Brasquelin.ini", {"[config]", "basicfunctionpath = ", "[/config]"});
+    EXPECT_FALSE(run({"BasicFunction.copy"}));
+    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + profile() +
+                               "' at line 6\r\nThe setting BasicFunctionPath is empty: it names the list file of the "
+                               "basic functions."});
 }
 
 TEST_F(RunFunction, AFileWithoutWriteKeepsThePreviousTextAndOtherKindsGiveAnEmptyLine) {
