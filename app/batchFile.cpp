@@ -33,7 +33,8 @@ void writeBatchFile() {
 
 void runBatchAndWait() {
     writeBatchFile();
-    shellAndWait(batchCommand(" "), WindowStyle::normalWithFocus);
+    shellAndWait(batchCommand(" "), WindowStyle::normalWithFocus, "The job list");
+    if (childCancelled()) throw EndProgram(1);
 }
 
 void executeLine(std::optional<std::size_t> selected) {

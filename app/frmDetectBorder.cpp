@@ -2,7 +2,6 @@
 
 #include "platform/desktop.h"
 #include "platform/wx/placement.h"
-#include "platform/wx/wxDesktop.h"
 
 namespace brasquelin {
 
@@ -19,9 +18,9 @@ FrmDetectBorder::FrmDetectBorder()
 
 void detectBorders() {
     borderSizes = BorderSizes();
-    dynamic_cast<WxDesktop&>(desktop()).loadWindow("frmDetectBorder");
+    auto* window = new FrmDetectBorder;
     while (borderSizes.vertical == notMeasured) desktop().processPendingEvents();
-    desktop().unloadWindow("frmDetectBorder");
+    window->Destroy();
 }
 
 }  // namespace brasquelin

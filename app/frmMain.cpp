@@ -5,15 +5,12 @@
 #include <wx/sizer.h>
 #include <wx/toolbar.h>
 
-#include "app/frmDetectBorder.h"
 #include "app/frmJobList.h"
 #include "app/jobList.h"
 #include "app/startUp.h"
-#include "platform/desktop.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/popUpMenu.h"
-#include "platform/wx/wxDesktop.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
@@ -134,19 +131,7 @@ void FrmMain::showMenu(wxContextMenuEvent& event) {
 void FrmMain::closing(wxCloseEvent& /*event*/) {
     mainWindowUnloaded();
     Hide();
-    SetName("");  // no longer found
     Destroy();
-}
-
-void startWithMainWindow(const std::string& commandLine) {
-    auto& windows = dynamic_cast<WxDesktop&>(desktop());
-    windows.loadWindow("frmMain");
-    startUp(commandLine, detectBorders);
-    windows.unloadWindow("frmWait");  // start-up may have stopped while it was shown
-    windows.showWindow("frmMain", false);
-    for (const auto* prompt : {"frmVarProfile", "frmVarFunction"}) {
-        if (windows.isVisible(prompt)) windows.showWindow(prompt, false);
-    }
 }
 
 }  // namespace brasquelin

@@ -3,8 +3,6 @@
 
 #include <wx/frame.h>
 
-#include <string>
-
 #include "app/mainCommands.h"
 
 namespace brasquelin {
@@ -26,8 +24,5 @@ class FrmMain : public wxFrame {
 
     FrmJobList* JobList_ = nullptr;
 };
-
-/// Loads the main window, starts up with the command line, and shows the window unless start-up has ended the program.
-void startWithMainWindow(const std::string& commandLine);
 
 }  // namespace brasquelin

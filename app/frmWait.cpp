@@ -1,53 +1,66 @@
 #include "app/frmWait.h"
 
+#include <wx/button.h>
 #include <wx/gauge.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
 #include <algorithm>
-
-#include "app/openFile.h"
+#include <utility>
 
 namespace brasquelin {
 
-FrmWait::FrmWait() : ProgramDialog("frmWait", "Wait please ...") {
-    text_ = new wxStaticText(this, wxID_ANY, "Wait please ...", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
-                             "progressText");
+namespace {
+
+constexpr const char* caption = "Wait please ...";
+
+}  // namespace
+
+FrmWait::FrmWait(std::function<void()> run) : ProgramDialog("frmWait", caption) {
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(new wxStaticText(this, wxID_ANY, caption), wxSizerFlags().Expand().DoubleBorder(wxALL));
+    SetSizer(sizer);
+    fit(FromDIP(wxSize(300, 80)));
+    Timer1_.Bind(wxEVT_TIMER, [this, run = std::move(run)](wxTimerEvent&) { closeAndThen(run); });
+    Timer1_.StartOnce(1);
+}
+
+FrmWait::FrmWait(ListProgress& progress) : ProgramDialog("frmWait", caption), progress_(&progress) {
+    SetSizer(makeProgress());
+    fit(FromDIP(wxSize(300, 80)));
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        showProgress();
+        event.Skip();
+    });
+    showProgress();
+}
+
+wxSizer* FrmWait::makeProgress() {
+    text_ =
+        new wxStaticText(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE, "progressText");
     gauge_ = new wxGauge(this, wxID_ANY, 1, wxDefaultPosition, FromDIP(wxSize(260, 16)), wxGA_HORIZONTAL,
                          wxDefaultValidator, "progress");
+    auto* cancel =
+        new wxButton(this, wxID_CANCEL, "Cancel", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdCancel");
+    cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(text_, wxSizerFlags().Expand().DoubleBorder(wxALL));
     sizer->Add(gauge_, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
-    gauge_->Show(opening.replaying);
-    SetSizer(sizer);
-    fit(FromDIP(wxSize(300, 80)));
-
-    Timer1_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { startRun(); });
-    if (opening.replaying) {
-        Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-            showProgress();
-            event.Skip();
-        });
-        showProgress();
-    } else {
-        Timer1_.StartOnce(1);
-    }
+    sizer->Add(cancel, wxSizerFlags().Right().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
+    return sizer;
 }
 
-void FrmWait::startRun() {
-    closeAndThen(runWaiting);
-}
-
-/// Nothing is waiting for the user here: the close box only hides the progress of a list.
+/// Before a run there is nothing to cancel; of a list the close box is the Cancel.
 void FrmWait::closing(bool byUser) {
-    if (byUser && !opening.replaying) return;
+    if (byUser && !progress_) return;
     closeWindow();
+    if (byUser) progress_->cancel();
 }
 
 void FrmWait::showProgress() {
-    if (shown_ == opening.replayed) return;
-    shown_ = opening.replayed;
-    const auto total = opening.toReplay;
+    if (shown_ == progress_->done) return;
+    shown_ = progress_->done;
+    const auto total = progress_->total;
     const auto current = std::min(shown_ + 1, total);
     text_->SetLabel(wxString::Format("File %zu of %zu", current, total));
     gauge_->SetRange(static_cast<int>(std::max<std::size_t>(total, 1)));

@@ -4,25 +4,32 @@
 #include <wx/timer.h>
 
 #include <cstddef>
+#include <functional>
 
+#include "platform/desktop.h"
 #include "platform/wx/programDialog.h"
 
 class wxGauge;
+class wxSizer;
 class wxStaticText;
 
 namespace brasquelin {
 
 class FrmWait : public ProgramDialog {
   public:
-    FrmWait();
+    /// The timer hides the window and does `run`; the window goes when that has ended.
+    explicit FrmWait(std::function<void()> run);
+    /// Shows how far a list is. `progress` must outlive the window.
+    explicit FrmWait(ListProgress& progress);
 
   protected:
     void closing(bool byUser) override;
 
   private:
-    void startRun();
+    wxSizer* makeProgress();
     void showProgress();
 
+    ListProgress* progress_ = nullptr;
     wxTimer Timer1_;
     wxStaticText* text_ = nullptr;
     wxGauge* gauge_ = nullptr;

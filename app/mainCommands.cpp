@@ -20,11 +20,9 @@ constexpr std::array<MainCommand, 8> commands{{
     {"mnuAbout", "About", "About", "about", ""},
 }};
 
-constexpr std::string_view editorWindow = "frmCreateProfile";
-
 void openEditor() {
-    desktop().showWindow(editorWindow, false);
-    desktop().unloadWindow("frmMain");
+    desktop().showWindow(ProgramWindow::createProfile, false);
+    desktop().unloadWindow(ProgramWindow::main);
 }
 
 }  // namespace
@@ -34,14 +32,14 @@ const std::array<MainCommand, 8>& mainCommands() {
 }
 
 void runMainCommand(std::string_view key, std::optional<std::size_t> selected) {
-    if (key == "add library") return desktop().showWindow("frmAddFunction", true);
-    if (key == "add profile") return desktop().showWindow("frmAddProfile", true);
+    if (key == "add library") return desktop().showWindow(ProgramWindow::addFunction, true);
+    if (key == "add profile") return desktop().showWindow(ProgramWindow::addProfile, true);
     if (key == "clear joblist") return clearJobList();
     if (key == "execute line") return executeLine(selected);
     if (key == "execute joblist") return executeJobList();
     if (key == "profile editor") return openEditor();
-    if (key == "options") return desktop().showWindow("frmOption", true);
-    if (key == "about") return desktop().showWindow("frmAbout", true);
+    if (key == "options") return desktop().showWindow(ProgramWindow::options, true);
+    if (key == "about") return desktop().showWindow(ProgramWindow::about, true);
 }
 
 bool mainCommandsEnabled() {
@@ -49,7 +47,7 @@ bool mainCommandsEnabled() {
 }
 
 void mainWindowUnloaded() {
-    if (!desktop().isVisible(editorWindow)) throw EndProgram(0);
+    if (!desktop().isVisible(ProgramWindow::createProfile)) throw EndProgram(0);
 }
 
 }  // namespace brasquelin

@@ -18,7 +18,10 @@ namespace {
 /// True while a file is being run, however the run ends.
 class Running {
   public:
-    Running() { opening.running = true; }
+    Running() {
+        opening.running = true;
+        opening.completed = false;
+    }
     ~Running() { opening.running = false; }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
@@ -26,7 +29,7 @@ class Running {
 
 /// The file named on the command line has been run: its jobs are executed and the program ends.
 void executeAndEnd() {
-    desktop().unloadWindow("frmWait");
+    desktop().closeWaitWindow();
     try {
         runBatchAndWait();
     } catch (const RunTimeError& error) {
@@ -36,21 +39,32 @@ void executeAndEnd() {
     throw EndProgram(desktop().hadFailure() ? 1 : 0);
 }
 
+void finishRun(const std::string& path, bool completed) {
+    opening.completed = completed;
+    if (completed && path == opening.currentFile) executeAndEnd();
+}
+
 void runOpenedProfile(const std::string& path) {
     const Running running;
-    if (runProfile(path, 1) && path == opening.currentFile) executeAndEnd();
+    finishRun(path, runProfile(path, 1));
 }
 
-void runOpenedLibrary(const std::string& path) {
+void runOpenedLibrary(const std::string& path, const std::vector<std::string>& arguments) {
     const Running running;
-    if (runLibrary(path, functionArguments()) && path == opening.currentFile) executeAndEnd();
+    finishRun(path, runLibrary(path, arguments));
 }
 
-/// The waiting window's timer starts the run, so that the prompt closes and the screen repaints first.
-void runThroughWaitWindow(std::function<void()> run) {
-    if (!desktop().hasWindows() || desktop().isVisible("frmWait")) return run();
-    opening.waitingRun = std::move(run);
-    desktop().showWindow("frmWait", true);
+/// False, after a message, while another file is being run.
+bool mayRun() {
+    if (opening.running) desktop().showMessage("Another file is still being run.", "Brasquelin", Icon::exclamation);
+    return !opening.running;
+}
+
+/// The waiting window's timer starts the run, so that the prompt closes and the screen repaints first. While a list is
+/// replayed that window is up already.
+void runConfirmedProfile(const std::string& path) {
+    if (opening.replaying) return runOpenedProfile(path);
+    desktop().runBehindWaitWindow([path] { runOpenedProfile(path); });
 }
 
 OpenOptions optionsFor(const std::vector<std::string>& presets) {
@@ -58,23 +72,28 @@ OpenOptions optionsFor(const std::vector<std::string>& presets) {
     options.presets = presets;
     options.namedOnCommandLine = !opening.currentFile.empty();
     options.replaying = opening.replaying;
+    options.mayConfirm = mayRun;
     return options;
 }
 
 void openProfile(const std::string& path, const std::vector<std::string>& presets) {
     OpenOptions options = optionsFor(presets);
     options.runAtOnce = [path] { runOpenedProfile(path); };
-    options.confirmed = [path] { runThroughWaitWindow([path] { runOpenedProfile(path); }); };
+    options.confirmed = [path](const auto& /*values*/) { runConfirmedProfile(path); };
     loadProfile(path, std::move(options));
 }
 
 void openLibrary(const std::string& path, const std::vector<std::string>& presets) {
     OpenOptions options = optionsFor(presets);
-    options.confirmed = [path] { runOpenedLibrary(path); };
+    options.confirmed = [path](const auto& values) { runOpenedLibrary(path, values); };
     loadFunction(path, std::move(options));
 }
 
 }  // namespace
+
+bool isOpenable(const std::string& path) {
+    return endsWithIgnoringCase(path, "bqp") || endsWithIgnoringCase(path, "bqs");
+}
 
 void openFile(const std::string& path, const std::vector<std::string>& presets) {
     if (endsWithIgnoringCase(path, "bqp")) {
@@ -85,20 +104,12 @@ void openFile(const std::string& path, const std::vector<std::string>& presets) 
 }
 
 void openPicked(const std::string& path) {
-    if (opening.running) {
-        desktop().showMessage("Another file is still being run.", "Brasquelin", Icon::exclamation);
-        return;
-    }
+    if (!mayRun()) return;
     try {
         openFile(path, {});
     } catch (const RunTimeError& error) {
         showCritical(error.reportWhileLoading(path), errorTitle);
     }
-}
-
-void runWaiting() {
-    const auto run = std::exchange(opening.waitingRun, nullptr);
-    if (run) run();
 }
 
 }  // namespace brasquelin

@@ -1,6 +1,9 @@
 #include "app/startUp.h"
 
+#include <algorithm>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 #include "app/batchFile.h"
 #include "app/commandLine.h"
@@ -9,7 +12,6 @@
 #include "config/configFile.h"
 #include "config/registerFileTypes.h"
 #include "editor/editorState.h"
-#include "editor/valueInput.h"
 #include "engine/basicFunction.h"
 #include "engine/engineTables.h"
 #include "engine/runProfile.h"
@@ -20,7 +22,7 @@
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/substitution.h"
-#include "vars/loadPrompt.h"
+#include "text/text.h"
 #include "vars/variableTables.h"
 
 namespace brasquelin {
@@ -68,12 +70,22 @@ void openNamedFile(const std::string& commandLine) {
     openFile(argument.path, argument.presets);
 }
 
-void replayLine(std::string_view line) {
+/// The first line of a message, without the line breaks of the others.
+std::string inOneLine(std::string_view message) {
+    return replaceAll(message, "\r\n", " ");
+}
+
+/// Why the file of a list line was not run; nothing when it was, and for a line that names no file.
+std::optional<std::string> replayLine(std::string_view line) {
     const FileArgument argument = parseFileArgument(argumentOfListLine(line));
+    const std::size_t before = desktop().failures().size();
+    opening.completed = false;
     inContext(contextOf("loading", argument.path), [&] { enterDirectoryOf(argument.path); });
     openFile(argument.path, argument.presets);
-    desktop().unloadWindow("frmVarProfile");
-    desktop().unloadWindow("frmVarFunction");
+    desktop().closePrompt();
+    if (opening.completed || argument.path.empty()) return std::nullopt;
+    if (desktop().failures().size() > before) return inOneLine(desktop().failures()[before]);
+    return isOpenable(argument.path) ? "It was cancelled." : "'" + argument.path + "' is no profile and no library.";
 }
 
 /// Keeps the waiting window alive without asking the toolkit after every line.
@@ -86,24 +98,52 @@ void showProgress() {
     desktop().processPendingEvents();
 }
 
-void replayLines(const std::vector<std::string>& lines) {
+/// What became of a list.
+struct Replay {
+    bool cancelled = false;
+    std::vector<std::string> skipped;  // "line 3: ..."
+};
+
+Replay replayLines(const std::vector<std::string>& lines) {
+    Replay replay;
+    ListProgress progress;
+    progress.total = lines.size();
+    progress.cancel = [&replay] {
+        replay.cancelled = true;
+        cancelChild();
+    };
     opening.replaying = true;
-    opening.toReplay = lines.size();
-    if (desktop().hasWindows()) desktop().showWindow("frmWait", false);
-    for (const auto& line : lines) {
-        replayLine(line);
-        ++opening.replayed;
+    desktop().showListProgress(progress);
+    for (; progress.done < lines.size() && !replay.cancelled; ++progress.done) {
+        if (const auto reason = replayLine(lines[progress.done])) {
+            replay.skipped.push_back("line " + std::to_string(progress.done + 1) + ": " + *reason);
+        }
         showProgress();
     }
     opening.replaying = false;
-    desktop().unloadWindow("frmWait");
+    desktop().closeWaitWindow();
+    return replay;
+}
+
+/// Standard error gets every line, the window as many as fit.
+void tellSkipped(const std::string& listPath, const std::vector<std::string>& skipped) {
+    constexpr std::size_t mostShown = 20;
+    if (skipped.empty()) return;
+    std::string text = "Skipped in '" + listPath + "':";
+    for (const auto& line : skipped) writeToStandardError("Brasquelin", "'" + listPath + "' " + line);
+    if (!desktop().hasWindows()) return;
+    for (std::size_t i = 0; i < std::min(mostShown, skipped.size()); ++i) text += "\r\n" + skipped[i];
+    if (skipped.size() > mostShown) text += "\r\n... and " + std::to_string(skipped.size() - mostShown) + " more";
+    desktop().showMessage(text, "Brasquelin", Icon::exclamation);
 }
 
 [[noreturn]] void replayList(const std::string& path) {
     TextFile list;
     inContext(contextOf("loading", path), [&] { list = readOemTextFile(path); });
-    replayLines(list.lines);
+    const Replay replay = replayLines(list.lines);
+    if (replay.cancelled) throw EndProgram(1);
     inContext(contextOf("writting", batchFilePath()), runBatchAndWait);
+    tellSkipped(path, replay.skipped);
     throw EndProgram(desktop().hadFailure() ? 1 : 0);
 }
 
@@ -115,7 +155,7 @@ void reportStartUpError(const RunTimeError& error) {
     errorContext.clear();
     settings.startingUp = false;
     opening.replaying = false;
-    desktop().unloadWindow("frmWait");
+    desktop().closeWaitWindow();
 }
 
 }  // namespace
@@ -125,9 +165,7 @@ void resetTables() {
     variableTables.reset();
     engineTables.reset();
     functionAction = {};
-    resetPrompts();
     editorState.reset();
-    valueInput = {};
     opening.reset();
     jobList.clear();
     forgetTextFiles();

@@ -97,9 +97,9 @@ void stopWaiting() {
 }
 
 void leaveEditor() {
-    desktop().unloadWindow("frmAddVar");
-    desktop().unloadWindow("frmAddCommand");
-    desktop().showWindow("frmMain", false);
+    desktop().unloadWindow(ProgramWindow::addVar);
+    desktop().unloadWindow(ProgramWindow::addCommand);
+    desktop().showWindow(ProgramWindow::main, false);
 }
 
 std::string editorTitle() {
@@ -143,8 +143,8 @@ void saveProfileAs() {
 
 void addLines() {
     if (editorState.activeList == EditorList::include) return addInclude();
-    if (editorState.activeList == EditorList::variables) return desktop().showWindow("frmAddVar", true);
-    if (editorState.activeList == EditorList::commands) return desktop().showWindow("frmAddCommand", true);
+    if (editorState.activeList == EditorList::variables) return desktop().showWindow(ProgramWindow::addVar, true);
+    if (editorState.activeList == EditorList::commands) return desktop().showWindow(ProgramWindow::addCommand, true);
 }
 
 void editLine(SelectedLine selected) {

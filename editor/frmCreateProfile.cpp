@@ -286,7 +286,6 @@ void FrmCreateProfile::closing(wxCloseEvent& event) {
     tmrEdit_.Stop();
     leaveEditor();
     Hide();
-    SetName("");  // no longer found
     Destroy();
 }
 

@@ -6,17 +6,19 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "editor/valueInput.h"
+#include <utility>
+
 #include "platform/wx/pictures.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
 
-InputForm::InputForm() : ProgramDialog("inputForm", "Enter value") {
-    auto* descriptionCaption = new wxStaticText(this, wxID_ANY, toWxLines(valueInput.prompt), wxDefaultPosition,
+InputForm::InputForm(ValueQuestion question, std::optional<std::string>& answer)
+    : ProgramDialog("inputForm", "Enter value"), question_(std::move(question)), answer_(answer) {
+    auto* descriptionCaption = new wxStaticText(this, wxID_ANY, toWxLines(question_.prompt), wxDefaultPosition,
                                                 wxDefaultSize, 0, "descriptionCaption");
-    valueBox_ = new wxTextCtrl(this, wxID_ANY, toWx(valueInput.text), wxDefaultPosition, wxDefaultSize, 0,
+    valueBox_ = new wxTextCtrl(this, wxID_ANY, toWx(question_.defaultText), wxDefaultPosition, wxDefaultSize, 0,
                                wxDefaultValidator, "valueBox");
     Command3_ = new wxBitmapButton(this, wxID_ANY, picture(Picture::reference, 16), wxDefaultPosition, wxDefaultSize, 0,
                                    wxDefaultValidator, "Command3");
@@ -48,14 +50,14 @@ InputForm::InputForm() : ProgramDialog("inputForm", "Enter value") {
 }
 
 void InputForm::confirm() {
-    valueInput.result = fromWx(valueBox_->GetValue());
+    answer_ = fromWx(valueBox_->GetValue());
     closeWindow();
 }
 
 void InputForm::offerReferences() {
-    if (valueInput.references.empty()) return;
+    if (question_.references.empty()) return;
     wxMenu mnuvar;
-    for (const auto& reference : valueInput.references) {
+    for (const auto& reference : question_.references) {
         const wxString caption = toWx(reference);
         wxString label = caption;
         label.Replace("&", "&&");

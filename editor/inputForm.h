@@ -1,6 +1,10 @@
 // The window that asks for one text and offers the known references in a menu.
 #pragma once
 
+#include <optional>
+#include <string>
+
+#include "platform/desktop.h"
 #include "platform/wx/programDialog.h"
 
 class wxButton;
@@ -10,13 +14,16 @@ namespace brasquelin {
 
 class InputForm : public ProgramDialog {
   public:
-    InputForm();
+    /// OK writes the text to `answer`, which must live as long; whatever else closes the window leaves it.
+    InputForm(ValueQuestion question, std::optional<std::string>& answer);
 
   private:
     void confirm();
     void offerReferences();
     void insert(const wxString& reference);
 
+    ValueQuestion question_;
+    std::optional<std::string>& answer_;
     wxTextCtrl* valueBox_ = nullptr;
     wxButton* Command3_ = nullptr;
 };

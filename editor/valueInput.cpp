@@ -4,14 +4,10 @@
 
 namespace brasquelin {
 
-ValueInput valueInput;
-
 std::string showValueInput(std::string_view prompt, std::string_view defaultText,
                            const std::vector<std::string>& references) {
-    // Only the OK button changes the result: the close box cancels, too.
-    valueInput = {std::string(prompt), std::string(defaultText), references, std::string(canceledAnswer)};
-    desktop().showWindow("inputForm", true);
-    return valueInput.result;
+    const auto answer = desktop().askValue({std::string(prompt), std::string(defaultText), references});
+    return answer.value_or(std::string(canceledAnswer));
 }
 
 }  // namespace brasquelin

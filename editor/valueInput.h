@@ -1,4 +1,4 @@
-// Asking for one text with the known references at hand, through the window "inputForm".
+// Asking for one text with the known references at hand, through the window `inputForm`.
 #pragma once
 
 #include <string>
@@ -9,15 +9,6 @@ namespace brasquelin {
 
 /// The answer of a window that was cancelled.
 inline constexpr std::string_view canceledAnswer = "Canceled";
-
-/// What the window shows, and its answer.
-struct ValueInput {
-    std::string prompt;
-    std::string text;                     // of `valueBox`
-    std::vector<std::string> references;  // the menu; an empty one does not open
-    std::string result;
-};
-extern ValueInput valueInput;
 
 /// Shows the window and returns the answer: the text, or "Canceled".
 std::string showValueInput(std::string_view prompt, std::string_view defaultText,

@@ -47,7 +47,8 @@ void runProgram(std::string_view programPath, std::string_view parameters, Table
     deleteFile(resultPath);  // stale values are never read
     forgetTextFiles();
     const std::string command = "\"" + std::string(programPath) + "\" " + std::string(parameters);
-    shellAndWait(command, WindowStyle::hidden);
+    shellAndWait(command, WindowStyle::hidden, "'" + fileNameOf(programPath) + "'");
+    if (childCancelled()) throw RunTimeError(ErrorNumber::userInterrupt, std::string(programPath));
     collectResults(resultPath, programPath, results);
 }
 

@@ -274,6 +274,13 @@ void ProfileRun::rejectParameter() const {
     throw EndProgram(1);
 }
 
+/// Who ended a plugin knows that without a message.
+void report(const RunTimeError& error, const std::string& path, int line) {
+    const std::string text = error.reportWhileLoading(path, line);
+    if (error.number() == ErrorNumber::userInterrupt) return desktop().noteFailure(text);
+    showCritical(text, errorTitle);
+}
+
 }  // namespace
 
 void setJobSink(JobSink sink) {
@@ -290,7 +297,7 @@ bool runProfile(const std::string& path, int level) {
         ProfileRun(path, level).run();
         return true;
     } catch (const RunTimeError& error) {
-        showCritical(error.reportWhileLoading(path, engineTables.fileStack.back().line), errorTitle);
+        report(error, path, engineTables.fileStack.back().line);
     } catch (const RunStopped&) {
         // Reported where it happened.
     }
@@ -302,7 +309,7 @@ bool runLibrary(const std::string& path, const std::vector<std::string>& argumen
         appendJob(runBasicFunction(path, {}, arguments));
         return true;
     } catch (const RunTimeError& error) {
-        showCritical(error.reportWhileLoading(path), errorTitle);
+        report(error, path, 0);
         return false;
     }
 }

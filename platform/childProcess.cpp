@@ -3,6 +3,7 @@
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/textFiles.h"
+#include "platform/waitingNotice.h"
 
 namespace brasquelin {
 
@@ -10,11 +11,12 @@ std::uint32_t childProcessId = 0;
 
 namespace {
 
-constexpr std::uint32_t firstWait = 1000;  // milliseconds
+constexpr std::uint32_t firstWait = 1000;  // milliseconds; half of it is the patience before the notice
 constexpr std::uint32_t pollInterval = 100;
 constexpr std::uint32_t eventInterval = 10;  // keeps a busy wait from using up a processor
 
 ProcessTable* replacement = nullptr;
+bool cancelled = false;
 
 }  // namespace
 
@@ -32,15 +34,27 @@ std::uint32_t startCommand(std::string_view command, WindowStyle style) {
     return processId;
 }
 
-void shellAndWait(std::string_view command, WindowStyle style) {
+void shellAndWait(std::string_view command, WindowStyle style, std::string_view what) {
     const std::uint32_t processId = startCommand(command, style);
     childProcessId = processId;
-    waitMilliseconds(firstWait);
+    cancelled = false;
+    WaitingNotice notice(std::string(what) + " is running.", cancelChild);
+    waitMilliseconds(firstWait / 2);
+    if (processTable().isRunning(processId)) notice.look();
+    waitMilliseconds(firstWait / 2);
     do {
         desktop().processPendingEvents();
         clockInUse().sleep(pollInterval);
     } while (processTable().isRunning(processId));
     forgetTextFiles();
+}
+
+void cancelChild() {
+    cancelled = killProcess(childProcessId);
+}
+
+bool childCancelled() {
+    return cancelled;
 }
 
 bool killProcess(std::uint32_t processId, std::uintptr_t windowHandle) {

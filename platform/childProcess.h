@@ -38,8 +38,14 @@ extern std::uint32_t childProcessId;
 std::uint32_t startCommand(std::string_view command, WindowStyle style);
 
 /// Starts a command and returns when it has ended, 1,000 ms later at the earliest. Pending events of the user interface
-/// are processed meanwhile; what is kept of text files is forgotten.
-void shellAndWait(std::string_view command, WindowStyle style);
+/// are processed meanwhile; what is kept of text files is forgotten. When it runs for longer than half a second, the
+/// user is told that `what` is running and may end it.
+void shellAndWait(std::string_view command, WindowStyle style, std::string_view what);
+
+/// The user ends the process that shellAndWait last started.
+void cancelChild();
+/// True when that has happened.
+bool childCancelled();
 
 /// Ends a process. `windowHandle`, unless 0, names the process by a window that it owns (Windows only).
 bool killProcess(std::uint32_t processId, std::uintptr_t windowHandle = 0);

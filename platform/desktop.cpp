@@ -1,5 +1,7 @@
 #include "platform/desktop.h"
 
+#include <array>
+
 #include "platform/console/consoleDesktop.h"
 
 namespace brasquelin {
@@ -14,8 +16,14 @@ Desktop*& current() {
 
 }  // namespace
 
+std::string_view nameOf(ProgramWindow window) {
+    constexpr std::array<std::string_view, 8> names{"frmMain",  "frmAddProfile",    "frmAddFunction", "frmOption",
+                                                    "frmAbout", "frmCreateProfile", "frmAddVar",      "frmAddCommand"};
+    return names[static_cast<std::size_t>(window)];
+}
+
 void Desktop::showMessage(std::string_view text, std::string_view title, Icon icon) {
-    if (icon == Icon::critical) noteFailure();
+    if (icon == Icon::critical) noteFailure(text);
     presentMessage(text, title, icon);
 }
 

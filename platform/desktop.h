@@ -1,11 +1,17 @@
-// What the program asks of the desktop: boxes, dialogs, windows by their names, events.
+// What the program asks of the desktop: boxes, dialogs, its windows, events.
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brasquelin {
+
+struct PromptForm;
 
 enum class Icon { none, information, exclamation, critical };
 enum class FileDialogMode { open, save };
@@ -15,6 +21,26 @@ struct FileDialogRequest {
     std::string title;
     std::string filter;     // "Text files|*.txt", pairs separated by "|"
     std::string startName;  // full name to start from; may be empty
+};
+
+/// The windows that are shown without arguments.
+enum class ProgramWindow { main, addProfile, addFunction, options, about, createProfile, addVar, addCommand };
+
+/// The window's own name, such as "frmMain".
+std::string_view nameOf(ProgramWindow window);
+
+/// What the window `inputForm` asks.
+struct ValueQuestion {
+    std::string prompt;
+    std::string defaultText;
+    std::vector<std::string> references;  // offered in a menu; an empty one does not open
+};
+
+/// How far a list has been worked off. The waiting window looks into it.
+struct ListProgress {
+    std::size_t done = 0;
+    std::size_t total = 0;
+    std::function<void()> cancel;  // the user has had enough
 };
 
 class Desktop {
@@ -36,22 +62,42 @@ class Desktop {
     /// Opens a link or document with its associated program.
     virtual void openLink(std::string_view target) = 0;
 
-    /// Shows one of the program's windows by its name, such as "frmOption"; modal: returns when it was closed.
-    virtual void showWindow(std::string_view name, bool modal) = 0;
-    virtual void unloadWindow(std::string_view name) = 0;
-    virtual bool isVisible(std::string_view name) const = 0;
+    /// Modal: returns when the window was closed.
+    virtual void showWindow(ProgramWindow window, bool modal) = 0;
+    virtual void unloadWindow(ProgramWindow window) = 0;
+    virtual bool isVisible(ProgramWindow window) const = 0;
+
+    /// Asks for one text with references at hand; nothing when it was cancelled.
+    virtual std::optional<std::string> askValue(const ValueQuestion& question) = 0;
+
+    /// Shows a prompt (`frmVarProfile` or `frmVarFunction`) in place of one that is up. Modal: returns when it was
+    /// closed.
+    virtual void showPrompt(std::shared_ptr<PromptForm> form, bool modal) = 0;
+    /// The prompt that is up goes, as by Cancel.
+    virtual void closePrompt() = 0;
+
+    /// Shows `frmWait`, whose timer hides it and starts the run. Returns when the run has ended.
+    virtual void runBehindWaitWindow(std::function<void()> run) = 0;
+    /// Shows `frmWait` modelessly with the progress of a list, until closeWaitWindow. `progress` must live as long.
+    virtual void showListProgress(ListProgress& progress) = 0;
+    virtual void closeWaitWindow() = 0;
+
+    /// A small window tells what is running, with a Cancel that calls `cancel`; another call replaces the text.
+    virtual void showRunning(const std::string& what, std::function<void()> cancel) = 0;
+    virtual void hideRunning() = 0;
+
     virtual void processPendingEvents() = 0;
 
-    /// True once a critical message was shown or something could not be asked.
-    bool hadFailure() const { return hadFailure_; }
-    void noteFailure() { hadFailure_ = true; }
-    void forgetFailure() { hadFailure_ = false; }
+    /// The critical messages that were shown and what could not be asked, in order.
+    const std::vector<std::string>& failures() const { return failures_; }
+    bool hadFailure() const { return !failures_.empty(); }
+    void noteFailure(std::string_view text) { failures_.emplace_back(text); }
 
   protected:
     virtual void presentMessage(std::string_view text, std::string_view title, Icon icon) = 0;
 
   private:
-    bool hadFailure_ = false;
+    std::vector<std::string> failures_;
 };
 
 Desktop& desktop();

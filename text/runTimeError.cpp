@@ -14,6 +14,8 @@ std::string_view description(ErrorNumber number) {
             return "Subscript out of range";
         case ErrorNumber::typeMismatch:
             return "Type mismatch";
+        case ErrorNumber::userInterrupt:
+            return "User interrupt occurred";
         case ErrorNumber::fileNotFound:
             return "File not found";
         case ErrorNumber::deviceError:

@@ -13,6 +13,7 @@ enum class ErrorNumber {
     overflow = 6,
     subscriptOutOfRange = 9,
     typeMismatch = 13,
+    userInterrupt = 18,
     fileNotFound = 53,
     deviceError = 57,
     diskFull = 61,

@@ -55,6 +55,13 @@ class Table {
     }
     void takeNextRow() { ++count_; }
 
+    /// Takes the rows and the count of another table over.
+    void assign(Table other) {
+        rows_ = std::move(other.rows_);
+        count_ = other.count_;
+        ++revision_;
+    }
+
     /// Any row from 0 to 255, counted or not. Raises error 9 outside of them.
     const Row& row(std::size_t index) const {
         if (index >= rowLimit) throw RunTimeError(ErrorNumber::subscriptOutOfRange);

@@ -34,10 +34,8 @@ int heightForWindows(const wxWindow& window) {
 
 }  // namespace
 
-FrmVarForm::FrmVarForm(std::string_view name, std::string_view caption, std::shared_ptr<PromptForm> form)
-    : ProgramDialog(name, form ? std::string_view(form->title) : caption),
-      form_(form ? std::move(form) : std::make_shared<PromptForm>()),
-      scale_(*this) {
+FrmVarForm::FrmVarForm(std::shared_ptr<PromptForm> form)
+    : ProgramDialog(form->windowName(), form->title), form_(std::move(form)), scale_(*this) {
     makeRows();
     makeButtons();
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -69,6 +67,7 @@ void FrmVarForm::makeButtons() {
 }
 
 void FrmVarForm::confirm() {
+    if (refusesConfirmation(*form_)) return;
     closeAndThen([form = form_] { confirmPrompt(*form); });
 }
 

@@ -1,4 +1,4 @@
-// What the two prompt windows share: a form drawn row by row, OK and Cancel.
+// The prompt windows `frmVarProfile` and `frmVarFunction`: a form drawn row by row, OK and Cancel.
 #pragma once
 
 #include <memory>
@@ -16,8 +16,7 @@ namespace brasquelin {
 
 class FrmVarForm : public ProgramDialog {
   public:
-    /// Shows the form; without one the window is empty and captioned `caption`.
-    FrmVarForm(std::string_view name, std::string_view caption, std::shared_ptr<PromptForm> form);
+    explicit FrmVarForm(std::shared_ptr<PromptForm> form);
 
   protected:
     void closing(bool byUser) override;

@@ -12,13 +12,6 @@ namespace brasquelin {
 
 namespace {
 
-struct Prompts {
-    std::shared_ptr<PromptForm> profile;
-    std::shared_ptr<PromptForm> function;
-    std::vector<std::string> functionArguments;
-};
-Prompts prompts;
-
 void requireFile(const std::string& path) {
     if (fileExists(path)) return;
     showCritical("'" + path + "'\r\nError: unknown file");
@@ -44,14 +37,11 @@ bool needsUser(const PromptForm& form, const std::vector<std::string>& presets) 
     return std::any_of(form.rows.begin(), form.rows.end(), [](const PromptRow& row) { return row.askUser; });
 }
 
-void show(PromptForm& form, const OpenOptions& options) {
-    if (desktop().hasWindows()) {
-        desktop().showWindow(form.windowName(), !options.namedOnCommandLine);
-        return;
-    }
-    desktop().showMessage("The values of '" + form.path + "' cannot be asked for without a display.", errorTitle,
-                          Icon::exclamation);
-    desktop().noteFailure();
+void show(const std::shared_ptr<PromptForm>& form, bool modal) {
+    if (desktop().hasWindows()) return desktop().showPrompt(form, modal);
+    const std::string text = "The values of '" + form->path + "' cannot be asked for without a display.";
+    desktop().showMessage(text, errorTitle, Icon::exclamation);
+    desktop().noteFailure(text);
 }
 
 void rejectUnknownType(const PromptForm& form, const PromptRow& row) {
@@ -61,32 +51,35 @@ void rejectUnknownType(const PromptForm& form, const PromptRow& row) {
     throw EndProgram(1);
 }
 
-/// Builds the form from the declarations, applies the presets, and shows or confirms it.
-void prompt(const std::shared_ptr<PromptForm>& form, const Table<VariableDeclaration>& declarations,
-            OpenOptions options) {
+/// Builds the form from the declarations and applies the presets.
+std::shared_ptr<PromptForm> buildForm(PromptKind kind, const std::string& path, std::string title,
+                                      const Table<VariableDeclaration>& declarations, OpenOptions& options) {
+    auto form = std::make_shared<PromptForm>();
+    form->kind = kind;
+    form->path = path;
+    form->title = std::move(title);
+    form->declarations = declarations;
+    form->endsProgram = options.namedOnCommandLine;
+    form->mayConfirm = std::move(options.mayConfirm);
+    form->confirmed = std::move(options.confirmed);
     try {
         form->rows = buildRows(declarations);
         placeButtons(*form);
         applyPresets(*form, options.presets);
     } catch (const RunTimeError& error) {
-        throw error.about(form->path);
+        throw error.about(path);
     }
-    form->endsProgram = options.namedOnCommandLine;
-    form->confirmed = std::move(options.confirmed);
+    return form;
+}
+
+/// Shows the form, or confirms it unseen.
+void prompt(const std::shared_ptr<PromptForm>& form, const OpenOptions& options) {
     const bool nothingToAsk = options.replaying && form->rows.empty();
     if (nothingToAsk || !needsUser(*form, options.presets)) {
         confirmPrompt(*form);
     } else {
-        show(*form, options);
+        show(form, !options.namedOnCommandLine);
     }
-}
-
-std::shared_ptr<PromptForm> newForm(PromptKind kind, const std::string& path, std::string title) {
-    auto form = std::make_shared<PromptForm>();
-    form->kind = kind;
-    form->path = path;
-    form->title = std::move(title);
-    return form;
 }
 
 }  // namespace
@@ -111,51 +104,42 @@ void loadProfile(const std::string& path, OpenOptions options) {
         options.runAtOnce();
         return;
     }
-    prompts.profile = newForm(PromptKind::profile, path, std::move(title));
-    prompt(prompts.profile, declarations, std::move(options));
+    prompt(buildForm(PromptKind::profile, path, std::move(title), declarations, options), options);
 }
 
 void loadFunction(const std::string& path, OpenOptions options) {
     requireFile(path);
     std::string title = readFunctionTitle(path);
     readFunctionVariables(path);
-    prompts.function = newForm(PromptKind::function, path, std::move(title));
-    prompt(prompts.function, variableTables.functionVariables, std::move(options));
+    const auto& declarations = variableTables.functionVariables;
+    prompt(buildForm(PromptKind::function, path, std::move(title), declarations, options), options);
 }
 
-std::shared_ptr<PromptForm> currentPrompt(PromptKind kind) {
-    return kind == PromptKind::profile ? prompts.profile : prompts.function;
+bool refusesConfirmation(const PromptForm& form) {
+    return form.mayConfirm && !form.mayConfirm();
 }
 
-void confirmPrompt(PromptForm& form) {
+bool confirmPrompt(PromptForm& form) {
+    if (refusesConfirmation(form)) return false;
     std::vector<std::string> entries;
     entries.reserve(form.rows.size());
     for (const auto& row : form.rows) {
         rejectUnknownType(form, row);
         entries.push_back(row.label + row.value());
     }
-    desktop().unloadWindow(form.windowName());
     if (form.kind == PromptKind::profile) {
+        variableTables.profileVariables[1].assign(std::move(form.declarations));
         auto& values = variableTables.values[1];
         values.resetCount();
-        for (auto& entry : entries) values.append(std::move(entry));
-    } else {
-        prompts.functionArguments = std::move(entries);
+        for (const auto& entry : entries) values.append(entry);
     }
     const auto confirmed = std::move(form.confirmed);
-    if (confirmed) confirmed();
+    if (confirmed) confirmed(entries);
+    return true;
 }
 
 void promptClosed(const PromptForm& form) {
     if (form.endsProgram) throw EndProgram(0);
-}
-
-const std::vector<std::string>& functionArguments() {
-    return prompts.functionArguments;
-}
-
-void resetPrompts() {
-    prompts = Prompts();
 }
 
 }  // namespace brasquelin

@@ -16,8 +16,9 @@ struct OpenOptions {
     std::vector<std::string> presets;  // values from the command line, the first for row 0
     bool namedOnCommandLine = false;   // the prompt is shown without blocking, and closing it ends the program
     bool replaying = false;            // list mode: a library without variables is run at once
-    std::function<void()> confirmed;   // what OK starts once the values are stored
-    std::function<void()> runAtOnce;   // what a profile without variables starts instead
+    std::function<bool()> mayConfirm;  // see PromptForm
+    std::function<void(const std::vector<std::string>& values)> confirmed;
+    std::function<void()> runAtOnce;  // what a profile without variables starts instead
 };
 
 /// Reads and prompts for a profile. A profile without variables is run at once. Ends the program for a missing
@@ -32,21 +33,15 @@ void loadFunction(const std::string& path, OpenOptions options);
 std::string readProfileTitle(const std::string& path);
 std::string readFunctionTitle(const std::string& path);
 
-/// The form that the prompt window of this kind shows; null before the first one.
-std::shared_ptr<PromptForm> currentPrompt(PromptKind kind);
+/// OK. False when it may not be confirmed now; the prompt stays then. Stores a profile's declarations and values for
+/// level 1 and starts what was to be confirmed. Ends the program after its message for a row of unknown type.
+bool confirmPrompt(PromptForm& form);
 
-/// OK: stores each row's name=value, hides the window and starts what was to be confirmed. Ends the program after its
-/// message for a row of unknown type.
-void confirmPrompt(PromptForm& form);
+/// True when OK would be refused, after the message.
+bool refusesConfirmation(const PromptForm& form);
 
 /// The window was closed by its close box (not by Cancel, OK or the program): ends the program when the file was named
 /// on the command line.
 void promptClosed(const PromptForm& form);
-
-/// The values that the last confirmed library prompt gave, as name=value.
-const std::vector<std::string>& functionArguments();
-
-/// Start-up and tests: no prompt was opened yet.
-void resetPrompts();
 
 }  // namespace brasquelin

@@ -66,16 +66,21 @@ struct PromptRow {
 
 enum class PromptKind { profile, function };
 
+/// A prompt owns what it was built from: other files may be read while it is up.
 struct PromptForm {
     PromptKind kind = PromptKind::profile;
     std::string path;
     std::string title;  // the window's caption
+    Table<VariableDeclaration> declarations;
     std::vector<PromptRow> rows;
     Box cmdCancel{0, 0, 2295, 375};
     Box cmdOK{2300, 0, 3240, 375};
-    int height = 0;                   // without the border
-    bool endsProgram = false;         // closing the window ends the program
-    std::function<void()> confirmed;  // what OK starts once the values are stored
+    int height = 0;            // without the border
+    bool endsProgram = false;  // closing the window ends the program
+    /// Asked before OK does anything; false, after a message, while it cannot be.
+    std::function<bool()> mayConfirm;
+    /// What OK starts with the values, as name=value.
+    std::function<void(const std::vector<std::string>& values)> confirmed;
 
     /// "frmVarProfile" or "frmVarFunction"
     std::string_view windowName() const;

@@ -13,13 +13,11 @@
 #include <string>
 
 #include "app/frmJobList.h"
-#include "app/frmMain.h"
 #include "app/jobList.h"
-#include "app/registerWindows.h"
+#include "app/programWindows.h"
 #include "engine/runProfile.h"
 #include "platform/paths.h"
 #include "platform/wx/application.h"
-#include "platform/wx/wxDesktop.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {
@@ -56,7 +54,7 @@ void showEmptyWindow() {
 }
 
 wxWindow& showMainWindow() {
-    startWithMainWindow({});
+    dynamic_cast<ProgramWindows&>(desktop()).start({});
     wxWindow& frame = *wxWindow::FindWindowByName("frmMain");
     watchPainting(frame);
     runUntilPainted();
@@ -90,9 +88,8 @@ int main(int argc, char** argv) {
     if (mode == "empty") return runApplication(showEmptyWindow);
     if (argc != 3) return 2;
     setProgramDirectory(argv[2]);
-    WxDesktop windows;
+    ProgramWindows windows;
     setDesktop(windows);
-    registerWindows(windows);
     if (mode == "jobs") return runApplication(showJobs);
     return runApplication([] {
         showMainWindow();

@@ -6,57 +6,51 @@
 
 namespace brasquelin {
 
-namespace {
-
-void tell(std::string_view title, std::string_view text) {
+void writeToStandardError(std::string_view title, std::string_view text) {
     std::string line = std::string(title) + ": " + std::string(text) + "\n";
     line.erase(std::remove(line.begin(), line.end(), '\r'), line.end());
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-}  // namespace
-
 void ConsoleDesktop::presentMessage(std::string_view text, std::string_view title, Icon /*icon*/) {
-    tell(title, text);
+    writeToStandardError(title, text);
+}
+
+void ConsoleDesktop::decline(std::string_view title, const std::string& text) {
+    writeToStandardError(title, text);
+    noteFailure(text);
 }
 
 bool ConsoleDesktop::askYesNo(std::string_view text, std::string_view title) {
-    tell(title, std::string(text) + " (cannot be asked without a display; taken as No)");
-    noteFailure();
+    decline(title, std::string(text) + " (cannot be asked without a display; taken as No)");
     return false;
 }
 
 std::optional<std::string> ConsoleDesktop::askText(std::string_view prompt, std::string_view title,
                                                    std::string_view /*defaultText*/) {
-    tell(title, std::string(prompt) + " (cannot be asked without a display)");
-    noteFailure();
+    decline(title, std::string(prompt) + " (cannot be asked without a display)");
     return std::nullopt;
 }
 
 std::string ConsoleDesktop::askFile(const FileDialogRequest& request) {
-    tell("Brasquelin", request.title + " (no file can be chosen without a display)");
-    noteFailure();
+    decline("Brasquelin", request.title + " (no file can be chosen without a display)");
     return {};
 }
 
-void ConsoleDesktop::copyToClipboard(std::string_view /*text*/) {}
-
 void ConsoleDesktop::openLink(std::string_view target) {
-    tell("Brasquelin", std::string(target) + " (cannot be opened without a display)");
-    noteFailure();
+    decline("Brasquelin", std::string(target) + " (cannot be opened without a display)");
 }
 
-void ConsoleDesktop::showWindow(std::string_view name, bool /*modal*/) {
-    tell("Brasquelin", "The window " + std::string(name) + " needs a display.");
-    noteFailure();
+void ConsoleDesktop::showWindow(ProgramWindow window, bool /*modal*/) {
+    decline("Brasquelin", "The window " + std::string(nameOf(window)) + " needs a display.");
 }
 
-void ConsoleDesktop::unloadWindow(std::string_view /*name*/) {}
-
-bool ConsoleDesktop::isVisible(std::string_view /*name*/) const {
-    return false;
+std::optional<std::string> ConsoleDesktop::askValue(const ValueQuestion& question) {
+    return askText(question.prompt, "Brasquelin", question.defaultText);
 }
 
-void ConsoleDesktop::processPendingEvents() {}
+void ConsoleDesktop::showPrompt(std::shared_ptr<PromptForm> /*form*/, bool /*modal*/) {
+    decline("Brasquelin", "A prompt needs a display.");
+}
 
 }  // namespace brasquelin

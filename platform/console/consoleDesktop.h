@@ -5,6 +5,9 @@
 
 namespace brasquelin {
 
+/// Writes "title: text" to standard error.
+void writeToStandardError(std::string_view title, std::string_view text);
+
 class ConsoleDesktop : public Desktop {
   public:
     bool hasWindows() const override { return false; }
@@ -12,15 +15,26 @@ class ConsoleDesktop : public Desktop {
     std::optional<std::string> askText(std::string_view prompt, std::string_view title,
                                        std::string_view defaultText) override;
     std::string askFile(const FileDialogRequest& request) override;
-    void copyToClipboard(std::string_view text) override;
+    void copyToClipboard(std::string_view /*text*/) override {}
     void openLink(std::string_view target) override;
-    void showWindow(std::string_view name, bool modal) override;
-    void unloadWindow(std::string_view name) override;
-    bool isVisible(std::string_view name) const override;
-    void processPendingEvents() override;
+    void showWindow(ProgramWindow window, bool modal) override;
+    void unloadWindow(ProgramWindow /*window*/) override {}
+    bool isVisible(ProgramWindow /*window*/) const override { return false; }
+    std::optional<std::string> askValue(const ValueQuestion& question) override;
+    void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
+    void closePrompt() override {}
+    void runBehindWaitWindow(std::function<void()> run) override { run(); }
+    void showListProgress(ListProgress& /*progress*/) override {}
+    void closeWaitWindow() override {}
+    void showRunning(const std::string& /*what*/, std::function<void()> /*cancel*/) override {}
+    void hideRunning() override {}
+    void processPendingEvents() override {}
 
   protected:
     void presentMessage(std::string_view text, std::string_view title, Icon icon) override;
+
+  private:
+    void decline(std::string_view title, const std::string& text);
 };
 
 }  // namespace brasquelin

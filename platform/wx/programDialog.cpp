@@ -31,7 +31,6 @@ void ProgramDialog::closeWindow() {
         EndModal(wxID_CANCEL);
     } else {
         Hide();
-        SetName("");  // no longer found
         Destroy();
     }
 }

@@ -15,6 +15,7 @@
 #include "platform/paths.h"
 #include "platform/wx/application.h"
 #include "platform/wx/fileFilter.h"
+#include "platform/wx/frmRunning.h"
 #include "platform/wx/messageLines.h"
 #include "platform/wx/programDialog.h"
 #include "platform/wx/wxText.h"
@@ -57,7 +58,6 @@ class Unloading {
     explicit Unloading(wxTopLevelWindow& window) : window_(window) {}
     ~Unloading() {
         window_.Hide();
-        window_.SetName("");
         window_.Destroy();
     }
     Unloading(const Unloading&) = delete;
@@ -66,21 +66,6 @@ class Unloading {
   private:
     wxTopLevelWindow& window_;
 };
-
-void showUntilClosed(wxDialog& window) {
-    std::function<void()> lastStep;
-    {
-        const Unloading unloading(window);
-        showModally(window);
-        if (auto* dialog = dynamic_cast<ProgramDialog*>(&window)) lastStep = dialog->takeLastStep();
-    }
-    if (lastStep) lastStep();
-}
-
-void showModeless(wxTopLevelWindow& window) {
-    window.Show();
-    window.Raise();
-}
 
 long fileDialogStyle(FileDialogMode mode) {
     return mode == FileDialogMode::open ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE | wxFD_OVERWRITE_PROMPT;
@@ -101,51 +86,42 @@ std::string withExtension(std::string path, const FileDialogRequest& request, in
 
 }  // namespace
 
-wxTopLevelWindow* loadedWindow(std::string_view name) {
-    const wxString wanted = toWx(name);
-    for (auto* window : wxTopLevelWindows) {
-        if (window->GetName() == wanted) return static_cast<wxTopLevelWindow*>(window);
+bool WxDesktop::isLoaded(const wxTopLevelWindow* window) {
+    return window && !wxPendingDelete.Member(const_cast<wxTopLevelWindow*>(window));
+}
+
+void WxDesktop::showModeless(wxTopLevelWindow& window) {
+    window.Show();
+    window.Raise();
+}
+
+void WxDesktop::showUntilClosed(wxDialog& window) {
+    std::function<void()> lastStep;
+    {
+        const Unloading unloading(window);
+        showModally(window);
+        if (auto* dialog = dynamic_cast<ProgramDialog*>(&window)) lastStep = dialog->takeLastStep();
     }
-    return nullptr;
+    if (lastStep) lastStep();
 }
 
-void WxDesktop::registerWindow(std::string name, WindowFactory factory) {
-    factories_.insert_or_assign(std::move(name), std::move(factory));
-}
-
-wxTopLevelWindow& WxDesktop::loadWindow(std::string_view name) {
-    if (auto* loaded = loadedWindow(name)) return *loaded;
-    const auto factory = factories_.find(name);
-    if (factory == factories_.end()) throw RunTimeError(ErrorNumber::invalidCall, std::string(name));
-    return *factory->second();
-}
-
-void WxDesktop::showWindow(std::string_view name, bool modal) {
-    auto* dialog = dynamic_cast<wxDialog*>(&loadWindow(name));
-    if (!modal || !dialog) return showModeless(loadWindow(name));
-    if (dialog->IsModal() && dialog->IsShown()) return dialog->Raise();
-    if (dialog->IsShown()) {  // left over from a modeless show: it may stand for something else
-        unloadWindow(name);
-        dialog = dynamic_cast<wxDialog*>(&loadWindow(name));
-    }
-    showUntilClosed(*dialog);
-}
-
-void WxDesktop::unloadWindow(std::string_view name) {
-    auto* window = loadedWindow(name);
-    if (!window) return;
-    if (window->IsShown()) {
-        window->Close(true);
+void WxDesktop::unload(wxTopLevelWindow& window) {
+    if (window.IsShown()) {
+        window.Close(true);
         rethrowFromEvents();
     } else {
-        window->SetName("");
-        window->Destroy();
+        window.Destroy();
     }
 }
 
-bool WxDesktop::isVisible(std::string_view name) const {
-    const auto* window = loadedWindow(name);
-    return window && window->IsShown();
+void WxDesktop::showRunning(const std::string& what, std::function<void()> cancel) {
+    hideRunning();
+    running_ = new FrmRunning(what, std::move(cancel));
+    showModeless(*running_);
+}
+
+void WxDesktop::hideRunning() {
+    if (isLoaded(running_)) unload(*running_);
 }
 
 void WxDesktop::presentMessage(std::string_view text, std::string_view title, Icon icon) {

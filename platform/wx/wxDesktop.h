@@ -1,29 +1,20 @@
-// The desktop with windows.
+// The desktop with a display: boxes, dialogs, and what every window of the program needs to be shown.
 #pragma once
 
+#include <wx/toplevel.h>
+#include <wx/weakref.h>
+
 #include <functional>
-#include <map>
 #include <string>
 
 #include "platform/desktop.h"
 
 class wxDialog;
-class wxTopLevelWindow;
 
 namespace brasquelin {
 
-class ProgramDialog;
-
 class WxDesktop : public Desktop {
   public:
-    using WindowFactory = std::function<wxTopLevelWindow*()>;
-
-    /// How the window of this name is made when it is shown for the first time, or again after it was unloaded.
-    void registerWindow(std::string name, WindowFactory factory);
-
-    /// The window of this name, made but not shown if there is none yet. Raises error 5 for an unknown name.
-    wxTopLevelWindow& loadWindow(std::string_view name);
-
     bool hasWindows() const override { return true; }
     bool askYesNo(std::string_view text, std::string_view title) override;
     std::optional<std::string> askText(std::string_view prompt, std::string_view title,
@@ -31,19 +22,23 @@ class WxDesktop : public Desktop {
     std::string askFile(const FileDialogRequest& request) override;
     void copyToClipboard(std::string_view text) override;
     void openLink(std::string_view target) override;
-    void showWindow(std::string_view name, bool modal) override;
-    void unloadWindow(std::string_view name) override;
-    bool isVisible(std::string_view name) const override;
+    void showRunning(const std::string& what, std::function<void()> cancel) override;
+    void hideRunning() override;
     void processPendingEvents() override;
 
   protected:
     void presentMessage(std::string_view text, std::string_view title, Icon icon) override;
 
-  private:
-    std::map<std::string, WindowFactory, std::less<>> factories_;
-};
+    /// False for a window that has closed, also while the toolkit still keeps it.
+    static bool isLoaded(const wxTopLevelWindow* window);
+    static void showModeless(wxTopLevelWindow& window);
+    /// Shows a dialog modally and destroys it; what it left to be done behind it is done then.
+    static void showUntilClosed(wxDialog& window);
+    /// Closes a window as the program does it, not as the user.
+    static void unload(wxTopLevelWindow& window);
 
-/// The loaded window of this name, or null.
-wxTopLevelWindow* loadedWindow(std::string_view name);
+  private:
+    wxWeakRef<wxTopLevelWindow> running_;
+};
 
 }  // namespace brasquelin

@@ -58,14 +58,11 @@ TEST_F(StartUp, ANamedProfileIsRunAndTheProgramEnds) {
 }
 
 TEST_F(StartUp, ANamedProfileIsAskedForAndRunThroughTheWaitingWindow) {
-    desktop_.onShow["frmWait"] = [] { runWaiting(); };
     EXPECT_TRUE(startUp(at("ASK.BQP")));
     EXPECT_EQ(windowCalls(), Lines{"show frmVarProfile"});
-    auto& form = *currentPrompt(PromptKind::profile);
-    form.rows[0].text = "typed";
-    EXPECT_EQ(exitStatusOf([&] { confirmPrompt(form); }), 0);
-    EXPECT_EQ(windowCalls(),
-              (Lines{"show frmVarProfile", "unload frmVarProfile", "show frmWait modal", "unload frmWait"}));
+    desktop_.prompt->rows[0].text = "typed";
+    EXPECT_EQ(exitStatusOf([&] { confirmPrompt(*desktop_.prompt); }), 0);
+    EXPECT_EQ(windowCalls(), (Lines{"show frmVarProfile", "wait", "close wait"}));
     EXPECT_EQ(read("brasquelin.bat"), "echo typed\r\n");
 }
 
@@ -103,7 +100,7 @@ TEST_F(StartUp, TheLauncherStandsBeforeTheBatchFile) {
 TEST_F(StartUp, AListIsReplayedAsOneBatch) {
     writeList({at("ask.bqp") + " 001=first", "", at("plain.bqp"), at("say.bqs") + " 001=caf\xC3\xA9"});
     EXPECT_EQ(replay(), 0);
-    EXPECT_EQ(windowCalls(), (Lines{"show frmWait", "unload frmWait"}));
+    EXPECT_EQ(windowCalls(), (Lines{"show progress", "close wait"}));
     EXPECT_EQ(commands(), Lines{batch()});
     EXPECT_EQ(jobList.lines(), (Lines{"echo first", "echo 2", "echo café"}));
 }
@@ -122,6 +119,40 @@ TEST_F(StartUp, AListGoesOnBehindAFailedRunAndAPromptWithoutADisplay) {
     EXPECT_EQ(replay(), 1);
     EXPECT_EQ(messages().size(), 2U);
     EXPECT_EQ(jobList.size(), 1U);
+}
+
+TEST_F(StartUp, TheEndOfAListTellsWhichLinesWereSkippedAndWhy) {
+    writeList({at("bad.bqp"), at("ask.bqp"), "", at("notes.txt"), at("plain.bqp")});
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(replay(), 1);
+    const std::string list = folder() + "/list.txt";
+    const Lines reasons{
+        "line 1: Error 5 : Invalid procedure call or argument While loading '" + at("bad.bqp") + "' at line 3",
+        "line 2: It was cancelled.", "line 4: '" + at("notes.txt") + "' is no profile and no library."};
+    std::string window = "Brasquelin: Skipped in '" + list + "':";
+    std::string standardError;
+    for (const auto& reason : reasons) {
+        window += "\r\n" + reason;
+        standardError += "Brasquelin: '" + list + "' " + reason + "\n";
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), standardError);
+    EXPECT_EQ(messages().back(), window);
+    EXPECT_EQ(commands().size(), 1U);
+}
+
+TEST_F(StartUp, AListThatIsCancelledExecutesNothing) {
+    write("p/slow.bqp", {"#Brasquelin Profile Slow", "[library]", ":plugin $scriptpath$/slow.exe", "[/library]"});
+    writeList({at("plain.bqp"), at("slow.bqp"), at("plain.bqp")});
+    processes_.endsAfterPolls = 1000;
+    processes_.onTerminate = [this] { processes_.endsAfterPolls = 0; };
+    desktop_.onEvents = [this] {
+        if (!desktop_.running.empty() && desktop_.progress != nullptr) desktop_.progress->cancel();
+    };
+    EXPECT_EQ(replay(), 1);
+    EXPECT_EQ(desktop_.running, Lines{"'slow.exe' is running."});
+    EXPECT_EQ(commands().size(), 1U);
+    EXPECT_FALSE(exists("brasquelin.bat"));
+    EXPECT_TRUE(messages().empty());
 }
 
 TEST_F(StartUp, ABadPresetOrAMissingListStopsStartUp) {
@@ -167,7 +198,7 @@ TEST_F(StartUp, TheLastChildEndsWithTheMainWindow) {
     endLastChild();
     EXPECT_TRUE(processes_.terminated.empty());
     processes_.endsAfterPolls = 3;
-    shellAndWait("x", WindowStyle::hidden);
+    shellAndWait("x", WindowStyle::hidden, "x");
     EXPECT_EQ(processes_.polls, 4);
     endLastChild();
     EXPECT_EQ(processes_.terminated, std::vector<std::uint32_t>{1});

@@ -7,7 +7,6 @@
 #include "config/configFile.h"
 #include "editor/addCommand.h"
 #include "editor/addVariable.h"
-#include "editor/valueInput.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
@@ -22,22 +21,21 @@ class EditorActions : public ProgramTest {
     EditorActions() {
         write("profiles/a.bqp", {"#Brasquelin Profile A", "[profile]", "one", "[/profile]"});
         settings.profilePath = folder() + "/profiles";
-        desktop_.onShow["inputForm"] = [this] { answerInput(); };
         enterEditor();
     }
 
-    /// The input window: the next of these answers is confirmed, none cancels.
-    void answerInput() {
-        prompts.push_back(valueInput.prompt + " [" + valueInput.text + "]");
-        if (inputs.empty()) return;
-        valueInput.result = inputs.front();
-        inputs.erase(inputs.begin());
+    /// What the value window asked, each with its default text.
+    Lines prompts() const {
+        Lines asked;
+        for (const auto& question : desktop_.valueQuestions) {
+            asked.push_back(question.prompt + " [" + question.defaultText + "]");
+        }
+        return asked;
     }
     std::string profile() const { return folder() + "/profiles/a.bqp"; }
 
     ProfileDocument& document = editorState.document;
-    Lines inputs;
-    Lines prompts;
+    std::deque<std::string>& inputs = desktop_.values;  // none cancels
 };
 
 TEST_F(EditorActions, TheCurrentFileTakesTheConfiguredDirectorysPlace) {
@@ -171,8 +169,8 @@ TEST_F(EditorActions, ALoopIsAppendedUnlessAnAnswerIsEmpty) {
     askLoop();
     appendNext();
     EXPECT_EQ(editorState.lstVar, (Lines{"$index$", "$count$"}));
-    EXPECT_EQ(prompts, (Lines{"Enter the 'ForToNext' var start : []", "Enter the 'ForToNext' var end : []",
-                              "Enter the 'ForToNext' var step : []"}));
+    EXPECT_EQ(prompts(), (Lines{"Enter the 'ForToNext' var start : []", "Enter the 'ForToNext' var end : []",
+                                "Enter the 'ForToNext' var step : []"}));
     const Lines loop{"For", ".VarName=i", ".VarStart=1", ".VarEnd=$count$", ".VarStep=1", "Next"};
     EXPECT_EQ(document.listCommand, loop);
     askLoop();  // cancelled
@@ -196,7 +194,7 @@ TEST_F(EditorActions, ACommandLineIsEditedUnlessCanceled) {
     editCommandLine(0);
     editCommandLine({});
     EXPECT_EQ(document.listCommand, (Lines{"", "c"}));
-    EXPECT_EQ(prompts, (Lines{"Edit this value : [b]", "Edit this value : [b]", "Edit this value : [a]"}));
+    EXPECT_EQ(prompts(), (Lines{"Edit this value : [b]", "Edit this value : [b]", "Edit this value : [a]"}));
 }
 
 TEST_F(EditorActions, TooManyGroupsToMoveAreTold) {
@@ -206,7 +204,7 @@ TEST_F(EditorActions, TooManyGroupsToMoveAreTold) {
 }
 
 TEST_F(EditorActions, LeavingUnloadsTheDialogsAndShowsTheMainWindow) {
-    desktop_.showWindow("frmAddVar", false);
+    desktop_.showWindow(ProgramWindow::addVar, false);
     leaveEditor();
     EXPECT_EQ(windowCalls(), (Lines{"show frmAddVar", "unload frmAddVar", "show frmMain"}));
 }
@@ -220,8 +218,8 @@ TEST_F(EditorActions, ADeclarationCollectsItsChoices) {
     dialog.askListChoice();  // cancelled
     EXPECT_EQ(dialog.fields.listChoices, (Lines{"a", "Canceled"}));
     EXPECT_EQ(dialog.fields.combEntries, (Lines{"$INDEX$", "$out$", "fast[-O2]"}));
-    EXPECT_EQ(prompts, (Lines{"Add to list []", "Add to comb: name []", "Add to comb: name []", "Add to comb: name []",
-                              "Add to comb: com []", "Add to list []"}));
+    EXPECT_EQ(prompts(), (Lines{"Add to list []", "Add to comb: name []", "Add to comb: name []",
+                                "Add to comb: name []", "Add to comb: com []", "Add to list []"}));
     dialog.fields.type = "Comb";
     dialog.add();
     EXPECT_EQ(document.listVar, (Lines{"newvar", ".Type=Comb($INDEX$||$out$||fast[-O2])", ".Info=none", ".Default="}));
@@ -243,9 +241,10 @@ TEST_F(EditorActions, ACallAsksForEachVariable) {
     dialog.configure(0);
     EXPECT_EQ(document.listCommand, (Lines{"build", ".src=from", ".dst=to", "BasicFunction.copy=",
                                            "Plugin.zip=-r out.zip", "build", ".src=Canceled", ".dst=Canceled"}));
-    EXPECT_EQ((Lines{prompts.begin(), prompts.begin() + 4}),
+    const Lines asked = prompts();
+    EXPECT_EQ(Lines(asked.begin(), asked.begin() + 4),
               (Lines{"src []", "dst []", "Basic Function parameter : []", "Plugin Command Line : []"}));
-    EXPECT_EQ(valueInput.references, dialog.references());
+    EXPECT_EQ(desktop_.valueQuestions.back().references, dialog.references());
 }
 
 TEST_F(EditorActions, EverySampleProfileComesBackAsItWas) {

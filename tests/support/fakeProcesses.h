@@ -26,6 +26,7 @@ class FakeProcessTable : public ProcessTable {
     std::vector<std::uint32_t> terminated;
     int polls = 0;  // how often a running process was asked for
     int endsAfterPolls = 0;
+    std::function<void()> onTerminate;
 
     std::uint32_t start(std::string_view command, WindowStyle /*style*/) override {
         commands.emplace_back(command);
@@ -38,6 +39,7 @@ class FakeProcessTable : public ProcessTable {
     bool isRunning(std::uint32_t /*processId*/) override { return ++polls <= endsAfterPolls; }
     bool terminate(std::uint32_t processId) override {
         terminated.push_back(processId);
+        if (onTerminate) onTerminate();
         return true;
     }
 };

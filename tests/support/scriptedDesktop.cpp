@@ -21,9 +21,9 @@ bool ScriptedDesktop::askYesNo(std::string_view text, std::string_view title) {
     return yes;
 }
 
-std::optional<std::string> ScriptedDesktop::askText(std::string_view prompt, std::string_view title,
+std::optional<std::string> ScriptedDesktop::askText(std::string_view question, std::string_view title,
                                                     std::string_view defaultText) {
-    questions.push_back(titled(title, prompt) + " [" + std::string(defaultText) + "]");
+    questions.push_back(titled(title, question) + " [" + std::string(defaultText) + "]");
     if (texts.empty()) return std::nullopt;
     return takeFirst(texts);
 }
@@ -33,22 +33,47 @@ std::string ScriptedDesktop::askFile(const FileDialogRequest& request) {
     return files.empty() ? std::string() : takeFirst(files);
 }
 
-void ScriptedDesktop::showWindow(std::string_view name, bool modal) {
-    windowCalls.push_back("show " + std::string(name) + (modal ? " modal" : ""));
-    visible_[std::string(name)] = true;
-    const auto action = onShow.find(std::string(name));
-    if (action != onShow.end()) action->second();
-    if (modal) visible_[std::string(name)] = false;
+void ScriptedDesktop::showWindow(ProgramWindow window, bool modal) {
+    windowCalls.push_back("show " + std::string(nameOf(window)) + (modal ? " modal" : ""));
+    if (!modal) visible_.insert(window);
 }
 
-void ScriptedDesktop::unloadWindow(std::string_view name) {
-    if (isVisible(name)) windowCalls.push_back("unload " + std::string(name));
-    visible_[std::string(name)] = false;
+void ScriptedDesktop::unloadWindow(ProgramWindow window) {
+    if (visible_.erase(window) > 0) windowCalls.push_back("unload " + std::string(nameOf(window)));
 }
 
-bool ScriptedDesktop::isVisible(std::string_view name) const {
-    const auto found = visible_.find(name);
-    return found != visible_.end() && found->second;
+std::optional<std::string> ScriptedDesktop::askValue(const ValueQuestion& question) {
+    valueQuestions.push_back(question);
+    if (values.empty()) return std::nullopt;
+    return takeFirst(values);
+}
+
+void ScriptedDesktop::showPrompt(std::shared_ptr<PromptForm> form, bool modal) {
+    windowCalls.push_back("show " + std::string(form->windowName()) + (modal ? " modal" : ""));
+    prompt = std::move(form);
+}
+
+void ScriptedDesktop::runBehindWaitWindow(std::function<void()> run) {
+    windowCalls.emplace_back("wait");
+    waiting_ = true;
+    run();
+    waiting_ = false;
+}
+
+void ScriptedDesktop::showListProgress(ListProgress& shown) {
+    progress = &shown;
+    windowCalls.emplace_back("show progress");
+    waiting_ = true;
+}
+
+void ScriptedDesktop::closeWaitWindow() {
+    if (waiting_) windowCalls.emplace_back("close wait");
+    waiting_ = false;
+    progress = nullptr;
+}
+
+void ScriptedDesktop::showRunning(const std::string& what, std::function<void()> /*cancel*/) {
+    running.push_back(what);
 }
 
 void ScriptedDesktop::processPendingEvents() {

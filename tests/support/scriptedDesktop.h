@@ -3,11 +3,12 @@
 
 #include <deque>
 #include <functional>
-#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "platform/desktop.h"
+#include "vars/promptForm.h"
 
 namespace brasquelin {
 
@@ -15,33 +16,46 @@ class ScriptedDesktop : public Desktop {
   public:
     std::vector<std::string> messages;     // "title: text"
     std::vector<std::string> questions;    // the same of Yes/No boxes and input boxes
-    std::vector<std::string> windowCalls;  // "show frmWait modal", "show frmWait", "unload frmWait"
+    std::vector<std::string> windowCalls;  // "show frmOption modal", "show frmMain", "unload frmMain", "wait" ...
+    std::shared_ptr<PromptForm> prompt;    // shown last
+    std::vector<ValueQuestion> valueQuestions;
+    std::deque<std::string> values;    // answers of the value window; cancelled when there is none left
+    std::vector<std::string> running;  // what the user was told that is running
     std::vector<FileDialogRequest> dialogs;
     std::string clipboard;
-    bool yes = false;                                     // the answer to every Yes/No box
-    bool windows = true;                                  // what hasWindows tells
-    std::deque<std::string> texts;                        // answers of input boxes; cancelled when there is none left
-    std::deque<std::string> files;                        // answers of file dialogs, likewise
-    std::map<std::string, std::function<void()>> onShow;  // acts for the user when a window is shown
-    std::function<void()> onEvents;                       // acts while pending events are processed
+    bool yes = false;                  // the answer to every Yes/No box
+    bool windows = true;               // what hasWindows tells
+    std::deque<std::string> texts;     // answers of input boxes; cancelled when there is none left
+    std::deque<std::string> files;     // answers of file dialogs, likewise
+    std::function<void()> onEvents;    // acts while pending events are processed
+    ListProgress* progress = nullptr;  // while a list is worked off
 
     bool hasWindows() const override { return windows; }
     bool askYesNo(std::string_view text, std::string_view title) override;
-    std::optional<std::string> askText(std::string_view prompt, std::string_view title,
+    std::optional<std::string> askText(std::string_view question, std::string_view title,
                                        std::string_view defaultText) override;
     std::string askFile(const FileDialogRequest& request) override;
     void copyToClipboard(std::string_view text) override { clipboard = text; }
     void openLink(std::string_view target) override { questions.emplace_back(target); }
-    void showWindow(std::string_view name, bool modal) override;
-    void unloadWindow(std::string_view name) override;
-    bool isVisible(std::string_view name) const override;
+    void showWindow(ProgramWindow window, bool modal) override;
+    void unloadWindow(ProgramWindow window) override;
+    bool isVisible(ProgramWindow window) const override { return visible_.contains(window); }
+    std::optional<std::string> askValue(const ValueQuestion& question) override;
+    void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
+    void closePrompt() override {}
+    void runBehindWaitWindow(std::function<void()> run) override;
+    void showListProgress(ListProgress& shown) override;
+    void closeWaitWindow() override;
+    void showRunning(const std::string& what, std::function<void()> cancel) override;
+    void hideRunning() override {}
     void processPendingEvents() override;
 
   protected:
     void presentMessage(std::string_view text, std::string_view title, Icon icon) override;
 
   private:
-    std::map<std::string, bool, std::less<>> visible_;
+    std::set<ProgramWindow> visible_;
+    bool waiting_ = false;
 };
 
 }  // namespace brasquelin

@@ -43,7 +43,7 @@ class LoadPrompt : public ProgramTest {
         OpenOptions options;
         options.presets = presets;
         options.namedOnCommandLine = named;
-        options.confirmed = [this] { ++confirmed; };
+        options.confirmed = [this](const Lines& values) { given.push_back(values); };
         options.runAtOnce = [this] { ++runAtOnce; };
         if (kind == PromptKind::profile) {
             loadProfile(folder() + "/x.bqp", options);
@@ -52,9 +52,9 @@ class LoadPrompt : public ProgramTest {
         }
     }
     static Lines values() { return {variableTables.values[1].begin(), variableTables.values[1].end()}; }
-    static PromptForm& form(PromptKind kind = PromptKind::profile) { return *currentPrompt(kind); }
+    PromptForm& form() const { return *desktop_.prompt; }
 
-    int confirmed = 0;
+    std::vector<Lines> given;  // the values of each confirmation
     int runAtOnce = 0;
 };
 
@@ -94,7 +94,21 @@ TEST_F(LoadPrompt, OkStoresEveryRow) {
     rows[2].select("1");
     confirmPrompt(form());
     EXPECT_EQ(values(), (Lines{"title=a=b", "color=green", "speed=-f", "input=", "log=old"}));
-    EXPECT_EQ(confirmed, 1);
+    EXPECT_EQ(given, std::vector<Lines>{values()});
+}
+
+TEST_F(LoadPrompt, APromptKeepsItsOwnDeclarations) {
+    load(PromptKind::profile);
+    const auto first = desktop_.prompt;
+    write("y.bqp", {"#Brasquelin Profile Yes", "[var]", "other", ".Type=Text", ".Info=", "[/var]"});
+    loadProfile(folder() + "/y.bqp", {});
+    first->mayConfirm = [] { return false; };
+    EXPECT_FALSE(confirmPrompt(*first));
+    EXPECT_EQ(variableTables.profileVariables[1].count(), 1U);
+    first->mayConfirm = {};
+    EXPECT_TRUE(confirmPrompt(*first));
+    EXPECT_EQ(variableTables.profileVariables[1].count(), 5U);
+    EXPECT_EQ(given, std::vector<Lines>{values()});
 }
 
 TEST_F(LoadPrompt, PresetsConfirmUnseenAlsoWhenTheyCoverOnlySomeRows) {
@@ -102,16 +116,15 @@ TEST_F(LoadPrompt, PresetsConfirmUnseenAlsoWhenTheyCoverOnlySomeRows) {
     EXPECT_EQ(values(), (Lines{"title=T", "color=", "speed=-s", "input=/in", "log=C:\\\\x"}));
     load(PromptKind::profile, {"only"});
     EXPECT_EQ(values(), (Lines{"title=only", "color=green", "speed=", "input=", "log=old"}));
-    EXPECT_EQ(confirmed, 2);
+    EXPECT_EQ(given.size(), 2U);
     load(PromptKind::function, {"T", "1", "1", "/in", "C:\\x"});
-    EXPECT_EQ(form(PromptKind::function).title, "My_tool");
-    EXPECT_EQ(functionArguments(), (Lines{"title=T", "color=red", "speed=-f", "input=/in", "log=old"}));
+    EXPECT_EQ(given.back(), (Lines{"title=T", "color=red", "speed=-f", "input=/in", "log=old"}));
 }
 
 TEST_F(LoadPrompt, AskLeavesTheRowToTheUser) {
     load(PromptKind::profile, {"T", "#Ask#"});
     EXPECT_EQ(windowCalls(), Lines{"show frmVarProfile modal"});
-    EXPECT_EQ(confirmed, 0);
+    EXPECT_TRUE(given.empty());
     EXPECT_TRUE(form().rows[1].askUser);
     EXPECT_EQ(form().rows[1].selected, 2);
     EXPECT_FALSE(form().rows[0].backdropVisible);
@@ -121,7 +134,7 @@ TEST_F(LoadPrompt, AskLeavesTheRowToTheUser) {
 TEST_F(LoadPrompt, BadNumbersOfChoicesAreErrors) {
     EXPECT_EQ(errorOf([&] { load(PromptKind::profile, {"T", "red"}); }), ErrorNumber::typeMismatch);
     EXPECT_EQ(errorOf([&] { load(PromptKind::profile, {"T", "3"}); }), ErrorNumber::subscriptOutOfRange);
-    EXPECT_EQ(confirmed, 0);
+    EXPECT_TRUE(given.empty());
 }
 
 TEST_F(LoadPrompt, PopAsksOnceAndRemembers) {
@@ -151,16 +164,16 @@ TEST_F(LoadPrompt, PopOpensTheFileDialogOfAPath) {
 }
 
 TEST_F(LoadPrompt, OnlyRowsThatTookAValueLoseTheirBackdrop) {
-    const auto visible = [](PromptKind kind) {
+    const auto visible = [this] {
         std::string rows;
-        for (const auto& row : form(kind).rows) rows += row.backdropVisible ? 'x' : '-';
+        for (const auto& row : form().rows) rows += row.backdropVisible ? 'x' : '-';
         return rows;
     };
     answerFile("");
-    load(PromptKind::profile, {"T", "#pop#", "1", "#pop:in", "C:\\x"});
-    EXPECT_EQ(visible(PromptKind::profile), "-x-x-");
+    load(PromptKind::profile, {"T", "#pop#", "#ask#", "#pop:in", "C:\\x"});
+    EXPECT_EQ(visible(), "-xxx-");
     load(PromptKind::function, {"", "0", "#ask#", "/in", "C:\\x"});
-    EXPECT_EQ(visible(PromptKind::function), "--x-x");
+    EXPECT_EQ(visible(), "--x-x");
 }
 
 TEST_F(LoadPrompt, AnAnswerThatCannotBeRememberedIsUsedAllTheSame) {
@@ -187,7 +200,7 @@ TEST_F(LoadPrompt, FilesThatCannotBeOpenedEndTheProgram) {
 TEST_F(LoadPrompt, WithoutVariablesAProfileRunsAtOnceAndALibraryIsShown) {
     write("none.bqp", {"#Brasquelin Profile None here"});
     OpenOptions options;
-    options.confirmed = [this] { ++confirmed; };
+    options.confirmed = [this](const Lines& values) { given.push_back(values); };
     options.runAtOnce = [this] { ++runAtOnce; };
     loadProfile(folder() + "/none.bqp", options);
     EXPECT_EQ(runAtOnce, 1);
@@ -195,7 +208,7 @@ TEST_F(LoadPrompt, WithoutVariablesAProfileRunsAtOnceAndALibraryIsShown) {
     EXPECT_EQ(windowCalls(), Lines{"show frmVarFunction modal"});
     options.replaying = true;
     loadFunction(folder() + "/none.bqp", options);
-    EXPECT_EQ(confirmed, 1);
+    EXPECT_EQ(given.size(), 1U);
 }
 
 TEST_F(LoadPrompt, ClosingThePromptOfTheNamedFileEndsTheProgram) {

@@ -102,7 +102,7 @@ TEST_F(Editor, TakesTheMainWindowsPlaceAndGivesItBack) {
               captionsOf(*frame->GetMenuBar()->GetMenu(0)));
     EXPECT_EQ("newprofile", control<wxTextCtrl>(*frame, "profileName").GetValue());
     EXPECT_EQ(std::nullopt, endOf([&] { chooseFromMenu(*frame, "Exit"); }));
-    ASSERT_TRUE(windows.isVisible("frmMain"));
+    ASSERT_TRUE(windows.isVisible(ProgramWindow::main));
     EXPECT_EQ(nullptr, loadedWindow("frmCreateProfile"));
     auto& main = dynamic_cast<wxFrame&>(*loadedWindow("frmMain"));
     EXPECT_TRUE(main.GetToolBar()->GetToolByPos(0)->GetNormalBitmap().ConvertToImage().HasAlpha());
@@ -323,7 +323,7 @@ TEST_F(Editor, WaitsForItsPluginsWithoutLosingItsDocument) {
     childProcessId = 7;
     chooseFromMenu(frame, "Open");
     EXPECT_EQ(std::vector<std::uint32_t>{7}, processes.terminated);
-    EXPECT_TRUE(windows.isVisible("frmCreateProfile"));
+    EXPECT_TRUE(windows.isVisible(ProgramWindow::createProfile));
     EXPECT_EQ(1, list(frame, "listInclude").GetItemCount());
     EXPECT_EQ("p.bqp - Profile Editor", frame.GetTitle());
     next([](wxDialog& window) {

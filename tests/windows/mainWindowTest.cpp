@@ -160,17 +160,14 @@ TEST_F(MainWindow, ClosingEndsTheProgramUnlessTheEditorIsVisible) {
     wxFrame* frame = &start();
     EXPECT_EQ(0, endOf([&] { frame->Close(); }));
 
-    windows.registerWindow("frmCreateProfile", [] {
-        return new wxFrame(nullptr, wxID_ANY, "editor", {}, {}, wxDEFAULT_FRAME_STYLE, "frmCreateProfile");
-    });
     childProcessId = 17;
     EXPECT_EQ(std::nullopt, endOf([&] { clickTool(*frame, "Profile Editor"); }));
-    EXPECT_TRUE(windows.isVisible("frmCreateProfile"));
+    EXPECT_TRUE(windows.isVisible(ProgramWindow::createProfile));
     EXPECT_EQ(nullptr, loadedWindow("frmMain"));
     EXPECT_EQ(std::vector<std::uint32_t>{17}, processes.terminated);
 
-    windows.showWindow("frmMain", false);
-    EXPECT_TRUE(windows.isVisible("frmMain"));
+    windows.showWindow(ProgramWindow::main, false);
+    EXPECT_TRUE(windows.isVisible(ProgramWindow::main));
 }
 
 TEST_F(MainWindow, AboutOpensItsLinks) {

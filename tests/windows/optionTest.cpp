@@ -14,7 +14,7 @@ class Options : public WindowTest {
   protected:
     void open(ModalStep step) {
         next(std::move(step));
-        windows.showWindow("frmOption", true);
+        windows.showWindow(ProgramWindow::options, true);
     }
 };
 

@@ -1,6 +1,8 @@
+#include <wx/dialog.h>
 #include <wx/frame.h>
 #include <wx/gauge.h>
 #include <wx/stattext.h>
+#include <wx/timer.h>
 #include <wx/toolbar.h>
 
 #include "app/jobList.h"
@@ -20,6 +22,20 @@ class Start : public WindowTest {
     std::string writeOneVariable() {
         return writeProfile("profiles/one.bqp", "One", "v\n.Type=Text\n.Info=i\n.Default=d\n", "$v$");
     }
+
+    /// Presses Cancel once the program tells what is running.
+    void cancelWhatRuns(std::string& told) {
+        timer_.Bind(wxEVT_TIMER, [&told](wxTimerEvent&) {
+            auto* running = loadedWindow("frmRunning");
+            if (!running || !running->IsShown()) return;
+            told = fromWx(control<wxStaticText>(*running, "runningText").GetLabelText());
+            click(*running, "cmdCancel");
+        });
+        timer_.Start(5);
+    }
+
+  private:
+    wxTimer timer_;
 };
 
 TEST_F(Start, ShowsTheMainWindowWithItsPicturesAndMeasuresTheBorders) {
@@ -71,6 +87,60 @@ TEST_F(Start, PresetsRunTheFileUnseen) {
     EXPECT_EQ(std::vector<std::string>{"frmWait"}, modals.shown);
 }
 
+TEST_F(Start, AnotherFileTakesThePlaceOfThePrompt) {
+    wxFrame& frame = start(writeOneVariable());
+    writeProfile("profiles/two.bqp", "Two",
+                 "first\n.Type=Text\n.Info=i\n.Default=x\nv\n.Type=Text\n.Info=i\n.Default=y\n", "$first$ $v$");
+    next([](wxDialog& picker) {
+        choose(picker, "profileName", 1);
+        click(picker, "cmdLoad");
+    });
+    chooseFromMenu(frame, "Add Profile");
+    pump();
+    wxWindow& prompt = *loadedWindow("frmVarProfile");
+    EXPECT_EQ("Two", dynamic_cast<wxDialog&>(prompt).GetTitle());
+    EXPECT_TRUE(frame.IsShown());
+    EXPECT_EQ(std::nullopt, endOf([&] { click(prompt, "cmdOK"); }));
+    EXPECT_EQ("echo x y", jobList.line(0));
+    EXPECT_EQ(nullptr, loadedWindow("frmVarProfile"));
+}
+
+TEST_F(Start, AFileWithoutVariablesLeavesThePromptAsItWas) {
+    start(writeOneVariable());
+    openPicked(writeProfile("profiles/none.bqp", "None", "", "none"));
+    pump();
+    EXPECT_EQ("echo none", jobList.line(0));
+    EXPECT_EQ(0, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
+    EXPECT_EQ("echo none\r\necho d\r\n", readFile("brasquelin.bat"));
+}
+
+TEST_F(Start, OkIsRefusedWhileAnotherFileIsRun) {
+    start(writeOneVariable());
+    opening.running = true;
+    EXPECT_EQ(std::nullopt, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
+    EXPECT_EQ(std::vector<std::string>{"Brasquelin: Another file is still being run."}, modals.messages);
+    opening.running = false;
+    ASSERT_NE(nullptr, loadedWindow("frmVarProfile"));
+    EXPECT_EQ(0, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
+    EXPECT_EQ("echo d\r\n", readFile("brasquelin.bat"));
+}
+
+TEST_F(Start, ALongPluginIsToldAndMayBeEnded) {
+    const std::string plugin = writeFile("plugins/slow.exe", "");
+    const std::string profile =
+        writeFile("slow.bqp", "#Brasquelin Profile Slow\n[library]\n:plugin $exepath$/plugins/slow.exe\n[/library]\n");
+    processes.endsAfterPolls = 1'000'000;
+    processes.onTerminate = [this] { processes.endsAfterPolls = 0; };
+    std::string told;
+    cancelWhatRuns(told);
+    wxFrame& frame = start(profile);
+    EXPECT_EQ("'slow.exe' is running.", told);
+    EXPECT_EQ(1U, processes.terminated.size());
+    EXPECT_TRUE(modals.messages.empty()) << "who ended it knows";
+    EXPECT_EQ(nullptr, loadedWindow("frmRunning"));
+    EXPECT_TRUE(frame.IsShown());
+}
+
 TEST_F(Start, AListIsReplayedAndEnds) {
     const std::string profile = writeOneVariable();
     const std::string line = "C:\\tools\\brasquelin.exe " + profile;
@@ -94,7 +164,7 @@ TEST_F(Start, ClosingTheMainWindowDuringAChildProcessEndsTheProgram) {
     processes.endsAfterPolls = 1000;
     const auto close = [&] {
         frame.CallAfter([&frame] { frame.Close(); });
-        shellAndWait("sleep 100", WindowStyle::hidden);
+        shellAndWait("sleep 100", WindowStyle::hidden, "x");
     };
     EXPECT_EQ(0, endOf(close));
     EXPECT_LT(processes.polls, 1000);

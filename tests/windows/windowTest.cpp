@@ -13,8 +13,6 @@
 #include <wx/toolbar.h>
 #include <wx/weakref.h>
 
-#include "app/frmMain.h"
-#include "app/registerWindows.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
@@ -111,7 +109,6 @@ WindowTest::WindowTest() {
     setProcessTable(&processes);
     setClock(&clock);
     childProcessId = 0;
-    registerWindows(windows);
     for (const char* folder : {"profiles", "libraries", "data"}) {
         std::filesystem::create_directory(directory_.path() / folder);
     }
@@ -155,7 +152,7 @@ std::string WindowTest::writeProfile(const std::string& file, const std::string&
 }
 
 wxFrame& WindowTest::start(const std::string& commandLine) {
-    startWithMainWindow(commandLine);
+    windows.start(commandLine);
     pump();
     return dynamic_cast<wxFrame&>(*loadedWindow("frmMain"));
 }
@@ -173,6 +170,15 @@ std::optional<int> WindowTest::endOf(const std::function<void()>& action) {
 void pump() {
     rethrowFromEvents();
     for (int round = 0; round < 5; ++round) wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+}
+
+wxTopLevelWindow* loadedWindow(const std::string& name) {
+    for (auto* window : wxTopLevelWindows) {
+        if (window->GetName() == toWx(name) && !wxPendingDelete.Member(window)) {
+            return static_cast<wxTopLevelWindow*>(window);
+        }
+    }
+    return nullptr;
 }
 
 wxWindow* findControl(wxWindow& window, const std::string& name) {

@@ -15,14 +15,14 @@
 #include <string>
 #include <vector>
 
-#include "platform/wx/wxDesktop.h"
+#include "app/programWindows.h"
 #include "support/fakeProcesses.h"
 #include "support/scratchDirectory.h"
 
 namespace brasquelin {
 
 /// The desktop with windows, except that file dialogs and links are scripted.
-class TestDesktop : public WxDesktop {
+class TestDesktop : public ProgramWindows {
   public:
     std::string askFile(const FileDialogRequest& request) override;
     void openLink(std::string_view target) override { links.emplace_back(target); }
@@ -88,6 +88,9 @@ class WindowTest : public testing::Test {
 
 /// Processes events until nothing is left to do.
 void pump();
+
+/// The window of the program that has this name and has not closed, or null.
+wxTopLevelWindow* loadedWindow(const std::string& name);
 
 wxWindow* findControl(wxWindow& window, const std::string& name);
 

@@ -1,9 +1,0 @@
-#include "vars/frmVarProfile.h"
-
-#include "vars/loadPrompt.h"
-
-namespace brasquelin {
-
-FrmVarProfile::FrmVarProfile() : FrmVarForm("frmVarProfile", "Profile's Var", currentPrompt(PromptKind::profile)) {}
-
-}  // namespace brasquelin
