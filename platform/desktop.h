@@ -21,6 +21,7 @@ struct FileDialogRequest {
     std::string title;
     std::string filter;     // "Text files|*.txt", pairs separated by "|"
     std::string startName;  // full name to start from; may be empty
+    std::string note = {};  // told in the dialog; may be empty
 };
 
 /// The windows that are shown without arguments.

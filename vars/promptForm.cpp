@@ -1,5 +1,7 @@
 #include "vars/promptForm.h"
 
+#include <utility>
+
 #include "platform/desktop.h"
 #include "platform/paths.h"
 #include "text/text.h"
@@ -42,11 +44,18 @@ std::string shortChoice(const std::string& chosen, bool saves) {
     return joinPath(shortPath(dirOf(chosen)), fileNameOf(chosen));
 }
 
+/// Where the file dialog of a row starts. Back-slashes that all come in pairs stand for single ones.
+std::string startOf(const PromptRow& row) {
+    if (!row.doubledBackslashes) return row.text;
+    const std::string single = replaceAll(row.text, "\\\\", "\\");
+    return replaceAll(single, "\\", "\\\\") == row.text ? single : row.text;
+}
+
 /// A cancelled input box ends the program; without a display that is a failure. True when the row was answered.
-bool askForRow(PromptRow& row) {
-    if (row.showsPath()) return browse(row);
+bool askForRow(PromptRow& row, const std::string& about) {
+    if (row.showsPath()) return browse(row, about);
     if (!row.showsText()) return false;
-    const auto answer = desktop().askText(row.label, "Brasquelin", row.text);
+    const auto answer = desktop().askText(row.label + "\r\n\r\n" + about, "Brasquelin", row.text);
     if (!answer) throw EndProgram(desktop().hasWindows() ? 0 : 1);
     row.text = *answer;
     return true;
@@ -67,14 +76,14 @@ void remember(std::string_view key, const std::string& answer) {
 }
 
 /// `key` is empty when the answer is not to be remembered. True when the row took a value.
-bool popRow(PromptRow& row, PromptKind kind, std::string_view key) {
-    if (!key.empty() && takesRemembered(row, kind)) {
+bool popRow(PromptRow& row, const PromptForm& form, std::string_view key) {
+    if (!key.empty() && takesRemembered(row, form.kind)) {
         if (auto remembered = recallValue(key)) {
             row.text = std::move(*remembered);
             return true;
         }
     }
-    if (!askForRow(row)) return false;
+    if (!askForRow(row, form.about(row))) return false;
     if (!key.empty()) remember(key, row.text);
     return true;
 }
@@ -93,18 +102,18 @@ bool takeValue(PromptRow& row, PromptKind kind, const std::string& value) {
     return true;
 }
 
-void applyPreset(PromptRow& row, PromptKind kind, const std::string& value) {
+void applyPreset(PromptRow& row, const PromptForm& form, const std::string& value) {
     if (equalIgnoringCase(value, askMarker)) {
         row.askUser = true;
         return;
     }
     bool taken = false;
     if (startsWithIgnoringCase(value, popKeyMarker)) {
-        taken = popRow(row, kind, fromCharacter(value, popKeyMarker.size() + 1));
+        taken = popRow(row, form, fromCharacter(value, popKeyMarker.size() + 1));
     } else if (equalIgnoringCase(value, popMarker)) {
-        taken = popRow(row, kind, {});
+        taken = popRow(row, form, {});
     } else {
-        taken = takeValue(row, kind, value);
+        taken = takeValue(row, form.kind, value);
     }
     if (taken) row.backdropVisible = false;
 }
@@ -142,6 +151,12 @@ std::string_view PromptForm::windowName() const {
     return kind == PromptKind::profile ? "frmVarProfile" : "frmVarFunction";
 }
 
+std::string PromptForm::about(const PromptRow& row) const {
+    const std::string_view file = kind == PromptKind::profile ? "profile" : "library";
+    const std::string variable = "Variable '" + row.name + "' of the " + std::string(file) + " '" + title + "'";
+    return row.info.empty() ? variable : variable + "\r\n" + row.info;
+}
+
 std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations) {
     std::vector<PromptRow> rows;
     rows.reserve(declarations.count());
@@ -163,25 +178,26 @@ void placeButtons(PromptForm& form) {
     constexpr int gap = 5;
     const Box backdrop = form.rows.empty() ? RowPlacement().graph1 : form.rows.back().place.graph1;
     form.cmdOK.top = form.cmdCancel.top = backdrop.bottom() + gap;
-    form.height = (backdrop.height + gap) * (static_cast<int>(form.rows.size()) + 2);
 }
 
 void applyPresets(PromptForm& form, const std::vector<std::string>& presets) {
     for (std::size_t i = 0; i < presets.size() && i < form.rows.size(); ++i) {
-        applyPreset(form.rows[i], form.kind, presets[i]);
+        applyPreset(form.rows[i], form, presets[i]);
     }
 }
 
-bool browse(PromptRow& row) {
+bool browse(PromptRow& row, std::string note) {
     const bool saves = row.dialogMode != "open";
     FileDialogRequest request;
     request.mode = saves ? FileDialogMode::save : FileDialogMode::open;
     request.title = saves ? "Save file" : "Open file";
     request.filter = row.dialogFilter;
+    request.startName = startOf(row);
+    request.note = std::move(note);
     const std::string chosen = desktop().askFile(request);
     if (chosen.empty()) return false;
     row.text = shortChoice(chosen, saves);
-    if (row.doubledBackslashes) row.text = doubleBackslashes(row.text);
+    if (row.doubledBackslashes) row.text = replaceAll(row.text, "\\", "\\\\");
     return true;
 }
 

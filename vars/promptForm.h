@@ -75,7 +75,6 @@ struct PromptForm {
     std::vector<PromptRow> rows;
     Box cmdCancel{0, 0, 2295, 375};
     Box cmdOK{2300, 0, 3240, 375};
-    int height = 0;            // without the border
     bool endsProgram = false;  // closing the window ends the program
     /// Asked before OK does anything; false, after a message, while it cannot be.
     std::function<bool()> mayConfirm;
@@ -84,19 +83,22 @@ struct PromptForm {
 
     /// "frmVarProfile" or "frmVarFunction"
     std::string_view windowName() const;
+    /// For boxes that ask for one row alone: which variable of which file, and what its declaration tells.
+    std::string about(const PromptRow& row) const;
 };
 
 /// One row per declaration, defaults filled in, placed below each other. Raises 13 or 9 for a bad default of a choice.
 std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations);
 
-/// Places the buttons below the rows and sets the height.
+/// Places the buttons below the rows.
 void placeButtons(PromptForm& form);
 
 /// Gives the rows the values of the command line, one each in order; values beyond the last row are ignored. Asks for
 /// "#pop" values. Raises 13 or 9 for a bad number of a choice, EndProgram for a cancelled input box.
 void applyPresets(PromptForm& form, const std::vector<std::string>& presets);
 
-/// Opens the row's file dialog and takes the choice, if any. True when the row changed.
-bool browse(PromptRow& row);
+/// Opens the row's file dialog at its present value and takes the choice, if any. The dialog shows the note. True when
+/// the row changed.
+bool browse(PromptRow& row, std::string note = {});
 
 }  // namespace brasquelin

@@ -84,7 +84,6 @@ TEST_F(LoadPrompt, RowsStandBelowEachOtherWithTheirOwnGaps) {
     EXPECT_EQ(last.listType.top, 30 + 4 * 380);
     EXPECT_EQ(last.graph1.top, 4 * 382);
     EXPECT_EQ(form().cmdOK.top, 4 * 382 + 380);
-    EXPECT_EQ(form().height, 380 * 7);
 }
 
 TEST_F(LoadPrompt, OkStoresEveryRow) {
@@ -140,6 +139,8 @@ TEST_F(LoadPrompt, BadNumbersOfChoicesAreErrors) {
 TEST_F(LoadPrompt, PopAsksOnceAndRemembers) {
     answerText("typed");
     load(PromptKind::profile, {"#pop:Key"});
+    EXPECT_EQ(desktop_.questions[0],
+              "Brasquelin: title=\r\n\r\nVariable 'title' of the profile '_My_tool'\r\nthe title [untitled]");
     load(PromptKind::profile, {"#POP:Key"});
     EXPECT_EQ(values()[0], "title=typed");
     EXPECT_EQ(read("pop.tmp"), "Key=typed\r\n");
@@ -180,9 +181,26 @@ TEST_F(LoadPrompt, AnAnswerThatCannotBeRememberedIsUsedAllTheSame) {
     std::filesystem::create_directory(folder() + "/pop.tmp");
     answerText("typed");
     load(PromptKind::profile, {"#pop:Key"});
+    EXPECT_EQ(desktop_.questions[0],
+              "Brasquelin: title=\r\n\r\nVariable 'title' of the profile '_My_tool'\r\nthe title [untitled]");
     EXPECT_EQ(values()[0], "title=typed");
     EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 75 : Path/File access error\r\nWhile writting '" +
                                 joinPath(programDirectory(), "pop.tmp") + "'"});
+}
+
+TEST_F(LoadPrompt, BrowsingStartsAtTheValueOfTheRow) {
+    load(PromptKind::profile);
+    auto& rows = form().rows;
+    rows[3].text = R"(C:\\a)";
+    browse(rows[3]);
+    for (const char* value : {R"(C:\\a\\b)", R"(C:\a\\b)", R"(\\\\srv\\s)", ""}) {
+        rows[4].text = value;
+        browse(rows[4], "note");
+    }
+    Lines starts;
+    for (const auto& dialog : desktop_.dialogs) starts.push_back(dialog.startName);
+    EXPECT_EQ(starts, (Lines{R"(C:\\a)", R"(C:\a\b)", R"(C:\a\\b)", R"(\\srv\s)", ""}));
+    EXPECT_EQ(desktop_.dialogs.back().note, "note");
 }
 
 TEST_F(LoadPrompt, FilesThatCannotBeOpenedEndTheProgram) {

@@ -9,7 +9,7 @@
 #include "platform/paths.h"
 #include "platform/wx/wxText.h"
 #include "text/runTimeError.h"
-#include "text/substitution.h"
+#include "text/text.h"
 #include "vars/loadPrompt.h"
 #include "windows/windowTest.h"
 
@@ -85,8 +85,9 @@ TEST_F(Prompt, OkRunsTheProfileWithWhatWasEntered) {
     });
     openPicked(writeAllKinds());
     ASSERT_EQ(1U, jobList.size());
-    EXPECT_EQ("echo höhe/" + shortPath(chosen) + "/bzip2/l/" + doubleBackslashes(joinPath(exeDirectory(), "new.log")),
-              jobList.line(0));
+    EXPECT_EQ(
+        "echo höhe/" + shortPath(chosen) + "/bzip2/l/" + replaceAll(joinPath(exeDirectory(), "new.log"), "\\", "\\\\"),
+        jobList.line(0));
     ASSERT_EQ(2U, windows.fileRequests.size());
     EXPECT_EQ("Text files|*.txt", windows.fileRequests[0].filter);
     EXPECT_EQ(FileDialogMode::save, windows.fileRequests[1].mode);
