@@ -26,6 +26,7 @@ FrmWait::FrmWait(std::function<void()> run) : ProgramDialog("frmWait", caption) 
 }
 
 FrmWait::FrmWait(ListProgress& progress) : ProgramDialog("frmWait", caption), progress_(&progress) {
+    SetExtraStyle(GetExtraStyle() | wxWS_EX_TRANSIENT);  // it may go while a prompt is open
     SetSizer(makeProgress());
     fit(FromDIP(wxSize(300, 80)));
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {

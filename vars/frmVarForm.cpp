@@ -23,6 +23,11 @@ void useFace(wxButton& button, const char* face, bool heavy) {
     button.SetFont(heavy && !found ? button.GetFont().Bold() : font);
 }
 
+/// The main window may make room for the editor while the prompt of the named file stays.
+wxWindow* parentFor(const PromptForm& form) {
+    return form.endsProgram ? nullptr : newestWindow();
+}
+
 constexpr int gapX = 5;  // between the backdrops, in twips
 constexpr int gapY = 7;
 
@@ -35,7 +40,7 @@ int heightForWindows(const wxWindow& window) {
 }  // namespace
 
 FrmVarForm::FrmVarForm(std::shared_ptr<PromptForm> form)
-    : ProgramDialog(form->windowName(), form->title), form_(std::move(form)), scale_(*this) {
+    : ProgramDialog(form->windowName(), form->title, parentFor(*form)), form_(std::move(form)), scale_(*this) {
     makeRows();
     makeButtons();
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {

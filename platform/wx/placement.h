@@ -1,13 +1,20 @@
-// Windows kept on the screen.
+// Windows kept on the screen, each over the one it was opened from.
 #pragma once
 
 class wxTopLevelWindow;
+class wxWindow;
 
 namespace brasquelin {
 
-/// Makes the window no larger than the work area of its screen and centres it, over the active window of the program
-/// where there is one.
+/// The parent of a dialog that is about to be made: the newest visible window. Null when there is none.
+wxWindow* newestWindow();
+
+/// Makes the window no larger than the work area of its screen and centres it, over the newest visible window of the
+/// program where there is one.
 void placeOnScreen(wxTopLevelWindow& window);
+
+/// For a window that places itself: centred all the same when it is shown, whatever the window manager makes of it.
+void keepCentred(wxTopLevelWindow& window);
 
 /// The frame that the desktop puts around a window, in pixels. 9999: not measured yet.
 struct BorderSizes {

@@ -8,13 +8,12 @@
 
 #include "platform/wx/application.h"
 #include "platform/wx/pictures.h"
-#include "platform/wx/placement.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
 
-ProgramDialog::ProgramDialog(std::string_view name, std::string_view caption)
-    : wxDialog(nullptr, wxID_ANY, toWx(caption), wxDefaultPosition, wxDefaultSize,
+ProgramDialog::ProgramDialog(std::string_view name, std::string_view caption, wxWindow* parent)
+    : wxDialog(parent, wxID_ANY, toWx(caption), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, toWx(name)) {
     SetIcons(programIcons());
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) { closing(event.CanVeto()); });
@@ -49,12 +48,25 @@ std::function<void()> ProgramDialog::takeLastStep() {
     return std::exchange(lastStep_, nullptr);
 }
 
+/// In sizes within the frame: what the frame takes is known only once the window is up.
 void ProgramDialog::fit(const wxSize& wanted) {
-    if (GetSizer()) GetSizer()->SetSizeHints(this);
-    wxSize size = GetSize();
-    size.IncTo(wanted);
-    SetSize(size);
+    wxSize size = wanted;
+    size.IncTo(GetSizer()->CalcMin());
+    SetClientSize(size);
+    fitMinimum();
     placeOnScreen(*this);
+    Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+        if (event.IsShown()) CallAfter(&ProgramDialog::fitMinimum);
+        event.Skip();
+    });
+}
+
+void ProgramDialog::fitMinimum() {
+    const wxSize needed = GetSizer()->CalcMin();
+    SetMinClientSize(needed);
+    wxSize size = GetClientSize();
+    size.IncTo(needed);
+    if (size != GetClientSize()) SetClientSize(size);
 }
 
 bool ProgramDialog::pressDefaultButton() {

@@ -6,13 +6,16 @@
 #include <functional>
 #include <string_view>
 
+#include "platform/wx/placement.h"
+
 namespace brasquelin {
 
 /// A resizable dialog that is found by its name. Enter presses its default button, Escape its Cancel button or its
 /// close box.
 class ProgramDialog : public wxDialog {
   public:
-    ProgramDialog(std::string_view name, std::string_view caption);
+    /// The dialog belongs to `parent`: it stays in front of it and goes with it.
+    ProgramDialog(std::string_view name, std::string_view caption, wxWindow* parent = newestWindow());
 
     /// Ends the modal loop, or hides and destroys a window that was shown modelessly.
     void closeWindow();
@@ -27,10 +30,12 @@ class ProgramDialog : public wxDialog {
     /// The close box was used or the window is unloaded (`byUser` false).
     virtual void closing(bool byUser);
 
-    /// Sets the minimum size to what the sizer needs, the size to at least `wanted`, and places the window.
+    /// Sets the minimum size to what the sizer needs, the size within the frame to at least `wanted`, and places the
+    /// window.
     void fit(const wxSize& wanted);
 
   private:
+    void fitMinimum();
     void handleKey(wxKeyEvent& event);
     bool pressDefaultButton();
 
