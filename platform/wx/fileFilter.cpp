@@ -6,6 +6,21 @@
 
 namespace brasquelin {
 
+namespace {
+
+/// ".txt" and ".log" of "*.txt;*.log"; none when a pattern stands for anything else.
+std::vector<std::string> extensionsOf(std::string_view patterns) {
+    std::vector<std::string> extensions;
+    for (const auto& part : split(patterns, ";")) {
+        const std::string pattern = replaceAll(part, " ", "");
+        if (!pattern.starts_with("*.") || pattern.find_first_of("*?[", 1) != std::string::npos) return {};
+        extensions.push_back(pattern.substr(1));
+    }
+    return extensions;
+}
+
+}  // namespace
+
 std::string fileFilter(std::string_view filter, std::string_view anyFile) {
     std::vector<std::string_view> parts = split(filter, "|");
     if (filter.empty()) parts = {"All files", "*.*"};
@@ -21,12 +36,17 @@ std::string fileFilter(std::string_view filter, std::string_view anyFile) {
     return pairs;
 }
 
-std::string extensionOfFilter(std::string_view filter, std::size_t index) {
+std::string withExtension(std::string path, std::string_view filter, std::size_t selectedPair) {
     const auto parts = split(filter, "|");
-    const std::size_t position = 2 * index + 1;
-    if (position >= parts.size() || !parts[position].starts_with("*.")) return {};
-    const std::string_view extension = parts[position].substr(1);
-    return extension.find_first_of("*?;", 1) == std::string_view::npos ? std::string(extension) : std::string();
+    for (std::size_t i = 1; i < parts.size(); i += 2) {
+        for (const auto& extension : extensionsOf(parts[i])) {
+            if (endsWithIgnoringCase(path, extension)) return path;
+        }
+    }
+    const std::size_t position = 2 * selectedPair + 1;
+    if (position >= parts.size()) return path;
+    const auto extensions = extensionsOf(parts[position]);
+    return extensions.size() == 1 ? path + extensions.front() : path;
 }
 
 }  // namespace brasquelin

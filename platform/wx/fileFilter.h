@@ -1,6 +1,7 @@
 // File-dialog filters as profiles write them, made fit for the toolkit.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,8 @@ namespace brasquelin {
 /// every file, and "*.*" becomes `anyFile`, the system's own pattern for that.
 std::string fileFilter(std::string_view filter, std::string_view anyFile);
 
-/// The extension that the pair number `index` stands for, such as ".txt"; empty when it stands for several or any.
-std::string extensionOfFilter(std::string_view filter, std::size_t index);
+/// The name that a save dialog stands for: with the extension of the selected pair of the filter, unless it ends in one
+/// of the filter's extensions already, in any letter case. A pair for several extensions or any adds none.
+std::string withExtension(std::string path, std::string_view filter, std::size_t selectedPair);
 
 }  // namespace brasquelin

@@ -9,6 +9,7 @@
 #include <wx/textdlg.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/files.h"
@@ -17,6 +18,7 @@
 #include "platform/wx/fileFilter.h"
 #include "platform/wx/frmRunning.h"
 #include "platform/wx/messageLines.h"
+#include "platform/wx/placement.h"
 #include "platform/wx/programDialog.h"
 #include "platform/wx/wxText.h"
 #include "text/runTimeError.h"
@@ -68,20 +70,13 @@ class Unloading {
 };
 
 long fileDialogStyle(FileDialogMode mode) {
-    return mode == FileDialogMode::open ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE | wxFD_OVERWRITE_PROMPT;
+    return mode == FileDialogMode::open ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE;
 }
 
 /// The directory itself or the nearest one above it that exists.
 std::string existingDirectory(std::string path) {
     while (!path.empty() && !directoryExists(path)) path = dirOf(path);
     return path;
-}
-
-/// Some desktops leave it to the program to add the extension of the chosen filter.
-std::string withExtension(std::string path, const FileDialogRequest& request, int filterIndex) {
-    const bool complete = fileNameOf(path).find('.') != std::string_view::npos;
-    if (request.mode == FileDialogMode::open || complete || filterIndex < 0) return path;
-    return path + extensionOfFilter(request.filter, static_cast<std::size_t>(filterIndex));
 }
 
 }  // namespace
@@ -125,29 +120,45 @@ void WxDesktop::hideRunning() {
 }
 
 void WxDesktop::presentMessage(std::string_view text, std::string_view title, Icon icon) {
-    wxRichMessageDialog box(nullptr, messageText(text), toWx(title), wxOK | iconStyle(icon));
+    wxRichMessageDialog box(newestWindow(), messageText(text), toWx(title), wxOK | iconStyle(icon));
+    keepCentred(box);
     showModally(box);
 }
 
 bool WxDesktop::askYesNo(std::string_view text, std::string_view title) {
-    wxRichMessageDialog box(nullptr, messageText(text), toWx(title), wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION);
+    wxRichMessageDialog box(newestWindow(), messageText(text), toWx(title), wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION);
+    box.SetEscapeId(wxID_NO);  // for the close box, too
+    keepCentred(box);
     return showModally(box) == wxID_YES;
 }
 
 std::optional<std::string> WxDesktop::askText(std::string_view prompt, std::string_view title,
                                               std::string_view defaultText) {
-    wxTextEntryDialog box(nullptr, messageText(prompt), toWx(title), toWx(defaultText));
+    wxTextEntryDialog box(newestWindow(), messageText(prompt), toWx(title), toWx(defaultText));
+    keepCentred(box);
     if (showModally(box) != wxID_OK) return std::nullopt;
     return fromWx(box.GetValue());
 }
 
+/// The dialog's own question about an existing file does not know the extension that is added behind it.
 std::string WxDesktop::askFile(const FileDialogRequest& request) {
+    FileDialogRequest next = request;
+    for (;;) {
+        const ChosenFile chosen = chooseFile(next);
+        if (request.mode == FileDialogMode::open || chosen.path.empty()) return chosen.path;
+        std::string path = withExtension(chosen.path, request.filter, chosen.filterIndex);
+        if (!fileExists(path) || askYesNo("'" + path + "' exists already. Replace it?", "Brasquelin")) return path;
+        next.startName = std::move(path);
+    }
+}
+
+WxDesktop::ChosenFile WxDesktop::chooseFile(const FileDialogRequest& request) {
     const std::string start = resolvePath(request.startName);
     const std::string filter = fileFilter(request.filter, fromWx(wxFileSelectorDefaultWildcardStr));
-    wxFileDialog dialog(nullptr, toWx(request.title), toWx(existingDirectory(dirOf(start))), toWx(fileNameOf(start)),
-                        toWx(filter), fileDialogStyle(request.mode));
+    wxFileDialog dialog(newestWindow(), toWx(request.title), toWx(existingDirectory(dirOf(start))),
+                        toWx(fileNameOf(start)), toWx(filter), fileDialogStyle(request.mode));
     if (showModally(dialog) != wxID_OK) return {};
-    return withExtension(fromWx(dialog.GetPath()), request, dialog.GetFilterIndex());
+    return {fromWx(dialog.GetPath()), static_cast<std::size_t>(std::max(0, dialog.GetFilterIndex()))};
 }
 
 void WxDesktop::copyToClipboard(std::string_view text) {

@@ -27,6 +27,13 @@ class WxDesktop : public Desktop {
     void processPendingEvents() override;
 
   protected:
+    /// What the toolkit's file dialog gives: the name as it was typed, the filter's pair that was selected.
+    struct ChosenFile {
+        std::string path;  // empty when cancelled
+        std::size_t filterIndex = 0;
+    };
+    virtual ChosenFile chooseFile(const FileDialogRequest& request);
+
     void presentMessage(std::string_view text, std::string_view title, Icon icon) override;
 
     /// False for a window that has closed, also while the toolkit still keeps it.

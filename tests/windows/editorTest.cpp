@@ -136,6 +136,24 @@ TEST_F(Editor, OpensSavesAndShowsTheFileInItsTitle) {
     EXPECT_NE(std::string::npos, modals.messages[0].find("none.bqp"));
 }
 
+TEST_F(Editor, SavingAsAsksForTheNameWithItsExtension) {
+    wxFrame& frame = open();
+    const std::string existing = writeFile("profiles/settings.bqp", "kept\n");
+    const std::string dotted = inDirectory("profiles/release-1.0");
+    windows.fileAnswers = {inDirectory("profiles/settings"), dotted};
+    chooseFromMenu(frame, "Save as ...");
+    EXPECT_EQ(std::vector<std::string>{"Brasquelin: '" + existing + "' exists already. Replace it?"}, modals.messages);
+    EXPECT_EQ("kept\r\n", readFile("profiles/settings.bqp"));
+    EXPECT_EQ(existing, windows.fileRequests.back().startName);
+    EXPECT_EQ(dotted + ".bqp", settings.profilePath);
+
+    modals.yesNo = {true};
+    windows.fileAnswers = {existing};
+    chooseFromMenu(frame, "Save as ...");
+    EXPECT_EQ(0U, readFile("profiles/settings.bqp").find("#Brasquelin Profile "));
+    EXPECT_EQ(2U, modals.messages.size());
+}
+
 TEST_F(Editor, OffersLoopsOnlyForTheCommandList) {
     wxFrame& frame = open();
     Lines captions;

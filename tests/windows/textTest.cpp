@@ -12,10 +12,16 @@ TEST(FileFilter, IsMadeFitForTheToolkit) {
     EXPECT_EQ("*.txt|*.txt", fileFilter("*.txt", "*"));
     EXPECT_EQ("All files|*", fileFilter("", "*"));
     EXPECT_EQ("Text|*.txt", fileFilter("Text|*.txt|lost", "*"));
-    EXPECT_EQ(".txt", extensionOfFilter("Text|*.txt|All|*.*", 0));
-    EXPECT_EQ("", extensionOfFilter("Text|*.txt|All|*.*", 1));
-    EXPECT_EQ("", extensionOfFilter("Both|*.txt;*.log", 0));
-    EXPECT_EQ("", extensionOfFilter("Text|*.txt", 5));
+}
+
+TEST(FileFilter, CompletesTheNameOfASaveDialog) {
+    const std::string filter = "Text|*.txt|Log|*.log; *.out|All|*.*";
+    EXPECT_EQ("release-1.0.txt", withExtension("release-1.0", filter, 0)) << "a dot is no extension of the filter";
+    for (const std::string complete : {"a.TXT", "a.log", "a.Out"}) {
+        EXPECT_EQ(complete, withExtension(complete, filter, 0));
+    }
+    for (const std::size_t pair : {1U, 2U, 3U}) EXPECT_EQ("a", withExtension("a", filter, pair));
+    EXPECT_EQ("a", withExtension("a", "", 0));
 }
 
 TEST(MessageLines, BreakBehindBlanksThenSeparatorsThenAnywhere) {

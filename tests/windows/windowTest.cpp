@@ -49,10 +49,10 @@ void send(wxWindow& target, wxEventType type, int id) {
 
 }  // namespace
 
-std::string TestDesktop::askFile(const FileDialogRequest& request) {
+TestDesktop::ChosenFile TestDesktop::chooseFile(const FileDialogRequest& request) {
     fileRequests.push_back(request);
     if (fileAnswers.empty()) return {};
-    std::string answer = fileAnswers.front();
+    ChosenFile answer{fileAnswers.front(), 0};
     fileAnswers.pop_front();
     return answer;
 }
@@ -77,7 +77,10 @@ int ModalScript::Enter(wxDialog* dialog) {
     if (!dialog) return wxID_NONE;
     if (const auto* box = dynamic_cast<wxMessageDialogBase*>(dialog)) {
         messages.push_back(fromWx(box->GetCaption()) + ": " + fromWx(box->GetMessage()));
-        return wxID_OK;
+        if (!(box->GetMessageDialogStyle() & wxYES_NO)) return wxID_OK;
+        const bool yes = !yesNo.empty() && yesNo.front();
+        if (!yesNo.empty()) yesNo.pop_front();
+        return yes ? wxID_YES : wxID_NO;
     }
     if (const int answer = answerQuestion(*dialog); answer != wxID_NONE) return answer;
     const std::string name = fromWx(dialog->GetName());

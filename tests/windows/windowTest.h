@@ -24,12 +24,14 @@ namespace brasquelin {
 /// The desktop with windows, except that file dialogs and links are scripted.
 class TestDesktop : public ProgramWindows {
   public:
-    std::string askFile(const FileDialogRequest& request) override;
     void openLink(std::string_view target) override { links.emplace_back(target); }
 
     std::deque<std::string> fileAnswers;
     std::vector<FileDialogRequest> fileRequests;
     std::vector<std::string> links;
+
+  protected:
+    ChosenFile chooseFile(const FileDialogRequest& request) override;
 };
 
 /// Rejects the empty command as the system does.
@@ -40,11 +42,13 @@ class WindowTestProcesses : public FakeProcessTable {
 
 using ModalStep = std::function<void(wxDialog&)>;
 
-/// Message boxes are written down as "title: text" and confirmed, input boxes get the next answer, each other modal
-/// window the next step, inside its own loop. A window without a step, or left open by it, fails the test.
+/// Message boxes are written down as "title: text" and confirmed, a question is answered with the next of `yesNo` or
+/// No, input boxes get the next answer, each other modal window the next step, inside its own loop. A window without a
+/// step, or left open by it, fails the test.
 class ModalScript : public wxModalDialogHook {
   public:
     std::vector<std::string> messages;
+    std::deque<bool> yesNo;
     std::deque<std::optional<std::string>> textAnswers;
     std::vector<std::string> textQuestions;
     std::deque<ModalStep> steps;
