@@ -48,7 +48,7 @@ void ProgramWindows::start(const std::string& commandLine) {
     load(ProgramWindow::main);
     startUp(commandLine, detectBorders);
     showWindow(ProgramWindow::main, false);
-    if (isLoaded(prompt_)) showModeless(*prompt_);  // in front of the main window
+    if (isLoaded(prompt_)) showModeless(*prompt_);
 }
 
 wxTopLevelWindow* ProgramWindows::loaded(ProgramWindow window) const {
@@ -92,9 +92,9 @@ void ProgramWindows::showPrompt(std::shared_ptr<PromptForm> form, bool modal) {
     prompt_ = prompt;
     if (modal) {
         showUntilClosed(*prompt);
-    } else {
+    } else if (isVisible(ProgramWindow::main)) {
         showModeless(*prompt);
-    }
+    }  // else the start shows it in front of the main window
 }
 
 void ProgramWindows::closePrompt() {

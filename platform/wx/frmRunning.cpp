@@ -13,6 +13,7 @@ namespace brasquelin {
 
 FrmRunning::FrmRunning(std::string_view what, std::function<void()> cancel)
     : ProgramDialog("frmRunning", "Wait please ..."), cancel_(std::move(cancel)) {
+    SetExtraStyle(GetExtraStyle() | wxWS_EX_TRANSIENT);  // it may go while a message is open
     constexpr std::size_t widestLine = 80;
     auto* text = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "runningText");
     text->SetLabelText(brokenIntoLines(toWxLines(what), widestLine));
