@@ -30,17 +30,10 @@ PickerList listFolder(const std::string& folder, std::string_view extension, std
     return list;
 }
 
-/// The profile editor leaves its file, or nothing, in the setting.
-std::string profileFolder() {
-    if (fileExists(settings.profilePath)) return dirOf(settings.profilePath);
-    if (settings.profilePath.empty()) readConfig(configFilePath());
-    return settings.profilePath;
-}
-
 }  // namespace
 
 PickerList listProfiles() {
-    return listFolder(profileFolder(), ".bqp", 21);
+    return listFolder(settings.profileDirectory, ".bqp", 21);
 }
 
 PickerList listLibraries() {

@@ -48,6 +48,7 @@ void takeSetting(std::string_view line) {
         const auto value = line.substr(key.text.size());
         std::string text = key.leadingBackslashRule ? withExeDirectory(value) : std::string(value);
         settings.*key.setting = text;
+        if (key.setting == &Settings::profilePath) settings.profileDirectory = text;
         lastTexts.emplace_back(key.setting, std::move(text));
         return;
     }
@@ -122,6 +123,10 @@ void readConfig(std::string_view path) {
     settings.readFrom = file;
 }
 
+std::string savedClearDirectory() {
+    return expandGlobals("$TempDir$");
+}
+
 void writeConfig(std::string_view path, const ConfigFields& fields) {
     std::vector<std::string> lines{"#Brasquelin Initialize",
                                    "",
@@ -131,7 +136,7 @@ void writeConfig(std::string_view path, const ConfigFields& fields) {
                                    "ProfilePath = " + storedPath(fields.profilePath),
                                    "PluginPath = " + storedPath(fields.pluginPath),
                                    "BasicFunctionPath = " + storedPath(fields.basicFunctionPath),
-                                   "Clear = " + expandGlobals("$TempDir$"),
+                                   "Clear = " + savedClearDirectory(),
                                    "",
                                    "[/config]",
                                    "",

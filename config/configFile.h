@@ -17,7 +17,8 @@ struct TextFile;
 
 struct Settings {
     std::string libraryPath;
-    std::string profilePath;  // the profile editor keeps its current file here, too
+    std::string profilePath;       // the profile editor keeps its current file here, too
+    std::string profileDirectory;  // what the configuration gave for it
     std::string pluginPath;
     std::string basicFunctionPath;
     std::string shellExec;
@@ -52,6 +53,10 @@ struct ConfigFields {
     std::string basicFunctionPath;
     std::vector<std::string> variables;  // name=value
 };
+
+/// The directory that the next written file will have emptied: the variable TempDir as it was last read, or
+/// "$TempDir$".
+std::string savedClearDirectory();
 
 /// Writes the file anew: paths in lower case with "$exepath$" in place of the program directory. Does not read it back.
 void writeConfig(std::string_view path, const ConfigFields& fields);

@@ -36,8 +36,12 @@ FrmOption::FrmOption() : ProgramDialog("frmOption", "Options") {
     saving->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { save(); });
     saving->SetDefault();
 
+    auto* note =
+        new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_MIDDLE, "savingNote");
+    note->SetLabelText(toWxLines(OptionsModel::savingNote()));
+    note->SetToolTip(note->GetLabelText());
     auto* closing = new wxBoxSizer(wxHORIZONTAL);
-    closing->AddStretchSpacer();
+    closing->Add(note, wxSizerFlags(1).CenterVertical().Border(wxRIGHT));
     closing->Add(cancel, wxSizerFlags().Border(wxRIGHT));
     closing->Add(saving);
     auto* all = new wxBoxSizer(wxVERTICAL);

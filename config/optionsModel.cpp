@@ -23,7 +23,7 @@ void askForChoice(const FileDialogRequest& request, std::string& choice) {
 }  // namespace
 
 OptionsModel::OptionsModel()
-    : paths_{settings.libraryPath, settings.profilePath, settings.pluginPath, settings.basicFunctionPath},
+    : paths_{settings.libraryPath, settings.profileDirectory, settings.pluginPath, settings.basicFunctionPath},
       directoryChoice_(joinPath(programDirectory(), "Select this directory")),
       fileChoice_(joinPath(programDirectory(), "Select the file")) {
     for (std::size_t i = 0; i < globalVarRows(); ++i) {
@@ -62,6 +62,14 @@ void OptionsModel::modifyVariable(std::optional<std::size_t> selected) {
     const std::string name(variable.name);
     const std::string value = ask("Change the " + name + "'s value :", std::string(variable.value));
     if (!value.empty()) variables_[*selected] = name + "=" + value;
+}
+
+std::string OptionsModel::savingNote() {
+    const std::string directory = savedClearDirectory();
+    std::string note = "The variable TempDir is not set: the next start will empty no directory.";
+    if (directory != "$TempDir$") note = "The next start will empty '" + directory + "'.";
+    if (!settings.shellExec.empty()) note += "\r\nThe launcher '" + settings.shellExec + "' will not be kept.";
+    return note;
 }
 
 void OptionsModel::save() const {

@@ -13,7 +13,8 @@ class OptionsModel {
   public:
     enum Field { library, profile, plugin, basicFunction };
 
-    /// Takes the settings as they stand in memory.
+    /// Takes the settings as they stand in memory; of the profile path what the configuration gave, for the profile
+    /// editor keeps a file there.
     OptionsModel();
 
     const std::string& path(Field field) const { return paths_[field]; }
@@ -32,6 +33,9 @@ class OptionsModel {
     void removeVariable(std::optional<std::size_t> selected);
     /// Asks for a new value; an empty answer keeps the old one.
     void modifyVariable(std::optional<std::size_t> selected);
+
+    /// What saving does beside keeping the fields: which directory the next start empties, and a launcher that goes.
+    static std::string savingNote();
 
     /// Writes the configuration file and reads it again. Raises the error of either.
     void save() const;

@@ -7,6 +7,7 @@
 #include "app/openFile.h"
 #include "app/pickers.h"
 #include "config/configFile.h"
+#include "config/optionsModel.h"
 #include "platform/codePages.h"
 #include "support/programTest.h"
 #include "vars/loadPrompt.h"
@@ -214,8 +215,12 @@ TEST_F(StartUp, PickersOfferTitlesAndFiles) {
     EXPECT_EQ(listLibraries().titles, Lines{"Say"});
     openPicked(profiles.paths[3]);
     EXPECT_EQ(jobList.lines(), Lines{"echo 1"});
-    settings.profilePath = at("ask.bqp");  // the editor's file
-    EXPECT_EQ(listProfiles().paths.size(), 5U);
+    for (const std::string& leftByTheEditor : {at("ask.bqp"), std::string()}) {
+        settings.profilePath = leftByTheEditor;
+        EXPECT_EQ(listProfiles().paths.size(), 5U);
+        EXPECT_EQ(OptionsModel().path(OptionsModel::profile), folder() + "\\p");
+        EXPECT_EQ(settings.profilePath, leftByTheEditor);
+    }
 }
 
 }  // namespace

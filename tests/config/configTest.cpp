@@ -142,6 +142,14 @@ TEST_F(Config, SavingWritesTheExactLayout) {
     EXPECT_NE(read("brasquelin.INI").find("Clear = $TempDir$\r\n"), std::string::npos);
 }
 
+TEST_F(Config, OptionsTellWhatSavingDoesBesides) {
+    readLines({"[config]", "[/config]"});
+    EXPECT_EQ(OptionsModel::savingNote(), "The variable TempDir is not set: the next start will empty no directory.");
+    readLines({"[config]", "shellexec = xterm -e", "[/config]", "[var]", "tempdir=/t", "[/var]"});
+    EXPECT_EQ(OptionsModel::savingNote(),
+              "The next start will empty '/t'.\r\nThe launcher 'xterm -e' will not be kept.");
+}
+
 TEST_F(Config, VariablesAreModifiedByPrompts) {
     readLines({"[var]", "a=1=2", "[/var]"});
     OptionsModel options;
