@@ -20,6 +20,9 @@ void AddVariable::askCombEntry() {
     const std::string label = showValueInput("Add to comb: name", {}, references_);
     if (isReference(label)) {
         fields.combEntries.push_back(label);
+        desktop().showMessage(
+            "'" + label + "' is added as it stands. A profile refuses a comb whose entries have no value in brackets.",
+            "Brasquelin", Icon::exclamation);
         return;
     }
     fields.combEntries.push_back(combEntry(label, showValueInput("Add to comb: com", {}, references_)));

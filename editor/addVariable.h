@@ -18,7 +18,8 @@ class AddVariable {
 
     /// Asks for an entry of the list; whatever is answered is added.
     void askListChoice();
-    /// Asks for an entry of the comb: its label and, unless that is one of the references, its command.
+    /// Asks for an entry of the comb: its label and, unless that is one of the references, its command. A lone
+    /// reference is added, and told to be nothing that a profile accepts.
     void askCombEntry();
 
     /// Puts a reference on the clipboard.

@@ -41,9 +41,17 @@ void saveTo(const std::string& path) {
     try {
         saveDocument(editorState.document, path);
         settings.profilePath = path;
+        editorState.document.foreign = false;
     } catch (const RunTimeError& error) {
         showCritical(error.report("\r\nWhile writting '" + path + "'"), errorTitle);
     }
+}
+
+void tellForeign(const std::string& path) {
+    desktop().showMessage("'" + path +
+                              "' is no profile: its first line is another one.\r\n"
+                              "Save asks for a file, so that it is not replaced by accident.",
+                          "Brasquelin", Icon::exclamation);
 }
 
 void addProgram(const std::string& chosen, const std::string& path) {
@@ -81,13 +89,6 @@ SelectedLine moveSelected(Move move, SelectedLine selected) {
 }  // namespace
 
 void enterEditor() {
-    // A later visit finds the file of the one before in the setting.
-    const std::string& path = settings.profilePath;
-    if (directoryExists(path)) {
-        editorState.profileDirectory = path;
-    } else if (editorState.profileDirectory.empty() && fileExists(path)) {
-        editorState.profileDirectory = dirOf(path);
-    }
     editorState.activeList = EditorList::none;
     newDocument(editorState.document);
 }
@@ -112,18 +113,20 @@ void startNewProfile() {
     newDocument(editorState.document);
 }
 
-bool openProfile() {
-    const std::string start = startIn(canSave() ? dirOf(settings.profilePath) : editorState.profileDirectory);
+void openProfile(const std::function<void()>& opened) {
+    const std::string start = startIn(canSave() ? dirOf(settings.profilePath) : settings.profileDirectory);
     const std::string path =
         desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", start});
-    if (path.empty()) return false;
+    if (path.empty()) return;
     try {
         openDocument(editorState.document, path);
-        return true;
     } catch (const RunTimeError& error) {
         showCritical(error.reportWhileLoading(path), errorTitle);
-        return false;
+        return;
     }
+    opened();
+    if (editorState.document.foreign) tellForeign(path);
+    queryPlugins(editorState.document);
 }
 
 bool canSave() {
@@ -131,11 +134,13 @@ bool canSave() {
 }
 
 void saveProfile() {
-    if (canSave()) saveTo(settings.profilePath);
+    if (!canSave()) return;
+    if (editorState.document.foreign) return saveProfileAs();
+    saveTo(settings.profilePath);
 }
 
 void saveProfileAs() {
-    const std::string proposal = proposedFileName(editorState.document, editorState.profileDirectory);
+    const std::string proposal = proposedFileName(editorState.document);
     const std::string path =
         desktop().askFile({FileDialogMode::save, "Save profile as", "Profile Files|*.bqp", proposal});
     if (!path.empty()) saveTo(path);

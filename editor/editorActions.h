@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -23,8 +24,10 @@ std::string editorTitle();
 
 // The menu "Profile". A file that cannot be read or written is reported; the document is as it was then.
 void startNewProfile();
-bool openProfile();  // true when the document is another one now
-bool canSave();      // there is a current file
+/// `opened` is called when the document is another one, before its plugins are run.
+void openProfile(const std::function<void()>& opened);
+bool canSave();  // there is a current file
+/// A file that was no profile is not replaced without a question: that is saved as by saveProfileAs.
 void saveProfile();
 void saveProfileAs();
 

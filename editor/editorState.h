@@ -12,7 +12,6 @@ struct EditorState {
     ProfileDocument document;
     EditorList activeList = EditorList::none;  // last right-clicked or double-clicked
     std::vector<std::string> lstVar;           // the references that the next value prompt offers
-    std::string profileDirectory;              // what the current file's setting held before the editor took it over
 
     void reset() { *this = EditorState(); }
 };

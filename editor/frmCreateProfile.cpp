@@ -29,13 +29,20 @@ constexpr int editDelay = 100;
 /// The window is at work: while plugins run, events come through all the same.
 class AtWork {
   public:
-    explicit AtWork(bool& busy) : busy_(busy) { busy_ = true; }
-    ~AtWork() { busy_ = false; }
+    AtWork(bool& busy, wxTextCtrl& name) : busy_(busy), name_(name) {
+        busy_ = true;
+        name_.SetEditable(false);
+    }
+    ~AtWork() {
+        busy_ = false;
+        name_.SetEditable(true);
+    }
     AtWork(const AtWork&) = delete;
     AtWork& operator=(const AtWork&) = delete;
 
   private:
     bool& busy_;
+    wxTextCtrl& name_;
 };
 
 void fillContextMenu(wxMenu& menu, bool hasSelection, bool isCommandList) {
@@ -114,7 +121,11 @@ void FrmCreateProfile::bindMenus() {
     onItem(wxID_OPEN, [this] {
         act([this] {
             const wxBusyCursor plugins;
-            if (openProfile()) showNewDocument();
+            openProfile([this] {
+                showNewDocument();
+                showDocument();
+                desktop().processPendingEvents();  // so that it is seen while its plugins run
+            });
         });
     });
     onItem(wxID_SAVE, [this] { act(saveProfile); });
@@ -200,7 +211,7 @@ void FrmCreateProfile::bindList(FrmEditorList& list) {
 void FrmCreateProfile::act(const Action& action) {
     if (busy_) return;
     {
-        const AtWork atWork(busy_);
+        const AtWork atWork(busy_, *profileName_);
         action();
     }
     showDocument();

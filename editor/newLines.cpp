@@ -1,6 +1,7 @@
 #include "editor/newLines.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "config/configFile.h"
 #include "engine/librarySection.h"
@@ -87,15 +88,23 @@ std::vector<std::string> loopLines(const std::string& name, const std::string& s
     return {"For", ".VarName=" + name, ".VarStart=" + start, ".VarEnd=" + end, ".VarStep=" + step};
 }
 
+namespace {
+
+/// What follows the folder in the path, from the separator on; nothing when the path does not lie below it.
+std::optional<std::string_view> below(std::string_view path, const std::string& folder) {
+    if (folder.empty() || !path.starts_with(folder)) return std::nullopt;
+    const auto rest = path.substr(folder.size());
+    const bool atBorder = rest.starts_with('\\') || rest.starts_with('/') || folder.back() == pathSeparator;
+    return atBorder ? std::optional(rest) : std::nullopt;
+}
+
+}  // namespace
+
 std::string includePath(std::string_view chosen, std::string_view profilePath) {
-    const std::string& programFolder = exeDirectory();
-    if (!programFolder.empty() && chosen.starts_with(programFolder)) {
-        return "$exepath$" + std::string(chosen.substr(programFolder.size()));
-    }
-    if (profilePath.empty()) return std::string(chosen);
-    const std::string profileFolder = shortPath(dirOf(profilePath));
-    if (profileFolder.empty() || !chosen.starts_with(profileFolder)) return std::string(chosen);
-    return "$scriptpath$" + std::string(chosen.substr(profileFolder.size()));
+    if (const auto rest = below(chosen, exeDirectory())) return "$exepath$" + std::string(*rest);
+    const std::string profileFolder = profilePath.empty() ? std::string() : shortPath(dirOf(profilePath));
+    if (const auto rest = below(chosen, profileFolder)) return "$scriptpath$" + std::string(*rest);
+    return std::string(chosen);
 }
 
 bool isProgramFile(std::string_view chosen) {

@@ -65,6 +65,7 @@ ProfileDocument readDocument(const std::string& path) {
     if (file->lines.empty()) throw RunTimeError(ErrorNumber::inputPastEnd, path);
     ProfileDocument document;
     document.profileName = fromCharacter(file->lines.front(), header.size() + 1);
+    document.foreign = !startsWithIgnoringCase(file->lines.front(), header);
     SectionReader reader(document);
     std::for_each(file->lines.begin() + 1, file->lines.end(), [&](const std::string& line) { reader.take(line); });
     return document;
@@ -82,17 +83,6 @@ std::vector<ProgramLine> pluginsOf(const ProfileDocument& document, const std::s
         if (startsWithIgnoringCase(line, ":plugin ")) plugins.push_back(pluginOf(line, profilePath));
     }
     return plugins;
-}
-
-void queryPlugins(const std::vector<ProgramLine>& plugins) {
-    variableTables.pluginResults[0].resetCount();
-    for (const auto& plugin : plugins) {
-        try {
-            runPlugin(plugin.path, plugin.parameters, 0);
-        } catch (const RunTimeError& error) {
-            showCritical(error.reportWhileLoading(plugin.path), errorTitle);
-        }
-    }
 }
 
 // Line groups
@@ -175,12 +165,22 @@ void newDocument(ProfileDocument& document) {
 
 void openDocument(ProfileDocument& document, const std::string& path) {
     ProfileDocument opened = readDocument(path);
-    const auto plugins = pluginsOf(opened, path);
     opened.pluginNames = document.pluginNames;
-    for (const auto& plugin : plugins) opened.pluginNames.append(pluginNameOf(plugin.path));
+    for (const auto& plugin : pluginsOf(opened, path)) opened.pluginNames.append(pluginNameOf(plugin.path));
     document = std::move(opened);
     settings.profilePath = path;
-    queryPlugins(plugins);
+    variableTables.pluginResults[0].resetCount();
+}
+
+void queryPlugins(const ProfileDocument& document) {
+    for (const auto& plugin : pluginsOf(document, settings.profilePath)) {
+        try {
+            runPlugin(plugin.path, plugin.parameters, 0);
+        } catch (const RunTimeError& error) {
+            if (error.number() == ErrorNumber::userInterrupt) continue;
+            showCritical(error.reportWhileLoading(plugin.path), errorTitle);
+        }
+    }
 }
 
 std::vector<std::string> documentLines(const ProfileDocument& document) {
@@ -199,8 +199,8 @@ void saveDocument(const ProfileDocument& document, const std::string& path) {
     saveLines(path, documentLines(document));
 }
 
-std::string proposedFileName(const ProfileDocument& document, const std::string& profileDirectory) {
-    const std::string& start = settings.profilePath.empty() ? profileDirectory : settings.profilePath;
+std::string proposedFileName(const ProfileDocument& document) {
+    const std::string& start = settings.profilePath.empty() ? settings.profileDirectory : settings.profilePath;
     return joinPath(start, document.profileName + ".bqp");
 }
 

@@ -21,6 +21,7 @@ struct ProfileDocument {
     std::vector<std::string> listVar;
     std::vector<std::string> listCommand;
     Table<std::string> pluginNames;  // what the command dialog offers; removing a line does not remove its name
+    bool foreign = false;            // opened from a file that does not begin as profiles do
 
     std::vector<std::string>& list(EditorList which);
     const std::vector<std::string>& list(EditorList which) const;
@@ -29,18 +30,21 @@ struct ProfileDocument {
 /// A document without lines and without a file. Also forgets what plugins have answered.
 void newDocument(ProfileDocument& document);
 
-/// Replaces the document by the profile at `path`, which becomes the current file. Its plugins are run to learn their
-/// variables; one that fails is reported. Their names join those that are known. Raises 62 for a file without a first
-/// line, 9 for a 257th plugin name, and the errors of opening; the document is as it was then.
+/// Replaces the document by the profile at `path`, which becomes the current file. The names of its plugins join those
+/// that are known. Raises 62 for a file without a first line, 9 for a 257th plugin name, and the errors of opening; the
+/// document is as it was then.
 void openDocument(ProfileDocument& document, const std::string& path);
+
+/// Runs the document's plugins to learn their variables; one that fails is reported.
+void queryPlugins(const ProfileDocument& document);
 
 /// The bytes of the profile file are the document's lines in their sections. Raises the error of writing.
 void saveDocument(const ProfileDocument& document, const std::string& path);
 std::vector<std::string> documentLines(const ProfileDocument& document);
 
-/// The name that "Save as ..." proposes: in the profile directory while the document has no file, else behind the
+/// The name that "Save as ..." proposes: in the configured directory while the document has no file, else behind the
 /// current file.
-std::string proposedFileName(const ProfileDocument& document, const std::string& profileDirectory);
+std::string proposedFileName(const ProfileDocument& document);
 
 /// Removes a line of the include list, or a line group of another list; nothing for an attribute line. True when
 /// something was removed.

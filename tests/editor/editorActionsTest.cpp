@@ -20,7 +20,7 @@ class EditorActions : public ProgramTest {
   protected:
     EditorActions() {
         write("profiles/a.bqp", {"#Brasquelin Profile A", "[profile]", "one", "[/profile]"});
-        settings.profilePath = folder() + "/profiles";
+        settings.profilePath = settings.profileDirectory = folder() + "/profiles";
         enterEditor();
     }
 
@@ -48,7 +48,7 @@ TEST_F(EditorActions, TheCurrentFileTakesTheConfiguredDirectorysPlace) {
     EXPECT_FALSE(canSave());
 
     answerFile(profile());
-    openProfile();
+    openProfile([] {});
     EXPECT_EQ(desktop_.dialogs.back().startName, joinPath(folder() + "/profiles", ""));
     EXPECT_EQ(document.listCommand, Lines{"one"});
     EXPECT_EQ(editorTitle(), "a.bqp - Profile Editor");
@@ -73,9 +73,9 @@ TEST_F(EditorActions, SavesUnderANewNameAndThenThere) {
 
 TEST_F(EditorActions, FailuresNameTheFileAndKeepTheDocument) {
     answerFile(profile());
-    openProfile();
+    openProfile([] {});
     answerFile(folder() + "/none.bqp");
-    openProfile();
+    openProfile([] {});
     answerFile(folder() + "/none/x.bqp");
     saveProfileAs();
     EXPECT_EQ(messages(),
@@ -85,12 +85,40 @@ TEST_F(EditorActions, FailuresNameTheFileAndKeepTheDocument) {
     EXPECT_EQ(settings.profilePath, profile());
 }
 
+TEST_F(EditorActions, AFileThatIsNoProfileIsReplacedOnlyAfterAQuestion) {
+    write("letter.txt", {"Dear reader,", "[profile]", "line"});
+    const std::string bytes = read("letter.txt");
+    answerFile(folder() + "/letter.txt");
+    openProfile([] {});
+    ASSERT_EQ(messages().size(), 1U);
+    EXPECT_NE(messages()[0].find("letter.txt' is no profile"), std::string::npos);
+    saveProfile();
+    EXPECT_EQ(desktop_.dialogs.back().title, "Save profile as");
+    EXPECT_EQ(read("letter.txt"), bytes);
+    answerFile(folder() + "/letter.bqp");
+    saveProfile();
+    saveProfile();
+    EXPECT_EQ(desktop_.dialogs.size(), 3U);
+    EXPECT_TRUE(exists("letter.bqp"));
+    openProfile([] {});
+    EXPECT_EQ(messages().size(), 1U);
+}
+
+TEST_F(EditorActions, TheOpenedProfileIsShownBeforeItsPluginsRun) {
+    write("p.bqp", {"#Brasquelin Profile Pp", "[library]", ":plugin $scriptpath$/slow.exe", "[/library]"});
+    answerFile(folder() + "/p.bqp");
+    std::string order;
+    onCommand("slow.exe", [&] { order += "plugin "; });
+    openProfile([&] { order += document.profileName + " "; });
+    EXPECT_EQ(order, "Pp plugin ");
+}
+
 TEST_F(EditorActions, AFileThatIsNoTextIsNotOpened) {
     answerFile(profile());
-    openProfile();
+    openProfile([] {});
     writeBytes("binary.bqp", std::string("#Brasquelin Profile x\n\0\1\2", 25));
     answerFile(folder() + "/binary.bqp");
-    EXPECT_FALSE(openProfile());
+    openProfile([] { FAIL(); });
     EXPECT_EQ(document.listCommand, Lines{"one"});
     EXPECT_EQ(settings.profilePath, profile());
     ASSERT_EQ(messages().size(), 1U);
@@ -215,6 +243,7 @@ TEST_F(EditorActions, ADeclarationCollectsItsChoices) {
     inputs = {"a", "$INDEX$", "$out$", "fast", "-O2"};
     dialog.askListChoice();
     for (int i = 0; i < 3; ++i) dialog.askCombEntry();
+    EXPECT_EQ(messages().size(), 2U) << "a lone reference is told to be refused";
     dialog.askListChoice();  // cancelled
     EXPECT_EQ(dialog.fields.listChoices, (Lines{"a", "Canceled"}));
     EXPECT_EQ(dialog.fields.combEntries, (Lines{"$INDEX$", "$out$", "fast[-O2]"}));
@@ -253,7 +282,7 @@ TEST_F(EditorActions, EverySampleProfileComesBackAsItWas) {
         std::string bytes = readFileBytes(file.path().string());
         writeBytes("sample.bqp", bytes);
         answerFile(folder() + "/sample.bqp");
-        openProfile();
+        openProfile([] {});
         saveProfile();
         EXPECT_EQ(read("sample.bqp"), bytes) << file.path();
         ++samples;

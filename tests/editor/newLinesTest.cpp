@@ -65,6 +65,10 @@ TEST_F(NewLines, PathsBecomeRelativeToTheProgramFirst) {
     setProgramDirectory(folder() + "/profiles");
     EXPECT_EQ(includePath(folder() + "/b.bqs", folder() + "/a.bqp"), "$scriptpath$/b.bqs");
     EXPECT_EQ(includePath(folder() + "/b.bqs", ""), folder() + "/b.bqs");
+    write("odd/a.bqp", {});
+    for (const std::string beside : {"/profiles2/b.bqp", "/oddity/b.bqp"}) {
+        EXPECT_EQ(includePath(folder() + beside, folder() + "/odd/a.bqp"), folder() + beside);
+    }
 }
 
 TEST_F(NewLines, ProgramLinesCarryTheirParameters) {

@@ -31,7 +31,7 @@ TEST_F(ProfileDocumentTest, SavesNothingButTheProfileSectionOfAnEmptyDocument) {
 }
 
 TEST_F(ProfileDocumentTest, FramesOnlyTheVariablesWithEmptyLines) {
-    document = {"Caf\xc3\xa9", {":Include a.bqs"}, {"x", ".Type=Text"}, {"Next"}, {}};
+    document = {"Caf\xc3\xa9", {":Include a.bqs"}, {"x", ".Type=Text"}, {"Next"}, {}, false};
     EXPECT_EQ(documentLines(document), (Lines{"#Brasquelin Profile Caf\xc3\xa9",
                                               "",
                                               "",
@@ -143,6 +143,8 @@ TEST_F(ProfileDocumentTest, OpeningAsksThePluginsForTheirVariables) {
     onCommand("zip.exe", [&] { write("zip.var", {"level = 9", "files = 3"}); });
     open({"#Brasquelin Profile P", "[library]", ":PLUGIN $ExePath$/zip.exe [Param=-x \"a b\"]",
           ":plugin $scriptpath$/silent.exe", ":check $exepath$/check.exe", "[/library]"});
+    EXPECT_TRUE(commands().empty());
+    queryPlugins(document);
     EXPECT_EQ(commands(), (Lines{"\"" + folder() + "/zip.exe\" -x \"a b\"", "\"" + folder() + "/silent.exe\" "}));
     ASSERT_EQ(document.pluginNames.count(), 2U);
     EXPECT_EQ(document.pluginNames.row(0), "zip");
@@ -224,9 +226,10 @@ TEST_F(ProfileDocumentTest, MovesUpTo256GroupsOf256Lines) {
 }
 
 TEST_F(ProfileDocumentTest, ProposesAFileInTheProfileDirectoryOrBehindTheCurrentFile) {
-    EXPECT_EQ(proposedFileName(document, "/profiles"), joinPath("/profiles", "newprofile.bqp"));
+    settings.profileDirectory = "/profiles";
+    EXPECT_EQ(proposedFileName(document), joinPath("/profiles", "newprofile.bqp"));
     settings.profilePath = "/profiles/a.bqp";
-    EXPECT_EQ(proposedFileName(document, "/profiles"), joinPath("/profiles/a.bqp", "newprofile.bqp"));
+    EXPECT_EQ(proposedFileName(document), joinPath("/profiles/a.bqp", "newprofile.bqp"));
 }
 
 TEST_F(ProfileDocumentTest, AHundredThousandLinesOpenAndSaveQuickly) {

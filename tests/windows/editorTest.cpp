@@ -334,6 +334,8 @@ TEST_F(Editor, WaitsForItsPluginsWithoutLosingItsDocument) {
     writeFile("profiles/p.bqp", "#Brasquelin Profile P\n[library]\n:Plugin $exepath$/tool.exe\n[/library]\n");
     processes.actions.emplace_back("tool.exe", [&] {
         writeFile("tool.var", "files = 3\n");
+        EXPECT_EQ(1, list(frame, "listInclude").GetItemCount()) << "the new document is shown already";
+        EXPECT_FALSE(control<wxTextCtrl>(frame, "profileName").IsEditable());
         frame.Close();  // while the plugin runs
         chooseFromMenu(frame, "New");
     });
@@ -344,6 +346,7 @@ TEST_F(Editor, WaitsForItsPluginsWithoutLosingItsDocument) {
     EXPECT_TRUE(windows.isVisible(ProgramWindow::createProfile));
     EXPECT_EQ(1, list(frame, "listInclude").GetItemCount());
     EXPECT_EQ("p.bqp - Profile Editor", frame.GetTitle());
+    EXPECT_TRUE(control<wxTextCtrl>(frame, "profileName").IsEditable());
     next([](wxDialog& window) {
         auto& references = control<wxListBox>(window, "List1");
         EXPECT_EQ("$files$", references.GetString(5));
