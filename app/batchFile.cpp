@@ -33,7 +33,11 @@ void writeBatchFile() {
 
 void runBatchAndWait() {
     writeBatchFile();
-    shellAndWait(batchCommand(" "), WindowStyle::normalWithFocus, "The job list");
+    try {
+        shellAndWait(batchCommand(" "), WindowStyle::normalWithFocus, "The job list");
+    } catch (const RunTimeError& error) {  // whoever reports it names the batch file
+        throw error.because("'" + error.path() + "'");
+    }
     if (childCancelled()) throw EndProgram(1);
 }
 

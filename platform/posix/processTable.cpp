@@ -5,72 +5,20 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "batchRunner.h"
 #include "platform/childProcess.h"
 #include "platform/clock.h"
-#include "platform/files.h"
-#include "platform/paths.h"
+#include "platform/posix/shellCommand.h"
 #include "platform/posix/systemError.h"
-#include "text/text.h"
 
 extern char** environ;
 
 namespace brasquelin {
 
 namespace {
-
-/// The word as the shell reads it back unchanged.
-std::string quoted(std::string_view word) {
-    return "'" + replaceAll(word, "'", "'\\''") + "'";
-}
-
-bool isOnSearchPath(const std::string& name) {
-    const char* searched = std::getenv("PATH");
-    if (searched == nullptr || name.empty() || name.find_first_of("\\/") != std::string::npos) return false;
-    for (const auto directory : split(searched, ":")) {
-        const std::string program = joinPath(directory.empty() ? "." : directory, name);
-        if (access(program.c_str(), X_OK) == 0 && !directoryExists(program)) return true;
-    }
-    return false;
-}
-
-/// What the shell starts without searching: a bare name stands for a file of the current directory here.
-std::string withDirectory(const std::string& path) {
-    return path.find('/') == std::string::npos ? joinPath(".", path) : path;
-}
-
-/// A command that begins with a quoted program: the program is resolved, the rest stays.
-std::string resolveQuotedProgram(std::string_view command) {
-    const auto closing = command.find('"', 1);
-    if (closing == std::string_view::npos) return std::string(command);
-    const std::string program(command.substr(1, closing - 1));
-    const std::string resolved = resolveProgram(program);
-    if (resolved.empty() && isOnSearchPath(program)) return std::string(command);
-    if (resolved.empty()) throw RunTimeError(ErrorNumber::fileNotFound, program);
-    if (directoryExists(resolved) || access(resolved.c_str(), X_OK) != 0) {
-        throw RunTimeError(ErrorNumber::permissionDenied, program);
-    }
-    return quoted(withDirectory(resolved)) + std::string(command.substr(closing + 1));
-}
-
-/// The batch file that is the whole command, in quotes or not; empty when it is anything else.
-std::string_view batchFileOf(std::string_view command) {
-    if (command.size() > 1 && command.starts_with('"') && command.find('"', 1) == command.size() - 1) {
-        command = command.substr(1, command.size() - 2);
-    }
-    return endsWithIgnoringCase(command, ".bat") && fileExists(command) ? command : std::string_view();
-}
-
-std::vector<std::string> argumentsFor(std::string_view command) {
-    const std::string_view batchFile = batchFileOf(command);
-    if (!batchFile.empty()) return {"/bin/sh", "-c", batchRunner, "brasquelin-batch", resolvePath(batchFile)};
-    return {"/bin/sh", "-c", command.starts_with('"') ? resolveQuotedProgram(command) : std::string(command)};
-}
 
 /// How children are started: in a group of their own, so that they end together. A child that may read the terminal
 /// stays in the program's group, for the terminal stops all others that read it.
@@ -113,7 +61,7 @@ class SystemProcessTable : public ProcessTable {
 std::uint32_t SystemProcessTable::start(std::string_view command, WindowStyle /*style*/) {
     collectEnded();
     if (command.empty()) throw RunTimeError(ErrorNumber::invalidCall);
-    std::vector<std::string> arguments = argumentsFor(command);
+    std::vector<std::string> arguments = shellArguments(command);
     std::vector<char*> pointers;
     pointers.reserve(arguments.size() + 1);
     for (auto& argument : arguments) pointers.push_back(argument.data());

@@ -10,8 +10,11 @@
 #include <iterator>
 #include <map>
 
+#include "app/batchFile.h"
+#include "app/jobList.h"
 #include "app/startUp.h"
 #include "config/clearDirectory.h"
+#include "config/configFile.h"
 #include "config/registerFileTypes.h"
 #include "platform/childProcess.h"
 #include "platform/codePages.h"
@@ -191,6 +194,47 @@ TEST_F(Posix, ProgramsAreFoundWithoutTheirExtensionAndErrorsAreTold) {
         EXPECT_EQ(errorOf([&] { start("\"" + folder() + "/plain.exe\" x"); }), ErrorNumber::permissionDenied);
     }
     EXPECT_EQ(errorOf([&] { start(""); }), ErrorNumber::invalidCall);
+}
+
+TEST_F(Posix, TheFirstWordOfACommandIsLookedUp) {
+    makeProgram("tool", "echo \"$1\" > \"$(dirname \"$0\")/out.txt\"\n");
+    write("plain", {"no program"});
+    changeDirectory(folder());
+    runForReal("./Tool.EXE 'a  b'");
+    EXPECT_EQ(read("out.txt"), "a  b\n");
+    auto& table = systemProcessTable();
+    const auto start = [&](const std::string& command) {
+        const auto child = table.start(command, WindowStyle::hidden);
+        while (table.isRunning(child)) usleep(2000);
+    };
+    const std::string none = "brasquelin-none";
+    for (const auto& command : {none + " -e x", " " + none + " \"a;b\" 'c|d' \\;", "./" + none, "'./" + none + "'"}) {
+        EXPECT_EQ(errorOf([&] { start(command); }), ErrorNumber::fileNotFound) << command;
+    }
+    for (const auto* command : {"./plain x", "./ x"}) {
+        EXPECT_EQ(errorOf([&] { start(command); }), ErrorNumber::permissionDenied) << command;
+    }
+    // What the shell itself knows, or what only it can take apart.
+    for (const auto& command :
+         {std::string("exit 3"), std::string("if true; then exit; fi"), "x=1 " + none + " 2>/dev/null",
+          none + " 2>/dev/null || exit", std::string("$brasquelin_none"), std::string("[ x ]")}) {
+        EXPECT_NO_THROW(start(command)) << command;
+    }
+}
+
+TEST_F(Posix, ALauncherThatIsMissingLeavesTheJobListAlone) {
+    setProcessTable(nullptr);
+    settings.shellExec = "brasquelin-none -e";
+    jobList.append("echo a");
+    EXPECT_EQ(errorOf(executeJobList), ErrorNumber::fileNotFound);
+    EXPECT_EQ(jobList.size(), 1U);
+    write("Brasquelin.ini", {"[config]", "ShellExec = brasquelin-none -e", "[/config]"});
+    write("list.txt", {});
+    desktop_.windows = false;
+    startUp("-f " + folder() + "/list.txt");
+    EXPECT_EQ(messages(), std::vector<std::string>{"Brasquelin Error: Error 53 : File not found\r\nWhile writting '" +
+                                                   folder() + "/brasquelin.bat'\r\n'brasquelin-none'"});
+    EXPECT_TRUE(desktop_.hadFailure());
 }
 
 TEST_F(Posix, ChildrenAreEndedOnceAndOnlyIfTheyAreOurs) {

@@ -148,6 +148,16 @@ TEST_F(MainWindow, ExecutingTheJobListWritesStartsAndEnds) {
     EXPECT_EQ(1U, processes.commands.size());
 }
 
+TEST_F(MainWindow, ALauncherThatCannotBeStartedIsOnlyAMessage) {
+    wxFrame& frame = start();
+    jobList.append("echo one");
+    processes.actions.emplace_back("brasquelin.bat", [] { throw RunTimeError(ErrorNumber::fileNotFound, "xterm"); });
+    EXPECT_EQ(std::nullopt, endOf([&] { clickTool(frame, "Execute Joblist"); }));
+    EXPECT_EQ(std::vector<std::string>{"Brasquelin Error: Error 53 : File not found\n'xterm'"}, modals.messages);
+    EXPECT_EQ(1U, jobList.size());
+    EXPECT_TRUE(frame.IsShown());
+}
+
 TEST_F(MainWindow, CommandsRestWhileAFileIsRun) {
     wxFrame& frame = start();
     opening.running = true;
