@@ -35,7 +35,8 @@ std::uint32_t startCommand(std::string_view command, WindowStyle style) {
 }
 
 void shellAndWait(std::string_view command, WindowStyle style, std::string_view what) {
-    const std::uint32_t processId = startCommand(command, style);
+    const std::uint32_t processId = processTable().startToWaitFor(command, style);
+    forgetTextFiles();
     childProcessId = processId;
     cancelled = false;
     WaitingNotice notice(std::string(what) + " is running.", cancelChild);

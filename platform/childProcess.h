@@ -17,6 +17,9 @@ class ProcessTable {
     /// Starts a command and gives its process id. An empty command is error 5, a program that is missing error 53, one
     /// that may not be run error 70.
     virtual std::uint32_t start(std::string_view command, WindowStyle style) = 0;
+    /// The same for a process that the program waits for: it ends with the program, also when the system or the user
+    /// ends that (TERM, INT and HUP; a console that is closed).
+    virtual std::uint32_t startToWaitFor(std::string_view command, WindowStyle style) { return start(command, style); }
     /// False when the process has ended or was not started here.
     virtual bool isRunning(std::uint32_t processId) = 0;
     /// True when the process was ended by this call.

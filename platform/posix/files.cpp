@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "platform/paths.h"
+#include "platform/posix/endingSignals.h"
 #include "platform/posix/systemError.h"
 #include "platform/textFiles.h"
 #include "text/substitution.h"
@@ -111,6 +112,7 @@ void replaceFile(std::string_view path, std::string_view bytes, bool durable) {
     if (directoryExists(target)) raise(EISDIR, FileUse::writing, path);
     struct stat status {};
     if (stat(target.c_str(), &status) == 0 && access(target.c_str(), W_OK) != 0) raise(errno, FileUse::writing, path);
+    const SignalHold hold;  // no half-written file stays behind
     std::string temporary = target + ".XXXXXX";
     Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
     if (!file) raise(errno, FileUse::writing, path);

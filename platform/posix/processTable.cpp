@@ -5,14 +5,15 @@
 
 #include <cerrno>
 #include <csignal>
-#include <set>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "platform/childProcess.h"
-#include "platform/clock.h"
+#include "platform/posix/endingSignals.h"
 #include "platform/posix/shellCommand.h"
 #include "platform/posix/systemError.h"
+#include "platform/posix/terminalLoan.h"
 
 extern char** environ;
 
@@ -20,17 +21,17 @@ namespace brasquelin {
 
 namespace {
 
-/// How children are started: in a group of their own, so that they end together. A child that may read the terminal
-/// stays in the program's group, for the terminal stops all others that read it.
+/// How children are started: with the signals as the program found them.
 class SpawnAttributes {
   public:
-    explicit SpawnAttributes(bool ownGroup) {
+    SpawnAttributes(bool ownGroup, const sigset_t& mask) {
         posix_spawnattr_init(&attributes_);
         sigset_t defaults;
         sigemptyset(&defaults);
         sigaddset(&defaults, SIGPIPE);
         posix_spawnattr_setsigdefault(&attributes_, &defaults);
-        int flags = POSIX_SPAWN_SETSIGDEF;
+        posix_spawnattr_setsigmask(&attributes_, &mask);
+        int flags = POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK;
         if (ownGroup) flags |= POSIX_SPAWN_SETPGROUP;
         posix_spawnattr_setflags(&attributes_, static_cast<short>(flags));
     }
@@ -43,22 +44,52 @@ class SpawnAttributes {
     posix_spawnattr_t attributes_{};
 };
 
+/// What a child does before it becomes another program.
+class SpawnActions {
+  public:
+    explicit SpawnActions(bool takesTerminal) {
+        posix_spawn_file_actions_init(&actions_);
+        if (takesTerminal) posix_spawn_file_actions_addtcsetpgrp_np(&actions_, STDIN_FILENO);
+    }
+    ~SpawnActions() { posix_spawn_file_actions_destroy(&actions_); }
+    SpawnActions(const SpawnActions&) = delete;
+    SpawnActions& operator=(const SpawnActions&) = delete;
+    const posix_spawn_file_actions_t* get() const { return &actions_; }
+
+  private:
+    posix_spawn_file_actions_t actions_{};
+};
+
 /// The children that have not been collected yet. Until then the system does not give their ids to anybody else.
 class SystemProcessTable : public ProcessTable {
   public:
     std::uint32_t start(std::string_view command, WindowStyle style) override;
+    std::uint32_t startToWaitFor(std::string_view command, WindowStyle style) override;
     bool isRunning(std::uint32_t processId) override;
     bool terminate(std::uint32_t processId) override;
 
   private:
+    struct Child {
+        bool ownGroup = false;
+        bool waitedFor = false;
+    };
+    std::uint32_t spawn(std::string_view command, Child kind);
     void collectEnded();
-    bool endsWithin(std::uint32_t processId, pid_t target, std::uint32_t milliseconds);
 
-    std::set<std::uint32_t> children_;
-    bool ownGroups_ = isatty(STDIN_FILENO) == 0;
+    std::map<std::uint32_t, Child> children_;
 };
 
+/// Nobody waits, so the terminal is not lent: a child that may read it stays in the program's group.
 std::uint32_t SystemProcessTable::start(std::string_view command, WindowStyle /*style*/) {
+    return spawn(command, {isatty(STDIN_FILENO) == 0, false});
+}
+
+/// Always a group of its own, so that everything in it ends together.
+std::uint32_t SystemProcessTable::startToWaitFor(std::string_view command, WindowStyle /*style*/) {
+    return spawn(command, {true, true});
+}
+
+std::uint32_t SystemProcessTable::spawn(std::string_view command, Child kind) {
     collectEnded();
     if (command.empty()) throw RunTimeError(ErrorNumber::invalidCall);
     std::vector<std::string> arguments = shellArguments(command);
@@ -66,49 +97,53 @@ std::uint32_t SystemProcessTable::start(std::string_view command, WindowStyle /*
     pointers.reserve(arguments.size() + 1);
     for (auto& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
-    const SpawnAttributes attributes(ownGroups_);
+    const SignalHold hold;
+    const bool takesTerminal = kind.waitedFor && ownsTerminal();
+    const SpawnAttributes attributes(kind.ownGroup, hold.before());
+    const SpawnActions actions(takesTerminal);
     pid_t child = 0;
-    const int error = posix_spawn(&child, "/bin/sh", nullptr, attributes.get(), pointers.data(), environ);
+    const int error = posix_spawn(&child, "/bin/sh", actions.get(), attributes.get(), pointers.data(), environ);
     if (error != 0) raise(error, FileUse::reading, "/bin/sh");
+    if (kind.waitedFor) endWithProgram(child);
+    if (takesTerminal) noteTerminalLent(child);
     const auto processId = static_cast<std::uint32_t>(child);
-    children_.insert(processId);
+    children_[processId] = kind;
     return processId;
 }
 
 bool SystemProcessTable::isRunning(std::uint32_t processId) {
-    if (!children_.contains(processId)) return false;
+    const auto known = children_.find(processId);
+    if (known == children_.end()) return false;
+    const auto child = static_cast<pid_t>(processId);
+    const bool waitedFor = known->second.waitedFor;
     int status = 0;
-    const pid_t collected = waitpid(static_cast<pid_t>(processId), &status, WNOHANG);
-    if (collected == 0 || (collected < 0 && errno == EINTR)) return true;
-    children_.erase(processId);
+    {
+        const SignalHold hold;
+        const pid_t collected = waitpid(child, &status, waitedFor ? WNOHANG | WUNTRACED : WNOHANG);
+        if (collected == 0 || (collected < 0 && errno == EINTR)) return true;
+        const bool stopped = collected == child && WIFSTOPPED(status);
+        if (!stopped && waitedFor) endWithProgram(0);
+        if (!stopped) children_.erase(known);
+    }
+    if (WIFSTOPPED(status)) stopWithChild(child, WSTOPSIG(status));
+    if (WIFSTOPPED(status)) return true;
+    endTerminalLoan(child, status);
     return false;
 }
 
 bool SystemProcessTable::terminate(std::uint32_t processId) {
-    constexpr std::uint32_t grace = 500;  // milliseconds to clean up in
     if (!isRunning(processId)) return false;
-    const auto child = static_cast<pid_t>(processId);
-    const pid_t target = ownGroups_ ? -child : child;
-    if (kill(target, SIGTERM) != 0) return false;
-    if (!endsWithin(processId, target, grace)) {
-        kill(target, SIGKILL);
-        endsWithin(processId, target, grace);
-    }
+    const SignalHold hold;
+    endChild(static_cast<pid_t>(processId), children_[processId].ownGroup);
+    if (children_[processId].waitedFor) endWithProgram(0);
+    children_.erase(processId);
+    takeTerminalBack();
     return true;
 }
 
-/// True once the child was collected and nothing is left of its group.
-bool SystemProcessTable::endsWithin(std::uint32_t processId, pid_t target, std::uint32_t milliseconds) {
-    constexpr std::uint32_t step = 10;
-    for (std::uint32_t waited = 0;; waited += step) {
-        const bool ended = !isRunning(processId) && (target > 0 || kill(target, 0) != 0);
-        if (ended || waited >= milliseconds) return ended;
-        clockInUse().sleep(step);
-    }
-}
-
 void SystemProcessTable::collectEnded() {
-    const std::vector<std::uint32_t> known(children_.begin(), children_.end());
+    std::vector<std::uint32_t> known;
+    for (const auto& [processId, child] : children_) known.push_back(processId);
     for (const auto processId : known) isRunning(processId);
 }
 

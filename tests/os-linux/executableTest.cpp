@@ -1,9 +1,14 @@
 // The program itself, as a child process without a display, in a copy of its own directory.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <pty.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 
+#include "os-linux/processState.h"
 #include "support/programTest.h"
 
 #ifdef BRASQUELIN_PROGRAM
@@ -68,6 +73,92 @@ TEST_F(Executable, TellsOnStandardErrorWhatItCannotDo) {
     EXPECT_EQ(run("x.bqp"), 1);
     EXPECT_EQ(read("err.txt"), "Brasquelin: Error : unknown function 'Nobody' in file 'x.bqp' at line 3\n");
     EXPECT_FALSE(exists("brasquelin.bat"));
+}
+
+/// The program while its batch runs: "sh job.sh", from a list, at a terminal of its own or without one.
+class RunningExecutable : public Executable {
+  protected:
+    ~RunningExecutable() override {
+        if (program_ > 0) kill(program_, SIGKILL);
+        if (terminal_ >= 0) close(terminal_);
+    }
+
+    void start(const std::string& job, bool atTerminal) {
+        write("say.bqs", {"#Brasquelin Library  Say", "[var]", "text", ".Type=Text", ".Info=none", "[/var]",
+                          "[command]", "type=shell", "command=$text$", "[/command]"});
+        write("list.txt", {"/x/brasquelin $exepath$/say.bqs 001=sh job.sh"});
+        writeBytes("job.sh", job);
+        if (terminal_ >= 0) close(terminal_);
+        terminal_ = -1;
+        program_ = atTerminal ? forkpty(&terminal_, nullptr, nullptr, nullptr) : fork();
+        if (program_ == 0) runProgram(atTerminal);
+    }
+    void runProgram(bool atTerminal) const {
+        if (chdir(folder().c_str()) != 0) _exit(99);
+        const int null = open("/dev/null", O_RDWR);
+        for (int descriptor = 0; !atTerminal && descriptor < 3; ++descriptor) dup2(null, descriptor);
+        unsetenv("DISPLAY");
+        unsetenv("WAYLAND_DISPLAY");
+        setenv("XDG_DATA_HOME", "/dev/null/none", 1);
+        execl("./brasquelin", "brasquelin", "-f", "list.txt", nullptr);
+        _exit(99);
+    }
+
+    /// The process that the job noted.
+    pid_t notedProcess() const {
+        for (int i = 0; i < 2000 && read("id.txt").find('\n') == std::string::npos; ++i) usleep(5000);
+        return std::atoi(read("id.txt").c_str());
+    }
+    /// The signal that ended the program, 0 when it ended by itself, -1 when it goes on.
+    int endingSignal() {
+        int status = 0;
+        for (int i = 0; i < 2000; ++i) {
+            if (waitpid(program_, &status, WNOHANG) == program_) {
+                program_ = 0;
+                return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+            }
+            usleep(5000);
+        }
+        return -1;
+    }
+
+    pid_t program_ = 0;
+    int terminal_ = -1;
+};
+
+TEST_F(RunningExecutable, SignalsEndTheBatchAndThenTheProgram) {
+    const std::string job =
+        "trap 'sleep 0.1; echo cleaned > cleaned.txt; exit' TERM\n"
+        "sleep 1000 & echo $! > id.txt; wait\n";
+    for (const bool atTerminal : {false, true}) {
+        for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+            start(job, atTerminal);
+            const pid_t sleeper = notedProcess();
+            ASSERT_GT(sleeper, 0);
+            kill(program_, signal);
+            EXPECT_EQ(endingSignal(), signal) << atTerminal;
+            EXPECT_TRUE(ends(sleeper)) << signal << atTerminal;
+            EXPECT_TRUE(exists("cleaned.txt")) << signal << atTerminal;
+            kill(sleeper, SIGKILL);
+            remove("id.txt");
+            remove("cleaned.txt");
+        }
+    }
+}
+
+TEST_F(RunningExecutable, ABatchReadsTheTerminalAndItsKeysReachTheProgram) {
+    start("echo $$ > id.txt; read line; echo \"<$line>\" > got.txt\n", true);
+    ASSERT_GT(notedProcess(), 0);
+    EXPECT_EQ(::write(terminal_, "hello\n", 6), 6);
+    EXPECT_EQ(endingSignal(), 0);
+    EXPECT_EQ(read("got.txt"), "<hello>\n");
+    remove("id.txt");
+    start("sleep 1000 & echo $! > id.txt; read line\n", true);
+    const pid_t sleeper = notedProcess();
+    EXPECT_EQ(::write(terminal_, "\x03", 1), 1);
+    EXPECT_EQ(endingSignal(), SIGINT);
+    EXPECT_TRUE(ends(sleeper));
+    kill(sleeper, SIGKILL);
 }
 
 }  // namespace
