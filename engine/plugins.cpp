@@ -4,6 +4,7 @@
 #include "platform/childProcess.h"
 #include "platform/files.h"
 #include "platform/textFiles.h"
+#include "text/substitution.h"
 #include "text/text.h"
 #include "vars/variableTables.h"
 
@@ -42,7 +43,14 @@ void collectResults(const std::string& path, std::string_view programPath, Table
     forgetTextFiles();
 }
 
+/// A name without room for the ending has no result file: the path would lead to another file.
+bool namesProgram(std::string_view programPath) {
+    const std::string name = fileNameOf(programPath);
+    return name.size() >= extensionLength && name.find_first_not_of(' ') != std::string::npos;
+}
+
 void runProgram(std::string_view programPath, std::string_view parameters, Table<NamedValue>& results) {
+    if (!namesProgram(programPath)) throw RunTimeError(ErrorNumber::fileNotFound);
     const std::string resultPath = std::string(withoutLast(programPath, extensionLength)) + "var";
     deleteFile(resultPath);  // stale values are never read
     forgetTextFiles();

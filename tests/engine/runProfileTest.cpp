@@ -237,6 +237,19 @@ TEST_F(RunProfile, AnAnswerWithoutItsSignIsQuoted) {
                                "' at line 4\r\nThe line 'files=1 ' holds no \" = \"."});
 }
 
+TEST_F(RunProfile, AProgramLineWithoutAPathTouchesNothing) {
+    write("var", {"kept"});
+    std::filesystem::current_path(std::filesystem::path(fromUtf8(folder())));
+    for (const std::string line : {":plugin", ":check", ":plugin ", ":Plugin   [param=x]", ":check $exepath$/"}) {
+        EXPECT_FALSE(run({"Echo"}, {line}));
+        EXPECT_EQ(messages().back(),
+                  "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + profile() + "' at line 4")
+            << line;
+    }
+    EXPECT_TRUE(exists("var"));
+    EXPECT_TRUE(commands().empty());
+}
+
 TEST_F(RunProfile, ACheckMayEndTheProgramWithoutAWord) {
     write("ready.exe", {"program"});
     onCommand("ready.exe", [this] { write("ready.var", {"RETURN = False"}); });
