@@ -7,7 +7,8 @@
 namespace brasquelin {
 
 /// Runs a program, hidden, and appends the lines "name = value" of its result file to the plugin results of the level.
-/// Raises 53 for an empty path and a missing program or result file, 5 for a line without " = ", 18 when the user ended the program.
+/// Raises 53 for an empty path and a missing program or result file, 5 for a line without " = ", 18 when the user ended
+/// the program.
 void runPlugin(std::string_view programPath, std::string_view parameters, int level);
 
 /// The same into the check results.

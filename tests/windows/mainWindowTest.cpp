@@ -9,6 +9,7 @@
 #include "app/openFile.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
+#include "text/runTimeError.h"
 #include "windows/windowTest.h"
 
 namespace brasquelin {
