@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/wx/wxText.h"
+
 namespace brasquelin {
 
 namespace {
@@ -41,12 +43,15 @@ wxSizer* FrmWait::makeProgress() {
         new wxStaticText(this, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE, "progressText");
     gauge_ = new wxGauge(this, wxID_ANY, 1, wxDefaultPosition, FromDIP(wxSize(260, 16)), wxGA_HORIZONTAL,
                          wxDefaultValidator, "progress");
+    running_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE, "runningText");
     auto* cancel =
         new wxButton(this, wxID_CANCEL, "Cancel", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdCancel");
     cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(text_, wxSizerFlags().Expand().DoubleBorder(wxALL));
     sizer->Add(gauge_, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
+    sizer->Add(running_, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
     sizer->Add(cancel, wxSizerFlags().Right().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
     return sizer;
 }
@@ -56,6 +61,10 @@ void FrmWait::closing(bool byUser) {
     if (byUser && !progress_) return;
     closeWindow();
     if (byUser) progress_->cancel();
+}
+
+void FrmWait::tellRunning(std::string_view what) {
+    if (running_) running_->SetLabelText(toWx(what));
 }
 
 void FrmWait::showProgress() {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <string_view>
 
 #include "platform/desktop.h"
 #include "platform/wx/programDialog.h"
@@ -22,6 +23,9 @@ class FrmWait : public ProgramDialog {
     /// Shows how far a list is. `progress` must outlive the window.
     explicit FrmWait(ListProgress& progress);
 
+    /// Tells what one of the list's files waits for; an empty text: nothing any more.
+    void tellRunning(std::string_view what);
+
   protected:
     void closing(bool byUser) override;
 
@@ -32,6 +36,7 @@ class FrmWait : public ProgramDialog {
     ListProgress* progress_ = nullptr;
     wxTimer Timer1_;
     wxStaticText* text_ = nullptr;
+    wxStaticText* running_ = nullptr;
     wxGauge* gauge_ = nullptr;
     std::size_t shown_ = static_cast<std::size_t>(-1);
 };

@@ -7,7 +7,6 @@
 #include "app/frmAddProfile.h"
 #include "app/frmDetectBorder.h"
 #include "app/frmMain.h"
-#include "app/frmWait.h"
 #include "app/startUp.h"
 #include "config/frmOption.h"
 #include "editor/frmAddCommand.h"
@@ -116,6 +115,17 @@ void ProgramWindows::showListProgress(ListProgress& progress) {
 
 void ProgramWindows::closeWaitWindow() {
     if (isLoaded(wait_)) unload(*wait_);
+}
+
+/// The waiting window of a list, where it is up, tells it and has a Cancel of its own.
+void ProgramWindows::showRunning(const std::string& what, std::function<void()> cancel) {
+    if (isLoaded(wait_)) return wait_->tellRunning(what);
+    WxDesktop::showRunning(what, std::move(cancel));
+}
+
+void ProgramWindows::hideRunning() {
+    if (isLoaded(wait_)) wait_->tellRunning({});
+    WxDesktop::hideRunning();
 }
 
 }  // namespace brasquelin

@@ -7,6 +7,7 @@
 #include <array>
 #include <string>
 
+#include "app/frmWait.h"
 #include "platform/wx/wxDesktop.h"
 
 class wxDialog;
@@ -28,6 +29,8 @@ class ProgramWindows : public WxDesktop {
     void runBehindWaitWindow(std::function<void()> run) override;
     void showListProgress(ListProgress& progress) override;
     void closeWaitWindow() override;
+    void showRunning(const std::string& what, std::function<void()> cancel) override;
+    void hideRunning() override;
 
   private:
     wxTopLevelWindow* loaded(ProgramWindow window) const;
@@ -36,7 +39,7 @@ class ProgramWindows : public WxDesktop {
     static constexpr std::size_t windowCount = static_cast<std::size_t>(ProgramWindow::addCommand) + 1;
     std::array<wxWeakRef<wxTopLevelWindow>, windowCount> windows_;
     wxWeakRef<wxTopLevelWindow> prompt_;
-    wxWeakRef<wxTopLevelWindow> wait_;
+    wxWeakRef<FrmWait> wait_;
 };
 
 }  // namespace brasquelin

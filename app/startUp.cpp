@@ -141,7 +141,10 @@ void tellSkipped(const std::string& listPath, const std::vector<std::string>& sk
     TextFile list;
     inContext(contextOf("loading", path), [&] { list = readOemTextFile(path); });
     const Replay replay = replayLines(list.lines);
-    if (replay.cancelled) throw EndProgram(1);
+    if (replay.cancelled) {
+        writeToStandardError("Brasquelin", "'" + path + "' was cancelled; nothing was executed.");
+        throw EndProgram(1);
+    }
     inContext(contextOf("writting", batchFilePath()), runBatchAndWait);
     tellSkipped(path, replay.skipped);
     throw EndProgram(desktop().hadFailure() ? 1 : 0);
