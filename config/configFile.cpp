@@ -144,7 +144,7 @@ void writeConfig(std::string_view path, const ConfigFields& fields) {
                                    ""};
     lines.insert(lines.end(), fields.variables.begin(), fields.variables.end());
     lines.insert(lines.end(), {"[/var]", ""});
-    saveLines(path, lines);
+    saveLines(path, lines, encodingOfFile(path));
 }
 
 void expandGlobals(ReferenceText& text) {

@@ -64,6 +64,7 @@ ProfileDocument readDocument(const std::string& path) {
     const auto file = readTextFile(path);
     if (file->lines.empty()) throw RunTimeError(ErrorNumber::inputPastEnd, path);
     ProfileDocument document;
+    document.encoding = file->encoding;
     document.profileName = fromCharacter(file->lines.front(), header.size() + 1);
     document.foreign = !startsWithIgnoringCase(file->lines.front(), header);
     SectionReader reader(document);
@@ -196,7 +197,7 @@ std::vector<std::string> documentLines(const ProfileDocument& document) {
 }
 
 void saveDocument(const ProfileDocument& document, const std::string& path) {
-    saveLines(path, documentLines(document));
+    saveLines(path, documentLines(document), document.encoding);
 }
 
 std::string proposedFileName(const ProfileDocument& document) {

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/codePages.h"
 #include "text/table.h"
 
 namespace brasquelin {
@@ -20,8 +21,9 @@ struct ProfileDocument {
     std::vector<std::string> listInclude;
     std::vector<std::string> listVar;
     std::vector<std::string> listCommand;
-    Table<std::string> pluginNames;  // what the command dialog offers; removing a line does not remove its name
-    bool foreign = false;            // opened from a file that does not begin as profiles do
+    Table<std::string> pluginNames;       // what the command dialog offers; removing a line does not remove its name
+    bool foreign = false;                 // opened from a file that does not begin as profiles do
+    Encoding encoding = newFileEncoding;  // that of the file that was opened
 
     std::vector<std::string>& list(EditorList which);
     const std::vector<std::string>& list(EditorList which) const;
@@ -38,7 +40,8 @@ void openDocument(ProfileDocument& document, const std::string& path);
 /// Runs the document's plugins to learn their variables; one that fails is reported.
 void queryPlugins(const ProfileDocument& document);
 
-/// The bytes of the profile file are the document's lines in their sections. Raises the error of writing.
+/// The profile file holds the document's lines in their sections, in the document's encoding. Raises the error of
+/// writing.
 void saveDocument(const ProfileDocument& document, const std::string& path);
 std::vector<std::string> documentLines(const ProfileDocument& document);
 

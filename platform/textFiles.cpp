@@ -4,7 +4,6 @@
 #include <chrono>
 #include <unordered_map>
 
-#include "platform/codePages.h"
 #include "platform/files.h"
 #include "text/runTimeError.h"
 #include "text/text.h"
@@ -55,22 +54,13 @@ void keep(std::string_view path, const FileStamp& stamp, const std::shared_ptr<c
 }
 
 /// A NUL would be shown as the end of the line, and what follows it would be obeyed unseen.
-TextFile linesOf(const std::string& text, std::string_view path) {
-    TextFile file{splitLines(text)};
+TextFile linesOf(const std::string& text, std::string_view path, Encoding encoding) {
+    TextFile file{splitLines(text), encoding};
     if (text.find('\0') == std::string::npos) return file;
     const auto line = std::find_if(file.lines.begin(), file.lines.end(),
                                    [](const std::string& each) { return each.find('\0') != std::string::npos; });
     throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path), static_cast<int>(line - file.lines.begin()) + 1)
         .because("The line holds a NUL character: this is no text.");
-}
-
-/// The encoding of the file that stands there now.
-Encoding presentEncoding(std::string_view path) {
-    try {
-        return fileStamp(path) ? encodingOf(readFileBytes(path)) : newFileEncoding;
-    } catch (const RunTimeError&) {
-        return newFileEncoding;  // what cannot be read may be written all the same
-    }
 }
 
 std::string joinLines(const std::vector<std::string>& lines) {
@@ -91,13 +81,15 @@ std::shared_ptr<const TextFile> readTextFile(std::string_view path) {
         known->second.checked = now;
         return known->second.file;
     }
-    auto file = std::make_shared<const TextFile>(linesOf(decodeFile(readFileBytes(path)), path));
+    const std::string bytes = readFileBytes(path);
+    auto file = std::make_shared<const TextFile>(linesOf(decodeFile(bytes), path, encodingOf(bytes)));
     if (stamp && isAbsolute(path)) keep(path, *stamp, file);
     return file;
 }
 
 TextFile readOemTextFile(std::string_view path) {
-    return linesOf(decodeOem(readFileBytes(path)), path);
+    const std::string bytes = readFileBytes(path);
+    return linesOf(decodeOem(bytes), path, encodingOf(bytes));
 }
 
 void forgetTextFiles() {
@@ -108,8 +100,16 @@ void writeLines(std::string_view path, const std::vector<std::string>& lines) {
     writeFile(path, encodeFile(joinLines(lines)));
 }
 
-void saveLines(std::string_view path, const std::vector<std::string>& lines) {
-    saveFile(path, encodeFile(joinLines(lines), presentEncoding(path)));
+Encoding encodingOfFile(std::string_view path) {
+    try {
+        return fileStamp(path) ? encodingOf(readFileBytes(path)) : newFileEncoding;
+    } catch (const RunTimeError&) {
+        return newFileEncoding;  // what cannot be read may be written all the same
+    }
+}
+
+void saveLines(std::string_view path, const std::vector<std::string>& lines, Encoding encoding) {
+    saveFile(path, encodeFile(joinLines(lines), encoding));
 }
 
 }  // namespace brasquelin

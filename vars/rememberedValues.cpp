@@ -36,7 +36,7 @@ void rememberValue(std::string_view key, std::string_view value) {
     std::vector<std::string> lines = rememberedLines();
     lines.insert(lines.begin(), std::string(key) + "=" + std::string(value));
     if (lines.size() > keptEntries) lines.resize(keptEntries);
-    saveLines(memoryPath(), lines);
+    saveLines(memoryPath(), lines, encodingOfFile(memoryPath()));
 }
 
 }  // namespace brasquelin

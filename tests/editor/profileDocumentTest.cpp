@@ -122,6 +122,17 @@ TEST_F(ProfileDocumentTest, AProfileWithEveryFeatureComesBackByteForByte) {
     EXPECT_TRUE(messages().empty());
 }
 
+TEST_F(ProfileDocumentTest, KeepsItsEncodingUnderAnotherName) {
+    for (const std::string name : {"caf\xC3\xA9", "caf\xE9", "\xC3\xA9"}) {
+        const std::string mark = name.size() == 2 ? "\xEF\xBB\xBF" : "";
+        writeBytes("test.bqp",
+                   mark + "#Brasquelin Profile " + name + "\r\n\r\n\r\n[profile]\r\n\r\n\r\n[/profile]\r\n");
+        openDocument(document, path());
+        saveDocument(document, path("copy.bqp"));
+        EXPECT_EQ(read("copy.bqp"), read("test.bqp"));
+    }
+}
+
 TEST_F(ProfileDocumentTest, AFailedOpenOrSaveLeavesTheDocument) {
     open({"#Brasquelin Profile Kept", "[profile]", "line", "[/profile]"});
     write("empty.bqp", {});
