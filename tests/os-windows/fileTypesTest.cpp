@@ -61,6 +61,24 @@ TEST_F(Registry, aNumberHasFourBytes) {
     EXPECT_EQ(value.data, (std::vector<BYTE>{2, 1, 0, 0}));
 }
 
+TEST_F(Registry, whoMayNotWriteForAllWritesForOneself) {
+    // Below a key that is gone nothing can be created.
+    constexpr const wchar_t* goneKey = L"Software\\Brasquelin.Gone";
+    HKEY gone = nullptr;
+    ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, goneKey, &gone), ERROR_SUCCESS);
+    RegDeleteKeyW(HKEY_CURRENT_USER, goneKey);
+    ASSERT_EQ(RegOverridePredefKey(HKEY_CLASSES_ROOT, gone), ERROR_SUCCESS);
+    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType\\sub", "", registryText, "own");
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    RegCloseKey(gone);
+    wchar_t text[8] = L"";
+    DWORD size = sizeof text;
+    RegGetValueW(HKEY_CURRENT_USER, L"Software\\Classes\\Brasquelin.TestType\\sub", nullptr, RRF_RT_REG_SZ, nullptr,
+                 text, &size);
+    EXPECT_STREQ(text, L"own");
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\Brasquelin.TestType");
+}
+
 TEST_F(Registry, failuresAreSilent) {
     setRegistryValue(RegistryHive::classesRoot, std::string(100000, 'x'), "", registryText, "x");
     setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType", "bad", registryNumber, "none");
