@@ -27,6 +27,7 @@ foreach(sample ${samples})
 endforeach()
 if(NOT WIN32)
     copy_to_program_directory(${CMAKE_SOURCE_DIR}/launchers/linux/brasquelin-batch brasquelin-batch)
+    copy_to_program_directory(${CMAKE_SOURCE_DIR}/platform/wx/pictures/program.svg brasquelin.svg)
 endif()
 
 get_property(copies GLOBAL PROPERTY BRASQUELIN_COPIES)

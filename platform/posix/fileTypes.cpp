@@ -39,7 +39,8 @@ std::string desktopEntry() {
     return "[Desktop Entry]\nType=Application\nName=Brasquelin\nComment=Builds command lines and runs them as a batch\n"
            "Exec=" +
            quotedForExec(joinPath(exeDirectory(), "brasquelin")) +
-           " %f\nTerminal=false\nCategories=Utility;\nMimeType=" + std::string(mimeType) + ";\n";
+           " %f\nIcon=" + joinPath(exeDirectory(), "brasquelin.svg") +
+           "\nTerminal=false\nCategories=Utility;\nMimeType=" + std::string(mimeType) + ";\n";
 }
 
 std::string mimePackage(const std::vector<std::string>& extensions) {

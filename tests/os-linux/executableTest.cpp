@@ -54,6 +54,16 @@ TEST_F(Executable, ReplaysTheSampleListWithRealTools) {
     EXPECT_TRUE(exists("data/applications/brasquelin.desktop"));
 }
 
+TEST_F(Executable, TheDesktopEntryHasItsIcon) {
+    run("-f none.txt");
+    const std::string entry = read("data/applications/brasquelin.desktop");
+    const auto icon = entry.find("\nIcon=" + folder() + "/");
+    ASSERT_NE(icon, std::string::npos) << entry;
+    const std::string path = entry.substr(icon + 6, entry.find('\n', icon + 1) - icon - 6);
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(BRASQUELIN_PROGRAM).parent_path() /
+                                        std::filesystem::path(path).filename()));
+}
+
 TEST_F(Executable, ACheckThatSaysNoEndsTheProgramWithoutABatch) {
     std::filesystem::remove_all(folder() + "/material");
     EXPECT_EQ(run("profiles/release.bqp"), 1);  // asks for its variables
