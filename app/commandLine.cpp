@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "platform/fileAddress.h"
 #include "platform/paths.h"
 #include "text/substitution.h"
 #include "text/text.h"
@@ -39,7 +40,7 @@ std::vector<std::string> parsePresets(std::string_view argumentText) {
 
 FileArgument parseFileArgument(std::string_view argumentText) {
     const std::string_view path = argumentText.substr(0, argumentText.find(firstPresetKey));
-    return {anchoredPath(replaceVar("exepath", exeDirectory(), path)), parsePresets(argumentText)};
+    return {anchoredPath(pathOfAddress(replaceVar("exepath", exeDirectory(), path))), parsePresets(argumentText)};
 }
 
 bool isListMode(std::string_view commandLine) {
@@ -47,7 +48,7 @@ bool isListMode(std::string_view commandLine) {
 }
 
 std::string listFilePath(std::string_view commandLine) {
-    return std::string(fromCharacter(commandLine, 4));
+    return pathOfAddress(fromCharacter(commandLine, 4));
 }
 
 std::string_view argumentOfListLine(std::string_view line) {

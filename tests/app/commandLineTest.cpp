@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/programTest.h"
+#include "text/text.h"
 
 namespace brasquelin {
 namespace {
@@ -48,6 +49,17 @@ TEST_F(ProgramTest, TheTokenOfTheProgramDirectoryStandsInPaths) {
     const FileArgument argument = parseFileArgument("$EXEPATH$/x.bqp 001=$exepath$");
     EXPECT_EQ(argument.path, folder() + "/x.bqp");
     EXPECT_EQ(argument.presets, Values{"$exepath$"});
+}
+
+TEST_F(ProgramTest, AddressesOfFilesArePaths) {
+    const auto path = [](const std::string& text) { return replaceAll(parseFileArgument(text).path, "\\", "/"); };
+    EXPECT_EQ(path("file:///p/My%20caf%C3%A9.bqp 001=file:///x"), "/p/My café.bqp");
+    EXPECT_EQ(path("FILE://localhost/p/100%25%zz%4"), "/p/100%%zz%4");
+    EXPECT_EQ(path("file:///p/a%00b"), "/p/a%00b");
+    EXPECT_EQ(path("file://host/p"), "file://host/p");
+    EXPECT_EQ(path("file:x.bqp"), "file:x.bqp");
+    EXPECT_EQ(replaceAll(listFilePath("-f file:///p/a%20b.txt"), "\\", "/"), "/p/a b.txt");
+    EXPECT_EQ(parseFileArgument("file:///p 001=file:///x 002=%20").presets, (Values{"file:///x", "%20"}));
 }
 
 }  // namespace
