@@ -5,6 +5,7 @@
 #include <wx/sizer.h>
 #include <wx/toolbar.h>
 
+#include "app/frmFileDrop.h"
 #include "app/frmJobList.h"
 #include "app/jobList.h"
 #include "app/startUp.h"
@@ -71,6 +72,7 @@ FrmMain::FrmMain()
         event.Skip();
     });
     JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
+    SetDropTarget(new FrmFileDrop(*this));
 
     JobList_->SetFocus();
 }

@@ -1,3 +1,4 @@
+#include <wx/dnd.h>
 #include <wx/frame.h>
 #include <wx/hyperlink.h>
 #include <wx/menu.h>
@@ -82,6 +83,32 @@ TEST_F(MainWindow, EachPlaceOpensTheSameWindows) {
     const std::vector<std::string> windowOf{"frmAddFunction", "frmAddProfile", "frmOption", "frmAbout"};
     ASSERT_EQ(12U, modals.shown.size());
     for (std::size_t i = 0; i < 12; ++i) EXPECT_EQ(windowOf[i / 3], modals.shown[i]);
+}
+
+TEST_F(MainWindow, FilesDroppedOnItOpenOneAfterTheOther) {
+    wxFrame& frame = start();
+    auto* target = dynamic_cast<wxFileDropTarget*>(frame.GetDropTarget());
+    ASSERT_NE(nullptr, target);
+    const auto drop = [&](const std::vector<std::string>& paths) {
+        wxArrayString names;
+        for (const auto& path : paths) names.push_back(toWx(path));
+        EXPECT_TRUE(target->OnDropFiles(0, 0, names));
+        pump();
+    };
+    const std::string a = writeProfile("a.BQP", "First", "", "one");
+    const std::string b = writeProfile("b.bqp", "Second", "x\n.Type=Text\n.Info=\n", "$x$");
+    next([](wxDialog& prompt) {
+        type(prompt, "textType", "two");
+        click(prompt, "cmdOK");
+    });
+    drop({a, inDirectory("Brasquelin.ini"), b});
+    EXPECT_EQ((std::vector<std::string>{"echo one", "echo two"}), jobList.lines());
+    opening.running = true;
+    drop({inDirectory("Brasquelin.ini")});
+    EXPECT_TRUE(modals.messages.empty());
+    drop({a, b});
+    EXPECT_EQ(1U, modals.messages.size());
+    opening.running = false;
 }
 
 TEST_F(MainWindow, TheToolbarKeyIsComparedExactly) {

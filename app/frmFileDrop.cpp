@@ -1,0 +1,34 @@
+#include "app/frmFileDrop.h"
+
+#include <wx/dialog.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "app/openDropped.h"
+#include "app/openFile.h"
+#include "platform/wx/wxText.h"
+
+namespace brasquelin {
+
+namespace {
+
+bool dialogIsOpen() {
+    return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(), [](wxWindow* window) {
+        const auto* dialog = dynamic_cast<wxDialog*>(window);
+        return dialog != nullptr && dialog->IsModal();
+    });
+}
+
+}  // namespace
+
+bool FrmFileDrop::OnDropFiles(wxCoord /*x*/, wxCoord /*y*/, const wxArrayString& names) {
+    if (dialogIsOpen() && !opening.running) return false;
+    std::vector<std::string> paths;
+    for (const auto& name : names) paths.push_back(fromWx(name));
+    window_.CallAfter([paths] { openDropped(paths); });
+    return true;
+}
+
+}  // namespace brasquelin

@@ -1,0 +1,21 @@
+// What the main window does with files that are dropped on it.
+#pragma once
+
+#include <wx/dnd.h>
+#include <wx/window.h>
+
+namespace brasquelin {
+
+class FrmFileDrop : public wxFileDropTarget {
+  public:
+    explicit FrmFileDrop(wxWindow& window) : window_(window) {}
+
+    /// The files are opened once the drop is over: whoever dragged them must not wait for a prompt. Nothing is taken
+    /// while a dialog is open; while a file is being run, that is told.
+    bool OnDropFiles(wxCoord x, wxCoord y, const wxArrayString& names) override;
+
+  private:
+    wxWindow& window_;
+};
+
+}  // namespace brasquelin
