@@ -1,5 +1,6 @@
 #include <string>
 
+#include "app/programOptions.h"
 #include "app/programWindows.h"
 #include "app/startUp.h"
 #include "platform/paths.h"
@@ -8,6 +9,7 @@
 int main(int argc, char** argv) {
     using namespace brasquelin;
     const std::string commandLine = processCommandLine(argc, argv);
+    if (const auto status = answerOption(commandLine)) return *status;
     if (!displayAvailable()) return runWithoutDisplay(commandLine);
     ProgramWindows windows;
     setDesktop(windows);

@@ -54,6 +54,20 @@ TEST_F(Executable, ReplaysTheSampleListWithRealTools) {
     EXPECT_TRUE(exists("data/applications/brasquelin.desktop"));
 }
 
+TEST_F(Executable, AnswersOptionsBeforeAnythingElse) {
+    for (const char* display : {"", "DISPLAY=:98765"}) {
+        EXPECT_EQ(run("--version", display), 0);
+        EXPECT_EQ(read("out.txt").find("Brasquelin "), 0U);
+        EXPECT_EQ(run("--help x.bqp", display), 0);
+        EXPECT_NE(read("out.txt").find("\n  brasquelin -f LIST"), std::string::npos);
+        EXPECT_EQ(read("err.txt"), "");
+        EXPECT_EQ(run("--nonsense=1 x.bqp", display), 2);
+        EXPECT_EQ(read("out.txt"), "");
+        EXPECT_EQ(read("err.txt"), "brasquelin: unknown option '--nonsense=1'; --help lists what there is\n");
+    }
+    EXPECT_FALSE(exists("data"));
+}
+
 TEST_F(Executable, TheDesktopEntryHasItsIcon) {
     run("-f none.txt");
     const std::string entry = read("data/applications/brasquelin.desktop");

@@ -3,6 +3,8 @@
 
 #include <shellapi.h>
 
+#include <cstdlib>
+
 #include "os-windows/becomesTrue.h"
 #include "os-windows/program/programRun.h"
 #include "platform/codePages.h"
@@ -35,6 +37,20 @@ TEST(Program, registersItsFileTypesAtEveryStart) {
         ASSERT_TRUE(program.run("-f " + program / "empty.txt"));
         expectRegistered(program.shortDirectory());
     }
+}
+
+TEST(Program, answersOptionsOnTheStreamsItIsGiven) {
+    ProgramRun program;
+    const auto answer = [&](const std::string& redirected) {
+        const std::string out = program / "out.txt";
+        std::filesystem::remove(fromUtf8(out));
+        const std::string directory = program.shortDirectory();
+        std::system((directory + "\\Brasquelin.exe " + redirected + ' ' + directory + "\\out.txt").c_str());
+        becomesTrue([&] { return program.read("out.txt").ends_with('\n'); });
+        return program.read("out.txt");
+    };
+    EXPECT_EQ(answer("--version >").find("Brasquelin "), 0U);
+    EXPECT_EQ(answer("--nonsense 2>"), "brasquelin: unknown option '--nonsense'; --help lists what there is\r\n");
 }
 
 TEST(Program, runsAFileWithItsPresetsAndEnds) {

@@ -1,0 +1,41 @@
+#include "app/programOptions.h"
+
+#include <string>
+
+#include "platform/standardStreams.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr std::string_view help =
+    "Builds command lines from templates and runs them as one batch.\n"
+    "\n"
+    "  brasquelin                           the main window\n"
+    "  brasquelin FILE                      opens a profile (.bqp) or library (.bqs), runs it, executes its jobs\n"
+    "  brasquelin FILE 001=value 002=...    the same with the values of its variables, in the order of declaration;\n"
+    "                                       \"#ask#\" leaves one to the user, \"#pop:key\" asks once and remembers\n"
+    "  brasquelin -f LIST                   replays a list of such command lines as one batch, unattended\n"
+    "  brasquelin --help                    prints this text\n"
+    "  brasquelin --version                 prints the version\n"
+    "\n"
+    "A FILE or LIST may be a file:// address. The exit status is 1 when something went wrong.\n";
+
+}  // namespace
+
+std::optional<int> answerOption(std::string_view commandLine) {
+    if (!commandLine.starts_with("--")) return std::nullopt;
+    const std::string_view option = commandLine.substr(0, commandLine.find(' '));
+    if (option == "--help") {
+        print(StandardStream::output, help);
+    } else if (option == "--version") {
+        print(StandardStream::output, "Brasquelin " BRASQUELIN_VERSION "\n");
+    } else {
+        print(StandardStream::error,
+              "brasquelin: unknown option '" + std::string(option) + "'; --help lists what there is\n");
+        return 2;
+    }
+    return 0;
+}
+
+}  // namespace brasquelin

@@ -1,0 +1,13 @@
+// The options of the command line that are answered before anything is read, registered or shown.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace brasquelin {
+
+/// Answers a command line that starts with "--": help and version go to standard output, and an option that does not
+/// exist is told on standard error. Gives the exit status then, 0 or 2; nothing for any other command line.
+std::optional<int> answerOption(std::string_view commandLine);
+
+}  // namespace brasquelin
