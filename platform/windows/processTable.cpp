@@ -8,6 +8,7 @@
 #include "platform/windows/programStart.h"
 #include "platform/windows/systemError.h"
 #include "platform/windows/systemHandle.h"
+#include "platform/windows/wideText.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {
@@ -44,7 +45,7 @@ std::uint32_t WindowsProcessTable::start(std::string_view command, WindowStyle s
     PROCESS_INFORMATION process{};
     if (CreateProcessW(program.program.c_str(), program.commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                        nullptr, &info, &process) == 0) {
-        throw RunTimeError(startErrorOf(GetLastError()));
+        throw RunTimeError(startErrorOf(GetLastError()), fromWide(program.program));
     }
     CloseHandle(process.hThread);
     known_[process.dwProcessId] = ownHandle(process.hProcess);

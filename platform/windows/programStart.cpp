@@ -113,7 +113,7 @@ ProgramStart programStartOf(std::string_view command) {
     if (command.empty()) throw RunTimeError(ErrorNumber::invalidCall);
     const bool hasQuotes = command.starts_with('"');
     const SplitCommand split = hasQuotes ? splitQuoted(command) : splitAtBlank(command);
-    if (split.program.empty()) throw RunTimeError(ErrorNumber::fileNotFound);
+    if (split.program.empty()) throw RunTimeError(ErrorNumber::fileNotFound, split.name);
     if (isBatchFile(split.program)) return throughInterpreter(split);
     const std::string name = hasQuotes ? quoted(split.name) : quotedIfBlank(split.name);
     return {toWide(split.program), toWide(name + quoteBatchFile(split.arguments))};

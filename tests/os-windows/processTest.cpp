@@ -53,6 +53,19 @@ TEST(WindowsProcesses, programsAreFoundByNameAndExtensionMayBeMissing) {
     EXPECT_EQ(start.commandLine, L"\"" + (scratch.path() / L"two words").wstring() + L"\" -x \"y z\"");
 }
 
+TEST(WindowsProcesses, errorsOfStartingNameTheProgram) {
+    const ScratchDirectory scratch;
+    scratch.write("broken.exe", "no program");
+    for (const char* name : {"missing", "broken.exe"}) {
+        try {
+            systemProcessTable().start('"' + scratch / name + "\" a b", WindowStyle::hidden);
+            ADD_FAILURE() << "started: " << name;
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.path(), scratch / name);
+        }
+    }
+}
+
 TEST(WindowsProcesses, errorsOfStarting) {
     const ScratchDirectory scratch;
     EXPECT_EQ(startError(""), ErrorNumber::invalidCall);
