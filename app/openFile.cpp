@@ -5,8 +5,8 @@
 #include "app/batchFile.h"
 #include "engine/runProfile.h"
 #include "platform/desktop.h"
+#include "text/fileFormat.h"
 #include "text/runTimeError.h"
-#include "text/text.h"
 #include "vars/loadPrompt.h"
 
 namespace brasquelin {
@@ -91,25 +91,21 @@ void openLibrary(const std::string& path, const std::vector<std::string>& preset
 
 }  // namespace
 
-bool isOpenable(const std::string& path) {
-    return endsWithIgnoringCase(path, "bqp") || endsWithIgnoringCase(path, "bqs");
+bool openFile(const std::string& path, const std::vector<std::string>& presets) {
+    const FileKind kind = kindOfFile(path);
+    if (kind == FileKind::profile) openProfile(path, presets);
+    if (kind == FileKind::library) openLibrary(path, presets);
+    return kind == FileKind::profile || kind == FileKind::library;
 }
 
-void openFile(const std::string& path, const std::vector<std::string>& presets) {
-    if (endsWithIgnoringCase(path, "bqp")) {
-        openProfile(path, presets);
-    } else if (endsWithIgnoringCase(path, "bqs")) {
-        openLibrary(path, presets);
-    }
-}
-
-void openPicked(const std::string& path) {
-    if (!mayRun()) return;
+bool openPicked(const std::string& path) {
+    if (!mayRun()) return false;
     try {
         openFile(path, {});
     } catch (const RunTimeError& error) {
         showCritical(error.reportWhileLoading(path), errorTitle);
     }
+    return true;
 }
 
 }  // namespace brasquelin

@@ -16,14 +16,12 @@ struct Opening {
 };
 extern Opening opening;
 
-/// True for the extensions of profiles and libraries.
-bool isOpenable(const std::string& path);
+/// Opens by extension: "bqp" a profile, "bqs" a library, anything else is ignored (false). Raises the errors of the
+/// prompt.
+bool openFile(const std::string& path, const std::vector<std::string>& presets);
 
-/// Opens by extension: "bqp" a profile, "bqs" a library, anything else nothing. Raises the errors of the prompt.
-void openFile(const std::string& path, const std::vector<std::string>& presets);
-
-/// Opens what a picker offers, with no command-line values. Errors are reported; while a file is being run that is all
-/// that happens.
-void openPicked(const std::string& path);
+/// Opens what a picker offers, with no command-line values. Errors are reported. False when another file is being run:
+/// that is told, and nothing happens.
+bool openPicked(const std::string& path);
 
 }  // namespace brasquelin

@@ -4,28 +4,27 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
-#include "text/substitution.h"
-#include "text/text.h"
+#include "text/fileFormat.h"
 
 namespace brasquelin {
 
 namespace {
 
-std::string titleOf(const std::string& path, std::size_t titlePosition) {
+std::string titleOf(const std::string& path, FileKind kind) {
     try {
         const auto file = readTextFile(path);
-        return file->lines.empty() ? std::string() : std::string(fromCharacter(file->lines.front(), titlePosition));
+        return file->lines.empty() ? std::string() : std::string(titleIn(file->lines.front(), kind));
     } catch (const RunTimeError&) {
         return {};
     }
 }
 
-PickerList listFolder(const std::string& folder, std::string_view extension, std::size_t titlePosition) {
+PickerList listFolder(const std::string& folder, FileKind kind) {
     PickerList list;
     for (const auto& name : listFiles(folder)) {
-        if (!endsWithIgnoringCase(name, extension)) continue;
+        if (!hasExtension(name, kind)) continue;
         list.paths.push_back(joinPath(folder, name));
-        list.titles.push_back(titleOf(list.paths.back(), titlePosition));
+        list.titles.push_back(titleOf(list.paths.back(), kind));
     }
     return list;
 }
@@ -33,11 +32,11 @@ PickerList listFolder(const std::string& folder, std::string_view extension, std
 }  // namespace
 
 PickerList listProfiles() {
-    return listFolder(settings.profileDirectory, ".bqp", 21);
+    return listFolder(settings.profileDirectory, FileKind::profile);
 }
 
 PickerList listLibraries() {
-    return listFolder(settings.libraryPath, ".bqs", 22);
+    return listFolder(settings.libraryPath, FileKind::library);
 }
 
 }  // namespace brasquelin

@@ -81,11 +81,11 @@ std::optional<std::string> replayLine(std::string_view line) {
     const std::size_t before = desktop().failures().size();
     opening.completed = false;
     inContext(contextOf("loading", argument.path), [&] { enterDirectoryOf(argument.path); });
-    openFile(argument.path, argument.presets);
+    const bool known = openFile(argument.path, argument.presets);
     desktop().closePrompt();
     if (opening.completed || argument.path.empty()) return std::nullopt;
     if (desktop().failures().size() > before) return inOneLine(desktop().failures()[before]);
-    return isOpenable(argument.path) ? "It was cancelled." : "'" + argument.path + "' is no profile and no library.";
+    return known ? "It was cancelled." : "'" + argument.path + "' is no profile and no library.";
 }
 
 /// Keeps the waiting window alive without asking the toolkit after every line.

@@ -7,6 +7,7 @@
 #include "platform/desktop.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -15,18 +16,22 @@ Settings settings;
 
 namespace {
 
-/// The keys that set a text, with the one blank on each side of "=".
+/// The keys that set a text, with the one blank on each side of "=". They are read in any letter case. A launcher is
+/// never written.
 struct Key {
     std::string_view text;
     std::string Settings::*setting;
     bool leadingBackslashRule;
+    std::string ConfigFields::*field;
 };
 constexpr Key keys[] = {
-    {"librarypath = ", &Settings::libraryPath, true}, {"profilepath = ", &Settings::profilePath, true},
-    {"pluginpath = ", &Settings::pluginPath, true},   {"basicfunctionpath = ", &Settings::basicFunctionPath, true},
-    {"shellexec = ", &Settings::shellExec, false},
+    {"LibraryPath = ", &Settings::libraryPath, true, &ConfigFields::libraryPath},
+    {"ProfilePath = ", &Settings::profilePath, true, &ConfigFields::profilePath},
+    {"PluginPath = ", &Settings::pluginPath, true, &ConfigFields::pluginPath},
+    {"BasicFunctionPath = ", &Settings::basicFunctionPath, true, &ConfigFields::basicFunctionPath},
+    {"ShellExec = ", &Settings::shellExec, false, nullptr},
 };
-constexpr std::string_view clearKey = "clear = ";
+constexpr std::string_view clearKey = "Clear = ";
 
 /// The texts that the last read set, in their order, so that reading an unchanged file again costs little.
 std::vector<std::pair<std::string Settings::*, std::string>> lastTexts;
@@ -69,23 +74,16 @@ void takeVariable(std::string_view line, std::string_view path, int number) {
     settings.globalVarCount = std::to_string(row + 1);
 }
 
-bool isTag(std::string_view line) {
-    return line == "[var]" || line == "[/var]" || line == "[config]" || line == "[/config]";
-}
-
 void readLines(const TextFile& file, std::string_view path) {
-    bool inConfig = false;
-    bool inVar = false;
+    SectionState config(Section::config, LetterCase::exact);
+    SectionState var(Section::var, LetterCase::exact);
     int number = 0;
     for (const auto& rawLine : file.lines) {
         ++number;
         const std::string line = replaceVar("exepath", exeDirectory(), rawLine);
-        if (line == "[/var]") inVar = false;
-        if (line == "[/config]") inConfig = false;
-        if (inConfig) takeSetting(line);
-        if (inVar && !line.empty() && !isTag(line)) takeVariable(line, path, number);
-        if (line == "[var]") inVar = true;
-        if (line == "[config]") inConfig = true;
+        if (config.noteTag(line) || var.noteTag(line)) continue;
+        if (config.isOpen()) takeSetting(line);
+        if (var.isOpen() && !line.empty()) takeVariable(line, path, number);
     }
 }
 
@@ -128,22 +126,15 @@ std::string savedClearDirectory() {
 }
 
 void writeConfig(std::string_view path, const ConfigFields& fields) {
-    std::vector<std::string> lines{"#Brasquelin Initialize",
-                                   "",
-                                   "[config]",
-                                   "",
-                                   "LibraryPath = " + storedPath(fields.libraryPath),
-                                   "ProfilePath = " + storedPath(fields.profilePath),
-                                   "PluginPath = " + storedPath(fields.pluginPath),
-                                   "BasicFunctionPath = " + storedPath(fields.basicFunctionPath),
-                                   "Clear = " + savedClearDirectory(),
-                                   "",
-                                   "[/config]",
-                                   "",
-                                   "[var]",
-                                   ""};
+    std::vector<std::string> lines{"#Brasquelin Initialize", "", std::string(openingTag(Section::config)), ""};
+    for (const auto& key : keys) {
+        if (key.field != nullptr) lines.push_back(std::string(key.text) + storedPath(fields.*key.field));
+    }
+    lines.push_back(std::string(clearKey) + savedClearDirectory());
+    lines.insert(lines.end(),
+                 {"", std::string(closingTag(Section::config)), "", std::string(openingTag(Section::var)), ""});
     lines.insert(lines.end(), fields.variables.begin(), fields.variables.end());
-    lines.insert(lines.end(), {"[/var]", ""});
+    lines.insert(lines.end(), {std::string(closingTag(Section::var)), ""});
     saveLines(path, lines, encodingOfFile(path));
 }
 

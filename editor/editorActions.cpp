@@ -11,6 +11,7 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -60,7 +61,8 @@ void addProgram(const std::string& chosen, const std::string& path) {
     const bool isCheck = desktop().askYesNo("Is it a check plugin ?", "Brasquelin");
     reportingErrors([&] {
         editorState.document.pluginNames.append(pluginNameOf(chosen));
-        editorState.document.listInclude.push_back(programLine(path, answer.value_or(""), isCheck));
+        const LibraryWord word = isCheck ? LibraryWord::check : LibraryWord::plugin;
+        editorState.document.listInclude.push_back(writeLibraryLine({word, path, answer.value_or("")}));
     });
 }
 
@@ -75,8 +77,8 @@ void addInclude() {
                            "BQ File|*.bqs;*.bqp;*.exe", startIn(settings.libraryPath)});
     if (chosen.empty()) return;
     const std::string path = includePath(chosen, settings.profilePath);
-    if (isProgramFile(chosen)) return addProgram(chosen, path);
-    editorState.document.listInclude.push_back(includeLine(path));
+    if (kindOfFile(chosen) == FileKind::program) return addProgram(chosen, path);
+    editorState.document.listInclude.push_back(writeLibraryLine({LibraryWord::include, path, {}}));
 }
 
 using Move = SelectedLine (*)(ProfileDocument& document, SelectedLine selected);
@@ -183,7 +185,7 @@ void askLoop() {
 }
 
 void appendNext() {
-    editorState.document.listCommand.emplace_back("Next");
+    editorState.document.listCommand.emplace_back(nextWord);
 }
 
 void editCommandLine(SelectedLine selected) {

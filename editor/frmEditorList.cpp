@@ -3,6 +3,7 @@
 #include <wx/settings.h>
 
 #include "editor/editorState.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -54,7 +55,7 @@ const std::string& FrmEditorList::line(std::size_t index) const {
 
 bool FrmEditorList::isAttribute(long item) const {
     const auto index = static_cast<std::size_t>(item);
-    return which_ != EditorList::include && index < lineCount() && line(index).starts_with('.');
+    return which_ != EditorList::include && index < lineCount() && brasquelin::isAttribute(line(index));
 }
 
 /// Attribute lines are indented and dim, so that the groups stand out.

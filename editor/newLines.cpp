@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 #include "vars/declarations.h"
 #include "vars/variableTables.h"
@@ -17,28 +18,22 @@ namespace brasquelin {
 
 namespace {
 
-constexpr std::size_t includePathStart = 10;
-constexpr std::string_view pluginPrefix = "Plugin.";
-constexpr std::string_view functionPrefix = "BasicFunction.";
-
 std::string joined(const std::vector<std::string>& items) {
     std::string text;
-    for (std::size_t i = 0; i < items.size(); ++i) text.append(i == 0 ? "" : "||").append(items[i]);
+    for (std::size_t i = 0; i < items.size(); ++i)
+        text.append(i == 0 ? std::string_view() : itemSeparator).append(items[i]);
     return text;
 }
 
-std::string pathOfInclude(std::string_view line) {
-    return replaceDirectories(fromCharacter(line, includePathStart), settings.profilePath);
-}
-
 bool isCallable(std::string_view path) {
-    return (endsWithIgnoringCase(path, "bqs") || endsWithIgnoringCase(path, "bqp")) && fileExists(path);
+    const FileKind kind = kindOfFile(path);
+    return (kind == FileKind::profile || kind == FileKind::library) && fileExists(path);
 }
 
 void appendInclude(const std::string& path, std::vector<CallableEntry>& entries) {
     const auto file = readTextFile(path);
     const std::string firstLine = file->lines.empty() ? std::string() : file->lines.front();
-    entries.push_back({callableNameOf(path, firstLine), path});
+    entries.push_back({std::string(titleIn(firstLine, kindOfFile(path))), path});
 }
 
 void appendFunctions(const std::string& listPath, std::vector<CallableEntry>& entries) {
@@ -75,7 +70,8 @@ std::string typeSpecOf(const VariableFields& fields) {
 }
 
 std::vector<std::string> declarationLines(const VariableFields& fields) {
-    return {fields.name, ".Type=" + typeSpecOf(fields), ".Info=" + fields.info, ".Default=" + fields.defaultValue};
+    return {fields.name, std::string(typeKey) + typeSpecOf(fields), std::string(infoKey) + fields.info,
+            std::string(defaultKey) + fields.defaultValue};
 }
 
 std::string combEntry(std::string_view label, std::string_view command) {
@@ -85,7 +81,10 @@ std::string combEntry(std::string_view label, std::string_view command) {
 std::vector<std::string> loopLines(const std::string& name, const std::string& start, const std::string& end,
                                    const std::string& step) {
     if (name.empty() || start.empty() || end.empty() || step.empty()) return {};
-    return {"For", ".VarName=" + name, ".VarStart=" + start, ".VarEnd=" + end, ".VarStep=" + step};
+    std::vector<std::string> lines{std::string(forWord)};
+    std::size_t key = 0;
+    for (const auto* value : {&name, &start, &end, &step}) lines.push_back(std::string(loopKeys[key++]) + *value);
+    return lines;
 }
 
 namespace {
@@ -107,25 +106,12 @@ std::string includePath(std::string_view chosen, std::string_view profilePath) {
     return std::string(chosen);
 }
 
-bool isProgramFile(std::string_view chosen) {
-    return endsWithIgnoringCase(chosen, "exe");
-}
-
-std::string includeLine(std::string_view path) {
-    return ":Include " + std::string(path);
-}
-
-std::string programLine(std::string_view path, std::string_view parameters, bool isCheck) {
-    std::string line = (isCheck ? ":Check " : ":Plugin ") + std::string(path);
-    if (!parameters.empty()) line += " [Param=" + std::string(parameters) + "]";
-    return line;
-}
-
 std::vector<CallableEntry> callableEntries(const ProfileDocument& document) {
     std::vector<CallableEntry> entries;
     for (const auto& line : document.listInclude) {
-        if (!startsWithIgnoringCase(line, ":include ")) continue;
-        const std::string path = pathOfInclude(line);
+        const auto parsed = parseLibraryLine(line);
+        if (!parsed || parsed->word != LibraryWord::include || !parsed->spaced) continue;
+        const std::string path = replaceDirectories(parsed->path, settings.profilePath);
         if (isCallable(path)) appendOrReport(appendInclude, path, entries);
     }
     if (!settings.basicFunctionPath.empty()) appendOrReport(appendFunctions, settings.basicFunctionPath, entries);

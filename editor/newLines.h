@@ -39,11 +39,6 @@ std::vector<std::string> loopLines(const std::string& name, const std::string& s
 /// A chosen file as the include list writes it: "$exepath$" or "$scriptpath$" in front where it lies below them.
 std::string includePath(std::string_view chosen, std::string_view profilePath);
 
-/// True for a file that is a plugin or check.
-bool isProgramFile(std::string_view chosen);
-std::string includeLine(std::string_view path);
-std::string programLine(std::string_view path, std::string_view parameters, bool isCheck);
-
 /// Something that a profile can call, as the command dialog offers it.
 struct CallableEntry {
     std::string name;  // "BasicFunction.copy", "Plugin.zip" or the title of an include

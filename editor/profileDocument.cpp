@@ -10,6 +10,7 @@
 #include "platform/desktop.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 #include "vars/variableTables.h"
 
@@ -17,47 +18,35 @@ namespace brasquelin {
 
 namespace {
 
-constexpr std::string_view header = "#Brasquelin Profile ";
-constexpr std::size_t pluginPathStart = 9;
 constexpr std::size_t limit = 256;  // groups of a list, lines of a group
 
 // Reading
 
-/// The three sections of a profile while its lines are read in order.
+/// The three sections of a profile while its lines are read in order. A section's tag never enters a list, not even
+/// the one of a section that was left open.
 class SectionReader {
   public:
     explicit SectionReader(ProfileDocument& document)
-        : sections_{{"[library]", "[/library]", document.listInclude, false},
-                    {"[var]", "[/var]", document.listVar, false},
-                    {"[profile]", "[/profile]", document.listCommand, false}} {}
+        : sections_{{SectionState(Section::library), document.listInclude},
+                    {SectionState(Section::var), document.listVar},
+                    {SectionState(Section::profile), document.listCommand}} {}
 
     void take(const std::string& line) {
-        if (line.empty() || takeTag(line)) return;
+        if (line.empty()) return;
         for (auto& section : sections_) {
-            if (section.open) section.lines.push_back(line);
+            if (section.state.noteTag(line)) return;
+        }
+        for (auto& section : sections_) {
+            if (section.state.isOpen()) section.lines.push_back(line);
         }
     }
 
   private:
-    /// A section's tag never enters a list, not even the one of a section that was left open.
-    bool takeTag(const std::string& line) {
-        if (line.front() != '[') return false;
-        for (auto& section : sections_) {
-            const bool opens = equalIgnoringCase(line, section.openingTag);
-            if (!opens && !equalIgnoringCase(line, section.closingTag)) continue;
-            section.open = opens;
-            return true;
-        }
-        return false;
-    }
-
-    struct Section {
-        std::string_view openingTag;
-        std::string_view closingTag;
+    struct ListedSection {
+        SectionState state;
         std::vector<std::string>& lines;
-        bool open;
     };
-    Section sections_[3];
+    ListedSection sections_[3];
 };
 
 ProfileDocument readDocument(const std::string& path) {
@@ -65,32 +54,25 @@ ProfileDocument readDocument(const std::string& path) {
     if (file->lines.empty()) throw RunTimeError(ErrorNumber::inputPastEnd, path);
     ProfileDocument document;
     document.encoding = file->encoding;
-    document.profileName = fromCharacter(file->lines.front(), header.size() + 1);
-    document.foreign = !startsWithIgnoringCase(file->lines.front(), header);
+    document.profileName = titleIn(file->lines.front(), FileKind::profile);
+    document.foreign = !startsWithIgnoringCase(file->lines.front(), profileHeader);
     SectionReader reader(document);
     std::for_each(file->lines.begin() + 1, file->lines.end(), [&](const std::string& line) { reader.take(line); });
     return document;
 }
 
-ProgramLine pluginOf(const std::string& line, const std::string& profilePath) {
-    ProgramLine plugin = splitProgramLine(line, pluginPathStart);
-    plugin.path = replaceDirectories(plugin.path, profilePath);
-    return plugin;
-}
-
-std::vector<ProgramLine> pluginsOf(const ProfileDocument& document, const std::string& profilePath) {
-    std::vector<ProgramLine> plugins;
+std::vector<LibraryLine> pluginsOf(const ProfileDocument& document, const std::string& profilePath) {
+    std::vector<LibraryLine> plugins;
     for (const auto& line : document.listInclude) {
-        if (startsWithIgnoringCase(line, ":plugin ")) plugins.push_back(pluginOf(line, profilePath));
+        auto parsed = parseLibraryLine(line);
+        if (!parsed || parsed->word != LibraryWord::plugin || !parsed->spaced) continue;
+        parsed->path = replaceDirectories(parsed->path, profilePath);
+        plugins.push_back(std::move(*parsed));
     }
     return plugins;
 }
 
 // Line groups
-
-bool isAttribute(const std::string& line) {
-    return line.starts_with('.');
-}
 
 /// Where each group starts, and the end of the last one.
 std::vector<std::size_t> groupStarts(const std::vector<std::string>& lines) {
@@ -139,12 +121,12 @@ std::optional<std::size_t> moveGroup(ProfileDocument& document, std::optional<st
     return exchangeGroups(lines, starts, up ? group - 1 : group, line);
 }
 
-void appendSection(std::vector<std::string>& lines, std::string_view tag, const std::vector<std::string>& section) {
-    lines.push_back("[" + std::string(tag) + "]");
+void appendSection(std::vector<std::string>& lines, Section section, const std::vector<std::string>& content) {
+    lines.emplace_back(openingTag(section));
     lines.emplace_back();
-    lines.insert(lines.end(), section.begin(), section.end());
+    lines.insert(lines.end(), content.begin(), content.end());
     lines.emplace_back();
-    lines.push_back("[/" + std::string(tag) + "]");
+    lines.emplace_back(closingTag(section));
 }
 
 }  // namespace
@@ -185,14 +167,14 @@ void queryPlugins(const ProfileDocument& document) {
 }
 
 std::vector<std::string> documentLines(const ProfileDocument& document) {
-    std::vector<std::string> lines{std::string(header) + document.profileName, "", ""};
-    if (!document.listInclude.empty()) appendSection(lines, "library", document.listInclude);
+    std::vector<std::string> lines{std::string(profileHeader) + document.profileName, "", ""};
+    if (!document.listInclude.empty()) appendSection(lines, Section::library, document.listInclude);
     if (!document.listVar.empty()) {
         lines.emplace_back();
-        appendSection(lines, "var", document.listVar);
+        appendSection(lines, Section::var, document.listVar);
         lines.emplace_back();
     }
-    appendSection(lines, "profile", document.listCommand);
+    appendSection(lines, Section::profile, document.listCommand);
     return lines;
 }
 

@@ -1,7 +1,7 @@
 #include "editor/references.h"
 
 #include "config/configFile.h"
-#include "text/text.h"
+#include "text/fileFormat.h"
 #include "vars/variableTables.h"
 
 namespace brasquelin {
@@ -9,8 +9,6 @@ namespace brasquelin {
 namespace {
 
 using References = std::vector<std::string>;
-
-constexpr std::size_t loopNameStart = 10;  // behind ".VarName="
 
 std::string reference(std::string_view name) {
     return "$" + std::string(name) + "$";
@@ -23,7 +21,7 @@ void appendPluginVariables(References& references) {
 
 void appendVariables(const ProfileDocument& document, References& references) {
     for (const auto& line : document.listVar) {
-        if (!line.starts_with('.')) references.push_back(reference(line));
+        if (!isAttribute(line)) references.push_back(reference(line));
     }
 }
 
@@ -34,7 +32,7 @@ void appendGlobals(References& references) {
 void appendLoops(const ProfileDocument& document, References& references) {
     const auto& lines = document.listCommand;
     for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
-        if (lines[i] == "For") references.push_back(reference(fromCharacter(lines[i + 1], loopNameStart)));
+        if (lines[i] == forWord) references.push_back(reference(valueBehind(loopKeys[0], lines[i + 1])));
     }
 }
 

@@ -6,6 +6,7 @@
 #include "engine/expandProfileLine.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 #include "vars/declarations.h"
 #include "vars/typeSpec.h"
@@ -53,11 +54,9 @@ void takeCommandLine(std::string_view line) {
 }
 
 void readCommandSection(const TextFile& file) {
-    bool inSection = false;
+    SectionState section(Section::command);
     for (const auto& line : file.lines) {
-        if (inSection && equalIgnoringCase(line, "[/command]")) inSection = false;
-        if (inSection) takeCommandLine(line);
-        if (equalIgnoringCase(line, "[command]")) inSection = true;
+        if (!section.noteTag(line) && section.isOpen()) takeCommandLine(line);
     }
 }
 
@@ -222,11 +221,11 @@ int leadingVariable(std::string_view text) {
 /// "a=1||b=2" as entries; a "||" that no declared "name=" follows belongs to the value.
 std::vector<std::string> splitEntries(std::string_view parameter) {
     std::vector<std::string> entries;
-    for (const auto piece : split(parameter, "||")) {
+    for (const auto piece : split(parameter, itemSeparator)) {
         if (entries.empty() || leadingVariable(piece) >= 0) {
             entries.emplace_back(piece);
         } else {
-            entries.back().append("||").append(piece);
+            entries.back().append(itemSeparator).append(piece);
         }
     }
     return entries;
@@ -262,7 +261,7 @@ bool runNamedFunction(std::string_view name, std::string_view parameter, const F
 
 void saveTextFile(std::string_view path, std::string_view text) {
     std::vector<std::string> lines;
-    for (const auto piece : split(text, "||")) lines.emplace_back(piece);
+    for (const auto piece : split(text, itemSeparator)) lines.emplace_back(piece);
     writeLines(path, lines);
 }
 

@@ -12,6 +12,7 @@
 #include "engine/plugins.h"
 #include "platform/desktop.h"
 #include "platform/textFiles.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 #include "vars/declarations.h"
 #include "vars/variableTables.h"
@@ -34,21 +35,6 @@ class FileOnStack {
     FileOnStack& operator=(const FileOnStack&) = delete;
 };
 
-/// What a line of the body is, told once per line by its first characters.
-enum class Statement { none, loopStart, loopEnd, basicFunction, plugin, call };
-
-constexpr std::string_view functionPrefix = "basicfunction.";
-constexpr std::string_view pluginPrefix = "plugin.";
-
-Statement classify(std::string_view line) {
-    if (line.empty() || line.front() == '.' || line.front() == '[') return Statement::none;
-    if (equalIgnoringCase(line, "for")) return Statement::loopStart;
-    if (equalIgnoringCase(line, "next")) return Statement::loopEnd;
-    if (startsWithIgnoringCase(line, functionPrefix)) return Statement::basicFunction;
-    if (startsWithIgnoringCase(line, pluginPrefix)) return Statement::plugin;
-    return Statement::call;
-}
-
 /// One profile at one level.
 class ProfileRun {
   public:
@@ -62,7 +48,6 @@ class ProfileRun {
 
     void obeyChecks() const;
     void handleLine();
-    void noteTag();
     void startLoop();
     LoopRecord readLoopHeader();
     void endLoop();
@@ -85,7 +70,7 @@ class ProfileRun {
     std::shared_ptr<const TextFile> file_;
     std::size_t position_ = 0;  // lines read so far; the number of the line in hand
     std::string_view line_;
-    bool inBody_ = false;
+    SectionState body_{Section::profile};
     unsigned turns_ = 0;
 };
 
@@ -134,10 +119,10 @@ void ProfileRun::obeyChecks() const {
 }
 
 void ProfileRun::handleLine() {
-    if (!inBody_) return noteTag();
-    switch (classify(line_)) {
+    if (body_.noteTag(line_) || !body_.isOpen()) return;
+    switch (statementOf(line_)) {
         case Statement::none:
-            return noteTag();
+            return;
         case Statement::loopStart:
             return startLoop();
         case Statement::loopEnd:
@@ -149,12 +134,6 @@ void ProfileRun::handleLine() {
         case Statement::call:
             return call();
     }
-}
-
-void ProfileRun::noteTag() {
-    if (!line_.starts_with('[')) return;
-    if (equalIgnoringCase(line_, "[profile]")) inBody_ = true;
-    if (equalIgnoringCase(line_, "[/profile]")) inBody_ = false;
 }
 
 /// The depth is raised first: what the record there was left with by an earlier loop takes part in the header.
@@ -169,17 +148,18 @@ void ProfileRun::startLoop() {
 }
 
 LoopRecord ProfileRun::readLoopHeader() {
-    const auto header = [this](std::size_t valuePosition) {
+    std::size_t read = 0;
+    const auto header = [&] {
         if (!nextLine()) throw RunTimeError(ErrorNumber::inputPastEnd);
         const std::string line = expanded(line_);
-        return std::string(fromCharacter(line, valuePosition));
+        return std::string(valueBehind(loopKeys[read++], line));
     };
     LoopRecord record;
     record.bodyLine = position_ + 5;
-    record.variable = header(10);
-    record.start = toInteger16(header(11));
-    record.end = toInteger16(header(9));
-    record.step = toInteger16(header(10));
+    record.variable = header();
+    record.start = toInteger16(header());
+    record.end = toInteger16(header());
+    record.step = toInteger16(header());
     record.current = record.start;
     record.currentText = std::to_string(record.current);
     return record;
@@ -236,17 +216,15 @@ void ProfileRun::call() {
     const std::size_t callLine = position_;
     std::vector<std::string> entries = readParameters();
     markLine(callLine);
-    if (endsWithIgnoringCase(called, "bqs")) {
-        appendJob(runBasicFunction(called, context(), entries));
-    } else if (endsWithIgnoringCase(called, "bqp")) {
-        callProfile(called, std::move(entries));
-    }
+    const FileKind kind = kindOfFile(called);
+    if (kind == FileKind::library) appendJob(runBasicFunction(called, context(), entries));
+    if (kind == FileKind::profile) callProfile(called, std::move(entries));
 }
 
 /// The parameter lines as name=value. Only the value is expanded; the first "=" of the raw line splits it.
 std::vector<std::string> ProfileRun::readParameters() {
     std::vector<std::string> entries;
-    while (position_ < file_->lines.size() && file_->lines[position_].starts_with('.')) {
+    while (position_ < file_->lines.size() && isAttribute(file_->lines[position_])) {
         nextLine();
         const Assignment parameter = splitAssignment(line_.substr(1));
         if (!parameter.hasEquals) rejectParameter();

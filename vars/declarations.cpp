@@ -6,6 +6,7 @@
 #include "platform/desktop.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 #include "vars/typeSpec.h"
 #include "vars/variableTables.h"
@@ -13,9 +14,6 @@
 namespace brasquelin {
 
 namespace {
-
-constexpr std::size_t attributePosition = 7;  // behind ".Type=" and ".Info=", whatever these six characters are
-constexpr std::string_view defaultKey = ".default=";
 
 std::string expandBuiltIns(std::string_view text, std::string_view scriptPath) {
     ReferenceText references{std::string(text)};
@@ -48,7 +46,7 @@ class DeclarationReader {
             ++passes_;
             while (opensDeclaration() && readDeclaration()) continue;
             if (ended_) return;
-            noteTag();
+            block_.noteTag(line_);
         }
     }
 
@@ -69,7 +67,7 @@ class DeclarationReader {
 
     int lineNumber() const { return static_cast<int>(rules_.countsEveryLine ? position_ : passes_); }
 
-    bool opensDeclaration() const { return inBlock_ && !ended_ && !line_.empty() && line_.front() != '['; }
+    bool opensDeclaration() const { return block_.isOpen() && !ended_ && !line_.empty() && line_.front() != '['; }
 
     /// True when the line behind the declaration is to be examined again.
     bool readDeclaration() {
@@ -78,7 +76,7 @@ class DeclarationReader {
         if (!needLine()) return false;
         readTypeSpec(record);
         if (!needLine()) return false;
-        record.info = fromCharacter(line_, attributePosition);
+        record.info = valueBehind(infoKey, line_);
         const bool hasFourthLine = nextLine();
         const bool again = readDefault(record, hasFourthLine);
         table_.takeNextRow();
@@ -87,7 +85,7 @@ class DeclarationReader {
     }
 
     void readTypeSpec(VariableDeclaration& record) {
-        const auto typeSpec = fromCharacter(line_, attributePosition);
+        const auto typeSpec = valueBehind(typeKey, line_);
         checkTypeSpec(typeSpec, path_, lineNumber());
         if (typeSpec.find('$') == std::string_view::npos) {
             record.typeSpec = typeSpec;
@@ -98,17 +96,12 @@ class DeclarationReader {
 
     bool readDefault(VariableDeclaration& record, bool hasFourthLine) {
         if (hasFourthLine && startsWithIgnoringCase(line_, defaultKey)) {
-            record.defaultValue = expandBuiltIns(fromCharacter(line_, defaultKey.size() + 1), path_);
+            record.defaultValue = expandBuiltIns(valueBehind(defaultKey, line_), path_);
             return false;
         }
-        if (hasFourthLine && rules_.skipsOtherAttributes && line_.starts_with('.')) return false;
+        if (hasFourthLine && rules_.skipsOtherAttributes && isAttribute(line_)) return false;
         record.defaultValue.clear();
         return true;
-    }
-
-    void noteTag() {
-        if (equalIgnoringCase(line_, "[var]")) inBlock_ = true;
-        if (equalIgnoringCase(line_, "[/var]")) inBlock_ = false;
     }
 
     std::string path_;
@@ -118,7 +111,7 @@ class DeclarationReader {
     std::string_view line_;
     std::size_t position_ = 0;
     std::size_t passes_ = 0;
-    bool inBlock_ = false;
+    SectionState block_{Section::var};
     bool ended_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/textFiles.h"
+#include "text/fileFormat.h"
 #include "text/text.h"
 #include "vars/declarations.h"
 
@@ -18,16 +19,15 @@ void requireFile(const std::string& path) {
     throw EndProgram(1);
 }
 
-/// The title behind a header of `headerLength` characters, blanks turned into "_"; line 1 must be longer than that by
-/// more than one.
-std::string titleInFirstLine(const std::string& path, std::size_t headerLength) {
+/// The title with its blanks turned into "_". It must have at least two characters.
+std::string titleInFirstLine(const std::string& path, FileKind kind) {
     const auto file = readTextFile(path);
     const std::string_view line = file->lines.empty() ? std::string_view() : std::string_view(file->lines.front());
-    if (characterCount(line) < headerLength + 2) {
+    if (characterCount(line) < headerLength(kind) + 2) {
         showCritical("Error while loading '" + path + "' line 1", errorTitle);
         throw EndProgram(1);
     }
-    std::string title(fromCharacter(line, headerLength + 1));
+    std::string title(titleIn(line, kind));
     std::replace(title.begin(), title.end(), ' ', '_');
     return title;
 }
@@ -85,12 +85,11 @@ void prompt(const std::shared_ptr<PromptForm>& form, const OpenOptions& options)
 }  // namespace
 
 std::string readProfileTitle(const std::string& path) {
-    return titleInFirstLine(path, std::string_view("#Brasquelin Profile ").size());
+    return titleInFirstLine(path, FileKind::profile);
 }
 
 std::string readFunctionTitle(const std::string& path) {
-    constexpr std::size_t libraryHeaderLength = 21;
-    return titleInFirstLine(path, libraryHeaderLength);
+    return titleInFirstLine(path, FileKind::library);
 }
 
 void loadProfile(const std::string& path, OpenOptions options) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "text/fileFormat.h"
 #include "text/runTimeError.h"
 #include "text/text.h"
 
@@ -31,7 +32,7 @@ bool isValidComb(std::string_view typeSpec) {
     if (!typeSpec.ends_with(')')) return false;
     const auto inner = choiceText(typeSpec);
     if (inner.empty()) return true;
-    const auto items = split(inner, "||");
+    const auto items = split(inner, itemSeparator);
     return std::all_of(items.begin(), items.end(), isValidCombItem);
 }
 
@@ -80,7 +81,7 @@ std::string_view choiceText(std::string_view typeSpec) {
 }
 
 std::vector<std::string_view> choiceItems(std::string_view typeSpec) {
-    return split(choiceText(typeSpec), "||");
+    return split(choiceText(typeSpec), itemSeparator);
 }
 
 std::string_view combLabel(std::string_view item) {
@@ -108,13 +109,13 @@ std::string numberedItem(std::string_view typeSpec, std::string_view number) {
 
 void fillListChoices(std::string_view inner, std::vector<std::string>& choices) {
     choices.emplace_back();
-    for (const auto item : split(inner, "||")) choices.emplace_back(item);
+    for (const auto item : split(inner, itemSeparator)) choices.emplace_back(item);
 }
 
 void fillCombChoices(std::string_view inner, std::vector<std::string>& labels, std::vector<std::string>& values) {
     labels.emplace_back();
     values.emplace_back();
-    for (const auto item : split(inner, "||")) {
+    for (const auto item : split(inner, itemSeparator)) {
         labels.emplace_back(combLabel(item));
         values.emplace_back(combValue(item));
     }

@@ -71,14 +71,6 @@ TEST_F(NewLines, PathsBecomeRelativeToTheProgramFirst) {
     }
 }
 
-TEST_F(NewLines, ProgramLinesCarryTheirParameters) {
-    EXPECT_EQ(includeLine("a.bqs"), ":Include a.bqs");
-    EXPECT_EQ(programLine("p.exe", "", false), ":Plugin p.exe");
-    EXPECT_EQ(programLine("p.exe", "-x y", true), ":Check p.exe [Param=-x y]");
-    EXPECT_TRUE(isProgramFile("P.EXE"));
-    EXPECT_FALSE(isProgramFile("p.exe.bqs"));
-}
-
 TEST_F(NewLines, OffersIncludesFunctionsAndPluginsInThisOrder) {
     write("a.bqs", {"#Brasquelin Library  Pack it"});
     write("profiles/b.BQP", {"#Brasquelin Profile Build"});
