@@ -1,10 +1,17 @@
 #include "app/batchFile.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+
 #include "app/jobList.h"
 #include "config/configFile.h"
 #include "platform/childProcess.h"
+#include "platform/clock.h"
 #include "platform/codePages.h"
 #include "platform/desktop.h"
+#include "platform/directoryLock.h"
+#include "platform/fileOpenWatch.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "text/runTimeError.h"
@@ -17,6 +24,52 @@ namespace {
 std::string batchCommand(std::string_view betweenLauncherAndFile) {
     if (settings.shellExec.empty()) return batchFilePath();
     return settings.shellExec + std::string(betweenLauncherAndFile) + batchFilePath();
+}
+
+/// A start of its own, for the file is shared by all starts in this directory.
+class BatchStart {
+  public:
+    BatchStart() {
+        writeBatchFile();
+        watch_.emplace(batchFilePath());
+        if (!watch_->canTell()) lock_.coverStartedPrograms();
+    }
+
+    /// The next start may write its file once the runner of this one has it open. Where that cannot be seen, a runner
+    /// that is waited for keeps the lock to its end.
+    void letOthersIn(std::uint32_t processId, bool waitedFor) {
+        if (waitedFor && !watch_->canTell()) return;
+        holdUntilOpened(processId);
+        lock_.release();
+    }
+
+  private:
+    /// A launcher may hand the file to a program that runs already, or never open it.
+    void holdUntilOpened(std::uint32_t processId) {
+        constexpr std::uint64_t longest = 5000;  // milliseconds
+        constexpr std::uint64_t blind = 1000;
+        constexpr std::uint32_t step = 10;
+        const std::uint64_t entry = clockInUse().tickCount();
+        std::uint64_t limit = watch_->canTell() ? longest : blind;
+        while (!watch_->wasOpened()) {
+            const std::uint64_t waited = clockInUse().tickCount() - entry;
+            if (waited > limit) return;
+            if (!processTable().isRunning(processId)) limit = std::min(limit, blind);
+            desktop().processPendingEvents();
+            clockInUse().sleep(step);
+        }
+    }
+
+    DirectoryLock lock_;
+    std::optional<FileOpenWatch> watch_;
+};
+
+void runAndWait() {
+    BatchStart batch;
+    const std::uint32_t processId = startToWaitFor(batchCommand(" "), WindowStyle::normalWithFocus);
+    batch.letOthersIn(processId, true);
+    awaitEnd(processId, "The job list");
+    if (childCancelled()) throw EndProgram(1);
 }
 
 }  // namespace
@@ -32,13 +85,12 @@ void writeBatchFile() {
 }
 
 void runBatchAndWait() {
-    writeBatchFile();
     try {
-        shellAndWait(batchCommand(" "), WindowStyle::normalWithFocus, "The job list");
-    } catch (const RunTimeError& error) {  // whoever reports it names the batch file
+        runAndWait();
+    } catch (const RunTimeError& error) {  // whoever reports it names the batch file alone
+        if (error.path().empty() || error.path() == batchFilePath()) throw;
         throw error.because("'" + error.path() + "'");
     }
-    if (childCancelled()) throw EndProgram(1);
 }
 
 void executeLine(std::optional<std::size_t> selected) {
@@ -51,8 +103,10 @@ void executeJobList() {
         desktop().showMessage("Joblist empty !", "Error", Icon::exclamation);
         return;
     }
-    writeBatchFile();
-    startCommand(batchCommand(" Brasquelin "), WindowStyle::normalWithFocus);  // the word is the launcher's title
+    BatchStart batch;
+    // The word is the launcher's title.
+    const std::uint32_t processId = startCommand(batchCommand(" Brasquelin "), WindowStyle::normalWithFocus);
+    batch.letOthersIn(processId, false);
     throw EndProgram(0);
 }
 

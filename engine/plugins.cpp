@@ -2,6 +2,7 @@
 
 #include "engine/engineTables.h"
 #include "platform/childProcess.h"
+#include "platform/directoryLock.h"
 #include "platform/files.h"
 #include "platform/textFiles.h"
 #include "text/substitution.h"
@@ -52,6 +53,8 @@ bool namesProgram(std::string_view programPath) {
 void runProgram(std::string_view programPath, std::string_view parameters, Table<NamedValue>& results) {
     if (!namesProgram(programPath)) throw RunTimeError(ErrorNumber::fileNotFound);
     const std::string resultPath = std::string(withoutLast(programPath, extensionLength)) + "var";
+    DirectoryLock lock;
+    lock.coverStartedPrograms();
     deleteFile(resultPath);  // stale values are never read
     forgetTextFiles();
     const std::string command = "\"" + std::string(programPath) + "\" " + std::string(parameters);

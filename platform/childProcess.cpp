@@ -35,10 +35,17 @@ std::uint32_t startCommand(std::string_view command, WindowStyle style) {
 }
 
 void shellAndWait(std::string_view command, WindowStyle style, std::string_view what) {
-    const std::uint32_t processId = processTable().startToWaitFor(command, style);
-    forgetTextFiles();
-    childProcessId = processId;
+    awaitEnd(startToWaitFor(command, style), what);
+}
+
+std::uint32_t startToWaitFor(std::string_view command, WindowStyle style) {
+    childProcessId = processTable().startToWaitFor(command, style);
     cancelled = false;
+    forgetTextFiles();
+    return childProcessId;
+}
+
+void awaitEnd(std::uint32_t processId, std::string_view what) {
     WaitingNotice notice(std::string(what) + " is running.", cancelChild);
     waitMilliseconds(firstWait / 2);
     if (processTable().isRunning(processId)) notice.look();

@@ -50,6 +50,10 @@ void cancelChild();
 /// True when that has happened.
 bool childCancelled();
 
+/// The halves of shellAndWait.
+std::uint32_t startToWaitFor(std::string_view command, WindowStyle style);
+void awaitEnd(std::uint32_t processId, std::string_view what);
+
 /// Ends a process. `windowHandle`, unless 0, names the process by a window that it owns (Windows only).
 bool killProcess(std::uint32_t processId, std::uintptr_t windowHandle = 0);
 

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/directoryLock.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
@@ -33,6 +34,7 @@ std::optional<std::string> recallValue(std::string_view key) {
 }
 
 void rememberValue(std::string_view key, std::string_view value) {
+    const DirectoryLock lock;
     std::vector<std::string> lines = rememberedLines();
     lines.insert(lines.begin(), std::string(key) + "=" + std::string(value));
     if (lines.size() > keptEntries) lines.resize(keptEntries);

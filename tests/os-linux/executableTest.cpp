@@ -5,11 +5,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 
 #include "os-linux/processState.h"
 #include "support/programTest.h"
+#include "text/text.h"
 
 #ifdef BRASQUELIN_PROGRAM
 
@@ -108,23 +110,41 @@ class RunningExecutable : public Executable {
     }
 
     void start(const std::string& job, bool atTerminal) {
-        write("say.bqs", {"#Brasquelin Library  Say", "[var]", "text", ".Type=Text", ".Info=none", "[/var]",
-                          "[command]", "type=shell", "command=$text$", "[/command]"});
+        writeLibrary();
         write("list.txt", {"/x/brasquelin $exepath$/say.bqs 001=sh job.sh"});
         writeBytes("job.sh", job);
         if (terminal_ >= 0) close(terminal_);
         terminal_ = -1;
         program_ = atTerminal ? forkpty(&terminal_, nullptr, nullptr, nullptr) : fork();
-        if (program_ == 0) runProgram(atTerminal);
+        if (program_ == 0) runProgram(atTerminal, "list.txt");
     }
-    void runProgram(bool atTerminal) const {
+    void writeLibrary() const {
+        write("say.bqs", {"#Brasquelin Library  Say", "[var]", "text", ".Type=Text", ".Info=none", "[/var]",
+                          "[command]", "type=shell", "command=$text$", "[/command]"});
+    }
+    /// Starts the program with each list at once. How many of them end with status 0.
+    int runAtOnce(const std::vector<std::string>& lists) const {
+        std::vector<pid_t> programs;
+        for (const auto& list : lists) {
+            programs.push_back(fork());
+            if (programs.back() == 0) runProgram(false, list);
+        }
+        int good = 0;
+        for (const pid_t program : programs) {
+            int status = 0;
+            waitpid(program, &status, 0);
+            good += status == 0 ? 1 : 0;
+        }
+        return good;
+    }
+    void runProgram(bool atTerminal, const std::string& list) const {
         if (chdir(folder().c_str()) != 0) _exit(99);
         const int null = open("/dev/null", O_RDWR);
         for (int descriptor = 0; !atTerminal && descriptor < 3; ++descriptor) dup2(null, descriptor);
         unsetenv("DISPLAY");
         unsetenv("WAYLAND_DISPLAY");
         setenv("XDG_DATA_HOME", "/dev/null/none", 1);
-        execl("./brasquelin", "brasquelin", "-f", "list.txt", nullptr);
+        execl("./brasquelin", "brasquelin", "-f", list.c_str(), nullptr);
         _exit(99);
     }
 
@@ -168,6 +188,35 @@ TEST_F(RunningExecutable, SignalsEndTheBatchAndThenTheProgram) {
             remove("cleaned.txt");
         }
     }
+}
+
+TEST_F(RunningExecutable, StartsInOneDirectoryDoNotGetInEachOthersWay) {
+    writeLibrary();
+    std::filesystem::remove(folder() + "/Brasquelin.ini");
+    write("Brasquelin.ini", {});
+    std::vector<std::string> lists;
+    for (int i = 10; i < 30; ++i) {
+        const std::string number = std::to_string(i);
+        lists.push_back("list-" + number);
+        write(lists.back(), {"/x/brasquelin $exepath$/say.bqs 001=echo " + number + " >> out.txt"});
+    }
+    EXPECT_EQ(runAtOnce(lists), 20);
+    std::vector<std::string> lines = splitLines(read("out.txt"));
+    std::sort(lines.begin(), lines.end());
+    EXPECT_EQ(std::unique(lines.begin(), lines.end()) - lines.begin(), 20) << read("out.txt");
+
+    writeBytes("ask.exe", "#!/bin/sh\nsleep 0.1\necho \"answer = $1\" > ask.var\n");
+    std::filesystem::permissions(folder() + "/ask.exe", std::filesystem::perms::owner_all);
+    lists.clear();
+    for (const std::string name : {"a", "b", "c"}) {
+        lists.push_back("list-" + name);
+        write(name + ".bqp", {"#Brasquelin Profile Ask", "[library]", ":include $exepath$/say.bqs",
+                              ":plugin $exepath$/ask.exe [param=" + name + "]", "[/library]", "[profile]", "Say",
+                              ".text=echo " + name + " $answer$ > got-" + name, "[/profile]"});
+        write(lists.back(), {"/x/brasquelin $exepath$/" + name + ".bqp"});
+    }
+    EXPECT_EQ(runAtOnce(lists), 3);
+    for (const std::string name : {"a", "b", "c"}) EXPECT_EQ(read("got-" + name), name + " " + name + "\n");
 }
 
 TEST_F(RunningExecutable, ABatchReadsTheTerminalAndItsKeysReachTheProgram) {

@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <thread>
+
 #include "os-windows/becomesTrue.h"
 #include "platform/childProcess.h"
 #include "platform/paths.h"
+#include "platform/systemLock.h"
 #include "platform/windows/programStart.h"
 #include "support/scratchDirectory.h"
 #include "text/runTimeError.h"
@@ -83,6 +86,19 @@ TEST(WindowsProcesses, onlyOwnChildrenAreEnded) {
     EXPECT_FALSE(systemProcessTable().terminate(child));
     EXPECT_FALSE(systemProcessTable().isRunning(GetCurrentProcessId()));
     EXPECT_FALSE(systemProcessTable().terminate(GetCurrentProcessId()));
+}
+
+TEST(WindowsProcesses, theLockOfADirectoryHasOneOwner) {
+    const ScratchDirectory scratch;
+    const std::string directory = utf8(scratch.path());
+    EXPECT_TRUE(tryLockDirectory(directory));
+    bool other = true;  // a mutex belongs to its thread
+    std::thread([&] { other = tryLockDirectory(shortPath(directory)); }).join();
+    EXPECT_FALSE(other);
+    unlockDirectory();
+    EXPECT_TRUE(tryLockDirectory(directory));
+    unlockDirectory();
+    EXPECT_TRUE(std::filesystem::is_empty(scratch.path()));
 }
 
 TEST(WindowsProcesses, theExitCodeOfARunningProcessDoesNotDeceive) {
