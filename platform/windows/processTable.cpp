@@ -22,13 +22,19 @@ constexpr DWORD stillActive = 259;
 class WindowsProcessTable : public ProcessTable {
   public:
     std::uint32_t start(std::string_view command, WindowStyle style) override;
+    std::uint32_t startToWaitFor(std::string_view command, WindowStyle style) override;
     bool isRunning(std::uint32_t processId) override;
     bool terminate(std::uint32_t processId) override;
     std::uint32_t ownerOf(std::uintptr_t windowHandle) override;
 
   private:
+    std::uint32_t create(std::string_view command, WindowStyle style, HANDLE job);
+
     // While the handle is kept, the system does not give the id to another process.
     std::map<std::uint32_t, SystemHandle> known_;
+    // Of those that are waited for. The system ends what is in a job when its last handle goes, so they end with the
+    // program, however that ends: by a closed console, at the end of the session, or by force.
+    std::map<std::uint32_t, SystemHandle> jobs_;
 };
 
 STARTUPINFOW startUpInfo(WindowStyle style) {
@@ -39,14 +45,34 @@ STARTUPINFOW startUpInfo(WindowStyle style) {
     return info;
 }
 
+bool endsWithLastHandle(HANDLE job, bool wanted) {
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = wanted ? JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE : 0;
+    return SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits) != 0;
+}
+
 std::uint32_t WindowsProcessTable::start(std::string_view command, WindowStyle style) {
+    return create(command, style, nullptr);
+}
+
+std::uint32_t WindowsProcessTable::startToWaitFor(std::string_view command, WindowStyle style) {
+    SystemHandle job = ownHandle(CreateJobObjectW(nullptr, nullptr));
+    if (!job || !endsWithLastHandle(job.get(), true)) return start(command, style);
+    const std::uint32_t processId = create(command, style, job.get());
+    jobs_[processId] = std::move(job);
+    return processId;
+}
+
+std::uint32_t WindowsProcessTable::create(std::string_view command, WindowStyle style, HANDLE job) {
     ProgramStart program = programStartOf(command);
     STARTUPINFOW info = startUpInfo(style);
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(program.program.c_str(), program.commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                       nullptr, &info, &process) == 0) {
+    if (CreateProcessW(program.program.c_str(), program.commandLine.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED,
+                       nullptr, nullptr, &info, &process) == 0) {
         throw RunTimeError(startErrorOf(GetLastError()), fromWide(program.program));
     }
+    if (job != nullptr) AssignProcessToJobObject(job, process.hProcess);  // before it can start anything itself
+    ResumeThread(process.hThread);
     CloseHandle(process.hThread);
     known_[process.dwProcessId] = ownHandle(process.hProcess);
     return process.dwProcessId;
@@ -61,6 +87,10 @@ bool WindowsProcessTable::isRunning(std::uint32_t processId) {
     // A program may end with this very number.
     if (active && WaitForSingleObject(kept->second.get(), 0) == WAIT_TIMEOUT) return true;
     known_.erase(kept);
+    if (const auto job = jobs_.find(processId); job != jobs_.end()) {
+        endsWithLastHandle(job->second.get(), false);  // what it left in the background goes on
+        jobs_.erase(job);
+    }
     return false;
 }
 
@@ -68,7 +98,9 @@ bool WindowsProcessTable::terminate(std::uint32_t processId) {
     if (!isRunning(processId)) return false;
     enableDebugPrivilege();
     const SystemHandle process = ownHandle(OpenProcess(terminateAccess, FALSE, processId));
-    return process && TerminateProcess(process.get(), 0) != 0;
+    const bool ended = process && TerminateProcess(process.get(), 0) != 0;
+    if (ended) jobs_.erase(processId);  // and all that it started
+    return ended;
 }
 
 std::uint32_t WindowsProcessTable::ownerOf(std::uintptr_t windowHandle) {

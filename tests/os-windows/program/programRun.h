@@ -32,6 +32,7 @@ class ProgramRun : public ScratchDirectory {
     bool run(std::string_view commandLine);
     bool waitForEnd(unsigned seconds = 30);
     DWORD exitCode() const;
+    void endByForce() { closeProcess(); }
     /// The visible top-level window with this title, once it has come up; a test failure when it does not.
     HWND awaitWindow(std::wstring_view title) const;
 

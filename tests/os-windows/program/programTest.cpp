@@ -145,6 +145,21 @@ TEST(Program, endsItsChildWithItsMainWindow) {
     CloseHandle(process);
 }
 
+TEST(Program, endsItsChildWhenItIsEndedByForce) {
+    ProgramRun program;
+    program.copyHelper(L"sleeper.exe");
+    program.writeLines("Brasquelin.ini", "[config]\nshellexec = $exepath$\\sleeper.exe\n[/config]");
+    program.writeLines("list.txt", "");
+    program.start("-f " + program.shortDirectory() + "\\list.txt");
+    ASSERT_TRUE(becomesTrue([&] { return !program.read("sleeper.var").empty(); }));
+    const auto child = static_cast<DWORD>(std::stoul(program.read("sleeper.var")));
+    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, child);
+    ASSERT_NE(process, nullptr);
+    program.endByForce();
+    EXPECT_EQ(WaitForSingleObject(process, 5000), static_cast<DWORD>(WAIT_OBJECT_0));
+    CloseHandle(process);
+}
+
 TEST(Program, tellsAboutAListThatIsMissingAndStaysOpen) {
     ProgramRun program;
     program.start("-f C:\\missing list.txt");
