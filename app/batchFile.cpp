@@ -43,6 +43,15 @@ class BatchStart {
         lock_.release();
     }
 
+    /// Raises what kept the runner from opening the file. The codes with which it ends later are its commands' own.
+    void requireStarted(std::uint32_t processId) {
+        const ProcessEnd end = processTable().endOf(processId);
+        if (!watch_->canTell() || watch_->wasOpened() || end.exitCode == 0) return;
+        if (settings.shellExec.empty()) throw RunTimeError(ErrorNumber::pathFileAccess, batchFilePath());
+        if (end.exitCode == 127) throw RunTimeError(ErrorNumber::fileNotFound, settings.shellExec);
+        if (end.exitCode == 126) throw RunTimeError(ErrorNumber::permissionDenied, settings.shellExec);
+    }
+
   private:
     /// A launcher may hand the file to a program that runs already, or never open it.
     void holdUntilOpened(std::uint32_t processId) {
@@ -64,12 +73,21 @@ class BatchStart {
     std::optional<FileOpenWatch> watch_;
 };
 
+void tellSignal(std::uint32_t processId) {
+    const int signal = processTable().endOf(processId).signal;
+    if (signal == 0) return;
+    showCritical("'" + batchFilePath() + "'\r\nThe batch was ended by signal " + std::to_string(signal) + ".",
+                 errorTitle);
+}
+
 void runAndWait() {
     BatchStart batch;
     const std::uint32_t processId = startToWaitFor(batchCommand(" "), WindowStyle::normalWithFocus);
     batch.letOthersIn(processId, true);
     awaitEnd(processId, "The job list");
     if (childCancelled()) throw EndProgram(1);
+    batch.requireStarted(processId);
+    tellSignal(processId);
 }
 
 }  // namespace
@@ -107,6 +125,7 @@ void executeJobList() {
     // The word is the launcher's title.
     const std::uint32_t processId = startCommand(batchCommand(" Brasquelin "), WindowStyle::normalWithFocus);
     batch.letOthersIn(processId, false);
+    batch.requireStarted(processId);
     throw EndProgram(0);
 }
 

@@ -11,6 +11,12 @@ enum class WindowStyle { hidden = 0, normalWithFocus = 1 };
 
 /// Starting, asking and ending; the system's own unless a test puts another one in its place. Each started process
 /// is remembered with the system's handle to it, so a process id that was reused is never taken for it.
+/// How a process ended: by itself with a code, or by a signal (Linux only).
+struct ProcessEnd {
+    int exitCode = 0;
+    int signal = 0;
+};
+
 class ProcessTable {
   public:
     virtual ~ProcessTable() = default;
@@ -24,6 +30,8 @@ class ProcessTable {
     virtual bool isRunning(std::uint32_t processId) = 0;
     /// True when the process was ended by this call.
     virtual bool terminate(std::uint32_t processId) = 0;
+    /// How the process ended that was found ended last; zeros for any other, and for one that `terminate` ended.
+    virtual ProcessEnd endOf(std::uint32_t /*processId*/) { return {}; }
     /// The process that owns a window; 0 where windows have no such handle.
     virtual std::uint32_t ownerOf(std::uintptr_t /*windowHandle*/) { return 0; }
 };

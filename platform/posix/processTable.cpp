@@ -67,6 +67,7 @@ class SystemProcessTable : public ProcessTable {
     std::uint32_t startToWaitFor(std::string_view command, WindowStyle style) override;
     bool isRunning(std::uint32_t processId) override;
     bool terminate(std::uint32_t processId) override;
+    ProcessEnd endOf(std::uint32_t processId) override { return processId == lastEnded_ ? lastEnd_ : ProcessEnd(); }
 
   private:
     struct Child {
@@ -77,6 +78,8 @@ class SystemProcessTable : public ProcessTable {
     void collectEnded();
 
     std::map<std::uint32_t, Child> children_;
+    std::uint32_t lastEnded_ = 0;
+    ProcessEnd lastEnd_;
 };
 
 /// Nobody waits, so the terminal is not lent: a child that may read it stays in the program's group.
@@ -127,6 +130,8 @@ bool SystemProcessTable::isRunning(std::uint32_t processId) {
     }
     if (WIFSTOPPED(status)) stopWithChild(child, WSTOPSIG(status));
     if (WIFSTOPPED(status)) return true;
+    lastEnded_ = processId;
+    lastEnd_ = {WIFEXITED(status) ? WEXITSTATUS(status) : 0, WIFSIGNALED(status) ? WTERMSIG(status) : 0};
     endTerminalLoan(child, status);
     return false;
 }

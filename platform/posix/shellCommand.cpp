@@ -162,6 +162,38 @@ std::string_view batchFileOf(std::string_view command) {
     return endsWithIgnoringCase(command, ".bat") && fileExists(command) ? command : std::string_view();
 }
 
+/// The program directory as one word wherever it stands outside quotes.
+std::string quoteProgramDirectory(std::string_view command) {
+    constexpr std::string_view special = " \t\n|&;<>()$`\\\"'*?[]{}~#!";
+    const std::string& directory = exeDirectory();
+    if (directory.find_first_of(special) == std::string::npos) return std::string(command);
+    std::string text;
+    char quote = '\0';
+    while (!command.empty()) {
+        std::size_t taken = 1;
+        if (quote == '\0' && command.starts_with(directory)) {
+            text += quotedForShell(directory);
+            command.remove_prefix(directory.size());
+            continue;
+        }
+        if (command.front() == '\\' && quote != '\'') taken = std::min<std::size_t>(2, command.size());
+        if (command.front() == quote) {
+            quote = '\0';
+        } else if (quote == '\0' && (command.front() == '"' || command.front() == '\'')) {
+            quote = command.front();
+        }
+        text.append(command.substr(0, taken));
+        command.remove_prefix(taken);
+    }
+    return text;
+}
+
+/// A launcher's command ends with the batch file, whose path has no quotes there.
+std::string launcherCommand(std::string_view command) {
+    const bool launches = endsWithIgnoringCase(command, ".bat") && !exeDirectory().empty();
+    return launches ? quoteProgramDirectory(command) : std::string(command);
+}
+
 }  // namespace
 
 std::string quotedForShell(std::string_view word) {
@@ -171,7 +203,7 @@ std::string quotedForShell(std::string_view word) {
 std::vector<std::string> shellArguments(std::string_view command) {
     const std::string_view batchFile = batchFileOf(command);
     if (!batchFile.empty()) return {"/bin/sh", "-c", batchRunner, "brasquelin-batch", resolvePath(batchFile)};
-    return {"/bin/sh", "-c", resolveCommand(command)};
+    return {"/bin/sh", "-c", resolveCommand(launcherCommand(command))};
 }
 
 }  // namespace brasquelin

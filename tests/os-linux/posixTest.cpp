@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -17,10 +18,13 @@
 #include "os-linux/processState.h"
 #include "platform/childProcess.h"
 #include "platform/codePages.h"
+#include "platform/directoryLock.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/systemLock.h"
 #include "support/programTest.h"
 #include "text/text.h"
+#include "vars/rememberedValues.h"
 
 namespace brasquelin {
 namespace {
@@ -228,6 +232,70 @@ TEST_F(Posix, ALauncherThatIsMissingLeavesTheJobListAlone) {
     EXPECT_EQ(messages(), std::vector<std::string>{"Brasquelin Error: Error 53 : File not found\r\nWhile writting '" +
                                                    folder() + "/brasquelin.bat'\r\n'brasquelin-none'"});
     EXPECT_TRUE(desktop_.hadFailure());
+}
+
+TEST_F(Posix, AnswersOfSeveralStartsAreAllRemembered) {
+    setClock(nullptr);
+    std::vector<pid_t> starts;
+    for (int i = 0; i < 8; ++i) {
+        starts.push_back(fork());
+        if (starts.back() != 0) continue;
+        for (int k = 0; k < 5; ++k) rememberValue("key" + std::to_string(10 * i + k), "x");
+        _exit(0);
+    }
+    for (const pid_t start : starts) waitpid(start, nullptr, 0);
+    EXPECT_EQ(splitLines(read("pop.tmp")).size(), 40U);
+}
+
+TEST_F(Posix, TheLockOfADeadStartIsFree) {
+    setClock(nullptr);
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t other = fork();
+    if (other == 0) {
+        const DirectoryLock lock;
+        EXPECT_EQ(::write(ready[1], "x", 1), 1);
+        for (;;) pause();
+    }
+    char byte = 0;
+    EXPECT_EQ(::read(ready[0], &byte, 1), 1);
+    EXPECT_FALSE(tryLockDirectory(folder()));
+    desktop_.onEvents = [&] { kill(other, SIGKILL); };
+    const DirectoryLock lock;
+    const DirectoryLock inside;
+    waitpid(other, nullptr, 0);
+    close(ready[0]);
+    close(ready[1]);
+    EXPECT_TRUE(listFiles(folder()).empty());
+}
+
+TEST_F(Posix, ALauncherIsTold) {
+    setProcessTable(nullptr);
+    setClock(nullptr);
+    std::filesystem::create_directory(folder() + "/it's $a program");
+    setProgramDirectory(folder() + "/it's $a program");
+    jobList.append("echo done > '" + folder() + "/out.txt'; brasquelin-none");
+    const std::string runner = exeDirectory() + "/brasquelin-batch";
+    std::filesystem::copy_file(BRASQUELIN_SOURCE "/launchers/linux/brasquelin-batch", runner);
+    std::filesystem::permissions(runner, std::filesystem::perms::owner_all);
+    settings.shellExec = "env " + runner;  // as xterm is told
+    EXPECT_NO_THROW(runBatchAndWait());    // the command that fails is the batch's own
+    EXPECT_EQ(read("out.txt"), "done\n");
+    remove("out.txt");
+    EXPECT_EQ(exitStatusOf(executeJobList), 0);
+    for (int i = 0; i < 1000 && read("out.txt").empty(); ++i) usleep(2000);
+    EXPECT_EQ(read("out.txt"), "done\n");
+
+    settings.shellExec = "env brasquelin-none";
+    EXPECT_EQ(errorOf(runBatchAndWait), ErrorNumber::fileNotFound);
+    EXPECT_EQ(errorOf(executeJobList), ErrorNumber::fileNotFound);
+    EXPECT_FALSE(desktop_.hadFailure());
+    settings.shellExec.clear();
+    jobList.clear();
+    jobList.append("kill -KILL $$");
+    runBatchAndWait();
+    EXPECT_TRUE(desktop_.hadFailure());
+    EXPECT_NE(messages().back().find("ended by signal 9"), std::string::npos);
 }
 
 TEST_F(Posix, ChildrenAreEndedOnceAndOnlyIfTheyAreOurs) {
