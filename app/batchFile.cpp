@@ -73,6 +73,18 @@ class BatchStart {
     std::optional<FileOpenWatch> watch_;
 };
 
+/// A flag that is true for as long as this lives.
+class Raised {
+  public:
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Raised() { flag_ = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+  private:
+    bool& flag_;
+};
+
 void tellSignal(std::uint32_t processId) {
     const int signal = processTable().endOf(processId).signal;
     if (signal == 0) return;
@@ -121,6 +133,9 @@ void executeJobList() {
         desktop().showMessage("Joblist empty !", "Error", Icon::exclamation);
         return;
     }
+    static bool starting = false;
+    if (starting) return;  // a second click, while pending events are processed
+    const Raised whileStarting(starting);
     BatchStart batch;
     // The word is the launcher's title.
     const std::uint32_t processId = startCommand(batchCommand(" Brasquelin "), WindowStyle::normalWithFocus);
