@@ -127,7 +127,7 @@ std::string_view parameterPrompt(std::string_view entry) {
 std::vector<std::string> variablesOfInclude(const std::string& path) {
     std::vector<std::string> names;
     readFunctionVariables(path, OnParseError::report);
-    for (const auto& variable : std::as_const(variableTables.functionVariables)) names.push_back(variable.name);
+    for (const auto& variable : variableTables.functionVariables) names.push_back(variable.name);
     return names;
 }
 

@@ -132,12 +132,12 @@ void appendSection(std::vector<std::string>& lines, Section section, const std::
 }  // namespace
 
 std::vector<std::string>& ProfileDocument::list(EditorList which) {
-    return const_cast<std::vector<std::string>&>(std::as_const(*this).list(which));
+    if (which == EditorList::include) return listInclude;
+    return which == EditorList::variables ? listVar : listCommand;
 }
 
 const std::vector<std::string>& ProfileDocument::list(EditorList which) const {
-    if (which == EditorList::include) return listInclude;
-    return which == EditorList::variables ? listVar : listCommand;
+    return const_cast<ProfileDocument&>(*this).list(which);
 }
 
 void newDocument(ProfileDocument& document) {

@@ -15,7 +15,7 @@ std::string reference(std::string_view name) {
 }
 
 void appendPluginVariables(References& references) {
-    const auto& results = std::as_const(variableTables.pluginResults)[0];
+    const auto& results = variableTables.pluginResults[0];
     for (const auto& result : results) references.push_back(reference(result.name));
 }
 

@@ -1,13 +1,16 @@
 #include "engine/basicFunction.h"
 
+#include <array>
 #include <optional>
 
 #include "config/configFile.h"
 #include "engine/expandProfileLine.h"
+#include "engine/resolvedVariable.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
+#include "vars/builtIns.h"
 #include "vars/declarations.h"
 #include "vars/typeSpec.h"
 #include "vars/variableTables.h"
@@ -17,13 +20,6 @@ namespace brasquelin {
 FunctionAction functionAction;
 
 namespace {
-
-/// A variable of the function with what its references become.
-struct ResolvedVariable {
-    std::string name;
-    ResolvedChoice choice;
-    std::string label;
-};
 
 // The "[command]" section
 
@@ -39,10 +35,10 @@ void takeVariableValues(std::string_view line) {
     if (!assignment.hasEquals) return;
     auto& variables = variableTables.functionVariables;
     for (std::size_t i = 0; i < variables.count(); ++i) {
-        const std::string& name = std::as_const(variables).row(i).name;
+        const std::string& name = variables.row(i).name;
         if (name.empty() || !startsWithIgnoringCase(line, name)) continue;
         const auto rest = fromCharacter(line, characterCount(name) + 1);
-        if (rest.starts_with('=')) variables.row(i).defaultValue = rest.substr(1);
+        if (rest.starts_with('=')) variables.change(i).defaultValue = rest.substr(1);
     }
 }
 
@@ -81,117 +77,102 @@ std::string doubleSingleBackslashes(std::string_view text) {
     return doubled;
 }
 
+/// A double-path value is doubled where it is not already.
+std::string valueText(const VariableDeclaration& variable, std::optional<std::string_view> given) {
+    const VariableKind kind = kindOf(variable.typeSpec);
+    std::string value = given ? std::string(*given) : defaultText(variable, kind);
+    return kind == VariableKind::dbls ? doubleSingleBackslashes(value) : value;
+}
+
+/// One run of a basic function or library. The tables are empty afterwards, however it ends.
+class FunctionRun {
+  public:
+    FunctionRun(std::string_view path, const FunctionContext& context) : path_(path), context_(context) {}
+    ~FunctionRun() { variableTables.functionVariables.clear(); }
+    FunctionRun(const FunctionRun&) = delete;
+    FunctionRun& operator=(const FunctionRun&) = delete;
+
+    /// Its line for the job list.
+    std::string perform(const std::vector<std::string>& arguments);
+
+  private:
+    std::vector<std::optional<std::string_view>> matched(const std::vector<std::string>& arguments) const;
+    void resolve(const std::vector<std::string>& arguments);
+    void expandAllForms(ReferenceText& text) const;
+    void expandDirectories(ReferenceText& text, std::string_view doubledExepath) const;
+    std::string expandedCommand() const;
+    std::string expandedWriteText() const;
+
+    std::string_view path_;
+    const FunctionContext& context_;
+    std::vector<ResolvedVariable> variables_;
+};
+
+std::string FunctionRun::perform(const std::vector<std::string>& arguments) {
+    const bool isFile = equalIgnoringCase(functionAction.type, "file");
+    if (!isFile && !equalIgnoringCase(functionAction.type, "shell")) return {};
+    resolve(arguments);
+    std::string command = expandedCommand();
+    if (!isFile) return command;
+    saveTextFile(command, expandedWriteText());
+    return "//File saved to " + command;
+}
+
 /// The value that the arguments give each variable; the last one for a variable counts.
-std::vector<std::optional<std::string_view>> matchArguments(const std::vector<std::string>& arguments,
-                                                            std::string_view path, const FunctionContext& context) {
-    const auto& variables = std::as_const(variableTables.functionVariables);
+std::vector<std::optional<std::string_view>> FunctionRun::matched(const std::vector<std::string>& arguments) const {
+    const auto& variables = variableTables.functionVariables;
     std::vector<std::optional<std::string_view>> given(variables.count());
     for (const auto& argument : arguments) {
         const Assignment assignment = splitAssignment(argument);
         const int index = findVar(assignment.name, variables);
-        if (index < 0) endForUnknownVar(assignment.name, context.fromFile, context.fromLine, path);
+        if (index < 0) endForUnknownVar(assignment.name, context_.fromFile, context_.fromLine, path_);
         given[static_cast<std::size_t>(index)] = assignment.value;
     }
     return given;
 }
 
-ResolvedChoice resolveValue(const VariableDeclaration& variable, std::optional<std::string_view> given) {
-    const VariableKind kind = kindOf(variable.typeSpec);
-    std::string value = given ? std::string(*given) : defaultText(variable, kind);
-    if (isChoice(kind)) return resolveChoice(variable.typeSpec, value);
-    ResolvedChoice plain;
-    plain.value = kind == VariableKind::dbls ? doubleSingleBackslashes(value) : std::move(value);
-    return plain;
-}
-
-std::vector<ResolvedVariable> resolveVariables(std::string_view path, const FunctionContext& context,
-                                               const std::vector<std::string>& arguments) {
-    const auto given = matchArguments(arguments, path, context);
-    const auto& variables = std::as_const(variableTables.functionVariables);
-    std::vector<ResolvedVariable> resolved;
-    resolved.reserve(variables.count());
-    std::string label;
+void FunctionRun::resolve(const std::vector<std::string>& arguments) {
+    const auto given = matched(arguments);
+    const auto& variables = variableTables.functionVariables;
+    VariableResolver resolver;
+    variables_.reserve(variables.count());
     for (std::size_t i = 0; i < variables.count(); ++i) {
-        const auto& variable = variables.row(i);
-        ResolvedVariable row{variable.name, resolveValue(variable, given[i]), {}};
-        if (row.choice.setsLabel) label = row.choice.label;
-        if (!row.choice.clearsText) row.label = label;
-        resolved.push_back(std::move(row));
+        variables_.push_back(resolver.resolve(variables.row(i), valueText(variables.row(i), given[i])));
     }
-    return resolved;
 }
 
-// Expansion
-
-void expandForms(ReferenceText& text, const std::vector<ResolvedVariable>& variables) {
+void FunctionRun::expandAllForms(ReferenceText& text) const {
     if (!text.mayRefer()) return;
-    for (const auto& variable : variables) {
-        if (!variable.choice.hasForms) continue;
-        text.replaceForm("index", variable.name, variable.choice.index);
-        text.replaceForm("text", variable.name, variable.label);
-    }
+    for (const auto& variable : variables_) expandForms(text, variable);
 }
 
-/// The built-ins; the command text and the text to write differ in how they spell the doubled program directory.
-void expandBuiltIns(ReferenceText& text, std::string_view path, std::string_view doubledExepath) {
-    if (!text.mayRefer()) return;
-    text.replace("exepath", exeDirectory());
-    if (text.refersTo("scriptpath")) text.replace("scriptpath", dirOf(shortPath(path)));
-    if (text.refersTo(doubledExepath)) text.replace(doubledExepath, doubleBackslashes(exeDirectory()));
-    if (text.refersTo("scriptpathdbslash")) {
-        text.replace("scriptpathdbslash", doubleBackslashes(dirOf(shortPath(path))));
-    }
+/// The command text and the text to write differ in how they spell the doubled program directory.
+void FunctionRun::expandDirectories(ReferenceText& text, std::string_view doubledExepath) const {
+    const std::array<std::string_view, 4> names{"exepath", "scriptpath", doubledExepath, "scriptpathdbslash"};
+    expandBuiltIns(text, names, [this] { return dirOf(shortPath(path_)); });
 }
 
-std::string expandCommand(std::string_view path, const std::vector<ResolvedVariable>& variables, int level) {
-    static ReferenceText text;  // keeps its memory from call to call
-    text.assign(functionAction.command);
-    expandForms(text, variables);
-    expandBuiltIns(text, path, "exepathdbslash");
+std::string FunctionRun::expandedCommand() const {
+    ReferenceText text(functionAction.command);
+    expandAllForms(text);
+    expandDirectories(text, "exepathdbslash");
     expandGlobals(text);
-    for (const auto& variable : variables) text.replace(variable.name, variable.choice.value);
-    expandPluginVars(text, level);
-    return text.text();
-}
-
-/// Built-ins and globals are applied once per variable, so not at all for a function without variables.
-std::string expandWriteText(std::string_view path, const std::vector<ResolvedVariable>& variables, int level) {
-    ReferenceText text(functionAction.write);
-    expandForms(text, variables);
-    for (const auto& variable : variables) {
-        expandBuiltIns(text, path, "exepathdblslash");
-        expandGlobals(text);
-        text.replace(variable.name, variable.choice.value);
-    }
-    expandPluginVars(text, level);
+    for (const auto& variable : variables_) text.replace(variable.name, variable.choice.value);
+    expandPluginVars(text, context_.level);
     return text.take();
 }
 
-/// Empties the tables for the next run, however this one ends.
-struct ClearAfterwards {
-    ClearAfterwards() = default;
-    ClearAfterwards(const ClearAfterwards&) = delete;
-    ClearAfterwards& operator=(const ClearAfterwards&) = delete;
-    ~ClearAfterwards() { variableTables.functionVariables.clear(); }
-};
-
-std::string perform(std::string_view path, const FunctionContext& context, const std::vector<std::string>& arguments) {
-    const bool isFile = equalIgnoringCase(functionAction.type, "file");
-    if (!isFile && !equalIgnoringCase(functionAction.type, "shell")) return {};
-    const auto variables = resolveVariables(path, context, arguments);
-    std::string command = expandCommand(path, variables, context.level);
-    if (!isFile) return command;
-    saveTextFile(command, expandWriteText(path, variables, context.level));
-    return "//File saved to " + command;
-}
-
-/// `argumentsOf` is asked once the declarations are known.
-template <typename ArgumentsOf>
-std::string readAndPerform(std::string_view path, const FunctionContext& context, ArgumentsOf argumentsOf) {
-    const ClearAfterwards clearAfterwards;
-    readConfig(configFilePath());
-    readBasicFunction(path);
-    return perform(path, context, argumentsOf());
+/// Built-ins and globals are applied once per variable, so not at all for a function without variables.
+std::string FunctionRun::expandedWriteText() const {
+    ReferenceText text(functionAction.write);
+    expandAllForms(text);
+    for (const auto& variable : variables_) {
+        expandDirectories(text, "exepathdblslash");
+        expandGlobals(text);
+        text.replace(variable.name, variable.choice.value);
+    }
+    expandPluginVars(text, context_.level);
+    return text.take();
 }
 
 // Statements that name a function
@@ -232,7 +213,7 @@ std::vector<std::string> splitEntries(std::string_view parameter) {
 }
 
 std::vector<std::string> parameterEntries(std::string_view parameter) {
-    const auto& variables = std::as_const(variableTables.functionVariables);
+    const auto& variables = variableTables.functionVariables;
     if (parameter.empty() || variables.empty()) return {};
     auto entries = splitEntries(parameter);
     if (entries.size() == 1 && leadingVariable(parameter) < 0) entries.front().insert(0, variables.row(0).name + "=");
@@ -248,14 +229,28 @@ void readBasicFunction(std::string_view path) {
 
 std::string runBasicFunction(std::string_view path, const FunctionContext& context,
                              const std::vector<std::string>& arguments) {
-    return readAndPerform(path, context, [&]() -> const std::vector<std::string>& { return arguments; });
+    FunctionRun run(path, context);
+    readConfig(configFilePath());
+    readBasicFunction(path);
+    return run.perform(arguments);
+}
+
+std::string runPromptedLibrary(std::string_view path, const std::vector<std::string>& arguments) {
+    const FunctionContext openedByUser;
+    FunctionRun run(path, openedByUser);
+    readConfig(configFilePath());
+    readCommandSection(*readTextFile(path));
+    return run.perform(arguments);
 }
 
 bool runNamedFunction(std::string_view name, std::string_view parameter, const FunctionContext& context,
                       std::string& jobLine) {
     const auto path = findFunction(name);
     if (!path) return false;
-    jobLine = readAndPerform(*path, context, [&] { return parameterEntries(parameter); });
+    FunctionRun run(*path, context);
+    readConfig(configFilePath());
+    readBasicFunction(*path);
+    jobLine = run.perform(parameterEntries(parameter));
     return true;
 }
 

@@ -31,6 +31,9 @@ void readBasicFunction(std::string_view path);
 std::string runBasicFunction(std::string_view path, const FunctionContext& context,
                              const std::vector<std::string>& arguments);
 
+/// The same for a library whose declarations the prompt has read: they are in `functionVariables`.
+std::string runPromptedLibrary(std::string_view path, const std::vector<std::string>& arguments);
+
 /// The same for a "basicfunction." statement: the function is found by its name in the list file of the configuration
 /// and `parameter` holds "variable=value" entries, separated by "||", or the value of the first variable. False when
 /// the list file does not name the function.

@@ -22,7 +22,7 @@ void EngineTables::reset() {
 
 const std::string& lookupCallable(std::string_view name, int level) {
     static const std::string unknown;
-    const auto& callables = std::as_const(engineTables.callables)[level];
+    const auto& callables = engineTables.callables[level];
     const auto* found = std::find_if(callables.begin(), callables.end(), [name](const Callable& callable) {
         return equalIgnoringCase(callable.name, name);
     });

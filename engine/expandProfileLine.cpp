@@ -6,9 +6,10 @@
 
 #include "config/configFile.h"
 #include "engine/engineTables.h"
+#include "engine/resolvedVariable.h"
 #include "platform/desktop.h"
-#include "platform/paths.h"
 #include "text/text.h"
+#include "vars/builtIns.h"
 #include "vars/typeSpec.h"
 #include "vars/variableTables.h"
 
@@ -16,19 +17,12 @@ namespace brasquelin {
 
 namespace {
 
-/// An assignment as it acts on every line of its level.
-struct ResolvedAssignment {
-    std::string name;  // as declared
-    ResolvedChoice choice;
-    std::string label;  // what "text($name$)" becomes
-};
-
 /// The assignments of a level, resolved once and kept while neither they nor the declarations change.
 struct ResolvedLevel {
     std::uint64_t valuesRevision = 0;
     std::uint64_t variablesRevision = 0;
     bool usable = false;
-    std::vector<ResolvedAssignment> assignments;
+    std::vector<ResolvedVariable> assignments;
 };
 
 [[noreturn]] void rejectAssignment(std::string_view name) {
@@ -40,34 +34,25 @@ struct ResolvedLevel {
 }
 
 void resolveAssignments(ResolvedLevel& resolved, int level) {
-    const auto& values = std::as_const(variableTables.values)[level];
-    const auto& variables = std::as_const(variableTables.profileVariables)[level];
-    std::string label;  // belongs to all of them: only the match of a comb item sets it
+    const auto& values = variableTables.values[level];
+    const auto& variables = variableTables.profileVariables[level];
+    VariableResolver resolver;
     resolved.assignments.clear();
     for (const auto& entry : values) {
         const Assignment assignment = splitAssignment(entry);
         const int index = findVar(assignment.name, variables);
         if (index < 0) rejectAssignment(assignment.name);
         const auto& variable = variables.row(static_cast<std::size_t>(index));
-        ResolvedAssignment row;
-        row.name = variable.name;
-        if (isChoice(kindOf(variable.typeSpec))) {
-            row.choice = resolveChoice(variable.typeSpec, assignment.value);
-        } else {
-            row.choice.value = assignment.value;
-        }
-        if (row.choice.setsLabel) label = row.choice.label;
-        if (!row.choice.clearsText) row.label = label;
-        resolved.assignments.push_back(std::move(row));
+        resolved.assignments.push_back(resolver.resolve(variable, assignment.value));
     }
 }
 
 /// Raises what the assignments raise; nothing is kept then.
-const std::vector<ResolvedAssignment>& assignmentsOf(int level) {
+const std::vector<ResolvedVariable>& assignmentsOf(int level) {
     static PerLevel<ResolvedLevel> levels;
     ResolvedLevel& resolved = levels[level];
-    const auto valuesRevision = std::as_const(variableTables.values)[level].revision();
-    const auto variablesRevision = std::as_const(variableTables.profileVariables)[level].revision();
+    const auto valuesRevision = variableTables.values[level].revision();
+    const auto variablesRevision = variableTables.profileVariables[level].revision();
     const bool current =
         resolved.usable && resolved.valuesRevision == valuesRevision && resolved.variablesRevision == variablesRevision;
     if (current) return resolved.assignments;
@@ -79,14 +64,7 @@ const std::vector<ResolvedAssignment>& assignmentsOf(int level) {
     return resolved.assignments;
 }
 
-/// The values of the built-ins are worked out only for a line that refers to them.
-void expandBuiltIns(ReferenceText& line, std::string_view scriptPath, int index) {
-    line.replace("exepath", exeDirectory());
-    if (line.refersTo("exepathdblslash")) line.replace("exepathdblslash", doubleBackslashes(exeDirectory()));
-    if (line.refersTo("scriptpath")) line.replace("scriptpath", dirOf(scriptPath));
-    if (line.refersTo("scriptpathdblslash")) line.replace("scriptpathdblslash", doubleBackslashes(dirOf(scriptPath)));
-    if (line.refersTo("index")) line.replace("index", std::to_string(index));
-}
+constexpr std::array<std::string_view, 4> builtIns{"exepath", "exepathdblslash", "scriptpath", "scriptpathdblslash"};
 
 /// Replaces the counters of the outermost loops. While its header is read, a loop's depth may have no record yet.
 void expandLoopRecords(ReferenceText& line, const Loops& loops, std::size_t count) {
@@ -94,18 +72,15 @@ void expandLoopRecords(ReferenceText& line, const Loops& loops, std::size_t coun
     for (std::size_t i = 0; i < used; ++i) line.replace(loops.records[i].variable, loops.records[i].currentText);
 }
 
-void expandAssignments(ReferenceText& line, const std::vector<ResolvedAssignment>& assignments) {
+void expandAssignments(ReferenceText& line, const std::vector<ResolvedVariable>& assignments) {
     for (const auto& assignment : assignments) {
-        if (assignment.choice.hasForms) {
-            line.replaceForm("index", assignment.name, assignment.choice.index);
-            line.replaceForm("text", assignment.name, assignment.label);
-        }
+        expandForms(line, assignment);
         line.replace(assignment.name, assignment.choice.value);
     }
 }
 
 void expandDeclared(ReferenceText& line, int level) {
-    for (const auto& variable : std::as_const(variableTables.profileVariables)[level]) {
+    for (const auto& variable : variableTables.profileVariables[level]) {
         if (!line.refersTo(variable.name)) continue;
         const bool item = isChoice(kindOf(variable.typeSpec)) && !variable.defaultValue.empty();
         line.replace(variable.name,
@@ -120,9 +95,10 @@ std::string expandProfileLine(std::string& line, int level, std::string_view scr
     static ReferenceText references;                 // keeps its memory from line to line
     references.assign(line);
     if (!references.mayRefer()) return line;
-    const auto& loops = std::as_const(engineTables.loops)[level];
+    const auto& loops = engineTables.loops[level];
 
-    expandBuiltIns(references, scriptPath, index);
+    expandBuiltIns(references, builtIns, [scriptPath] { return dirOf(scriptPath); });
+    if (references.refersTo("index")) references.replace("index", std::to_string(index));
     expandGlobals(references);
     expandLoopRecords(references, loops, loops.depth);
     expandAssignments(references, assignments);
@@ -134,7 +110,7 @@ std::string expandProfileLine(std::string& line, int level, std::string_view scr
 }
 
 std::string expandCounters(std::string_view text, int level) {
-    const auto& loops = std::as_const(engineTables.loops)[level];
+    const auto& loops = engineTables.loops[level];
     ReferenceText references{std::string(text)};
     expandLoopRecords(references, loops, loops.depth);
     return references.take();

@@ -112,7 +112,7 @@ std::string ProfileRun::expanded(std::string_view text) const {
 }
 
 void ProfileRun::obeyChecks() const {
-    for (const auto& result : std::as_const(engineTables.checkResults)[level_]) {
+    for (const auto& result : engineTables.checkResults[level_]) {
         const bool vetoes = equalIgnoringCase(result.name, "return") && equalIgnoringCase(result.value, "false");
         if (vetoes) throw EndProgram(0);
     }
@@ -200,7 +200,7 @@ void ProfileRun::runFunctionStatement() {
 void ProfileRun::runPluginStatement() {
     const std::string text = expanded(line_.substr(pluginPrefix.size()));
     const Assignment statement = splitAssignment(text);
-    for (const auto& plugin : std::as_const(engineTables.plugins)[level_]) {
+    for (const auto& plugin : engineTables.plugins[level_]) {
         if (!equalIgnoringCase(plugin.name, statement.name)) continue;
         runPlugin(plugin.path, statement.value, level_);
         appendJob("// Plugin " + std::string(statement.name) + " loaded ...");
@@ -284,7 +284,7 @@ bool runProfile(const std::string& path, int level) {
 
 bool runLibrary(const std::string& path, const std::vector<std::string>& arguments) {
     try {
-        appendJob(runBasicFunction(path, {}, arguments));
+        appendJob(runPromptedLibrary(path, arguments));
         return true;
     } catch (const RunTimeError& error) {
         report(error, path, 0);

@@ -17,7 +17,8 @@ void appendJob(std::string line);
 /// parameter line, and a check that answers "return" = "false".
 bool runProfile(const std::string& path, int level);
 
-/// Runs the library that the user confirmed and hands its line over. False when a run-time error was reported.
+/// Runs the library that the user confirmed, with the declarations in `functionVariables`, and hands its line over.
+/// False when a run-time error was reported.
 bool runLibrary(const std::string& path, const std::vector<std::string>& arguments);
 
 }  // namespace brasquelin

@@ -68,7 +68,8 @@ class Table {
         static const Row unused{};
         return index < rows_.size() ? rows_[index] : unused;
     }
-    Row& row(std::size_t index) {
+    /// The same row, to be changed.
+    Row& change(std::size_t index) {
         if (index >= rowLimit) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
         if (rows_.size() <= index) rows_.resize(index + 1);
         ++revision_;

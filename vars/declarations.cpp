@@ -1,13 +1,13 @@
 #include "vars/declarations.h"
 
-#include <optional>
+#include <array>
 #include <string>
 
 #include "platform/desktop.h"
-#include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
+#include "vars/builtIns.h"
 #include "vars/typeSpec.h"
 #include "vars/variableTables.h"
 
@@ -15,16 +15,12 @@ namespace brasquelin {
 
 namespace {
 
-std::string expandBuiltIns(std::string_view text, std::string_view scriptPath) {
+constexpr std::array<std::string_view, 6> builtIns{
+    "exepath", "scriptpath", "exepathdblslash", "scriptpathdblslash", "exepathdbslash", "scriptpathdbslash"};
+
+std::string withBuiltIns(std::string_view text, std::string_view scriptPath) {
     ReferenceText references{std::string(text)};
-    if (!references.mayRefer()) return references.take();
-    const std::string scriptDirectory = dirOf(scriptPath);
-    references.replace("exepath", exeDirectory());
-    references.replace("scriptpath", scriptDirectory);
-    for (const std::string_view ending : {"dblslash", "dbslash"}) {
-        references.replace("exepath" + std::string(ending), doubleBackslashes(exeDirectory()));
-        references.replace("scriptpath" + std::string(ending), doubleBackslashes(scriptDirectory));
-    }
+    expandBuiltIns(references, builtIns, [scriptPath] { return dirOf(scriptPath); });
     return references.take();
 }
 
@@ -96,7 +92,7 @@ class DeclarationReader {
 
     bool readDefault(VariableDeclaration& record, bool hasFourthLine) {
         if (hasFourthLine && startsWithIgnoringCase(line_, defaultKey)) {
-            record.defaultValue = expandBuiltIns(valueBehind(defaultKey, line_), path_);
+            record.defaultValue = withBuiltIns(valueBehind(defaultKey, line_), path_);
             return false;
         }
         if (hasFourthLine && rules_.skipsOtherAttributes && isAttribute(line_)) return false;

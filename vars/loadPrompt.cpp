@@ -131,6 +131,8 @@ bool confirmPrompt(PromptForm& form) {
         auto& values = variableTables.values[1];
         values.resetCount();
         for (const auto& entry : entries) values.append(entry);
+    } else {
+        variableTables.functionVariables.assign(std::move(form.declarations));
     }
     const auto confirmed = std::move(form.confirmed);
     if (confirmed) confirmed(entries);

@@ -33,8 +33,8 @@ void loadFunction(const std::string& path, OpenOptions options);
 std::string readProfileTitle(const std::string& path);
 std::string readFunctionTitle(const std::string& path);
 
-/// OK. False when it may not be confirmed now; the prompt stays then. Stores a profile's declarations and values for
-/// level 1 and starts what was to be confirmed. Ends the program after its message for a row of unknown type.
+/// OK. False when it may not be confirmed now; the prompt stays then. Stores the declarations, and a profile's values
+/// for level 1, and starts what was to be confirmed. Ends the program after its message for a row of unknown type.
 bool confirmPrompt(PromptForm& form);
 
 /// True when OK would be refused, after the message.

@@ -30,7 +30,7 @@ int findVar(std::string_view name, int level) {
 
 void expandPluginVars(ReferenceText& text, int level) {
     if (!text.mayRefer()) return;
-    const auto& results = std::as_const(variableTables).pluginResults[level];
+    const auto& results = variableTables.pluginResults[level];
     const std::size_t last = std::min(results.count(), results.rowLimit - 1);
     for (std::size_t i = 0; i <= last; ++i) text.replace(results.row(i).name, results.row(i).value);
 }
