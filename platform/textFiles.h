@@ -28,10 +28,10 @@ void forgetTextFiles();
 /// Creates the file anew with these lines, each ended by CR LF, in the encoding of new files. Raises as writeFile.
 void writeLines(std::string_view path, const std::vector<std::string>& lines);
 
-/// The encoding that the file has now; that of new files when there is none.
-Encoding encodingOfFile(std::string_view path);
-
 /// The same for a file that holds a user's work: as saveFile, and in the encoding in which it was read.
 void saveLines(std::string_view path, const std::vector<std::string>& lines, Encoding encoding);
+
+/// The encoding that the file has now; that of new files when there is none.
+Encoding encodingOfFile(std::string_view path);
 
 }  // namespace brasquelin

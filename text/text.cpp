@@ -200,8 +200,7 @@ std::vector<std::string> splitLines(std::string_view text) {
         const auto end = text.find(lineEnd);
         std::string_view line = text.substr(0, end);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        if (lineEnd == '\n' && end != std::string_view::npos && !line.empty() && line.back() == '\r')
-            line.remove_suffix(1);
+        if (lineEnd == '\n' && end != std::string_view::npos && line.ends_with('\r')) line.remove_suffix(1);
         lines.emplace_back(line);
     }
     return lines;

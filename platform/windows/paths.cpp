@@ -33,7 +33,7 @@ std::wstring fullPath(const std::wstring& path) {
 }
 
 /// The prefix that lifts the limit on the length of a path.
-std::wstring withoutLongPrefix(std::wstring path) {
+std::wstring withoutLongPrefix(const std::wstring& path) {
     if (path.starts_with(L"\\\\?\\UNC\\")) return L"\\" + path.substr(7);
     return path.starts_with(L"\\\\?\\") ? path.substr(4) : path;
 }
@@ -99,15 +99,15 @@ std::string exactDirectory(std::string_view path) {
     if (!directory) return {};
     std::wstring found(GetFinalPathNameByHandleW(directory.get(), nullptr, 0, 0), L'\0');
     found.resize(GetFinalPathNameByHandleW(directory.get(), found.data(), static_cast<DWORD>(found.size()), 0));
-    const std::string exact = fromWide(withoutLongPrefix(std::move(found)));
+    const std::string exact = fromWide(withoutLongPrefix(found));
     return directoryExists(exact) ? exact : std::string();
 }
 
 bool isFileSystemRoot(std::string_view path) {
     if (path.empty()) return false;
     // A drive alone stands for its root wherever a directory is meant.
-    std::wstring full = fullPath(toWide(hasDrive(path) && path.size() == 2 ? std::string(path) + "\\" : path));
-    return PathIsRootW(withoutLongPrefix(std::move(full)).c_str()) != 0;
+    const std::wstring full = fullPath(toWide(hasDrive(path) && path.size() == 2 ? std::string(path) + "\\" : path));
+    return PathIsRootW(withoutLongPrefix(full).c_str()) != 0;
 }
 
 const std::vector<std::string>& programMarkers() {

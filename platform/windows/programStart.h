@@ -13,8 +13,8 @@ struct ProgramStart {
 
 /// Finds the program at the start of a command: in quotes, or up to the first blank at which a program exists (".exe"
 /// may be missing, the search path counts). A batch file is handed to the command interpreter, and quoted where its
-/// path holds blanks, also behind a launcher. Raises 53 with its name when there is no such program, 5
-/// for an empty command.
+/// path holds blanks, also behind a launcher. Raises 53 with its name when there is no such program, 5 for an
+/// empty command.
 ProgramStart programStartOf(std::string_view command);
 
 }  // namespace brasquelin
