@@ -39,7 +39,7 @@ std::string resolveProgram(std::string_view path);
 
 /// The existing directory that the path names, as the system spells it: absolute, without ".", ".." and links. Linux:
 /// back-slashes become slashes, and no other letter case is tried. A relative path starts at the program directory.
-/// Empty when there is no such directory.
+/// Empty when there is no such directory, and for a path like "C:x", which depends on where a drive was left.
 std::string exactDirectory(std::string_view path);
 
 /// True for "/", "C:\" and the like, however they are spelled: a directory that has no parent.

@@ -26,6 +26,11 @@ bool hasDrive(std::string_view path) {
     return path.size() >= 2 && path[1] == ':';
 }
 
+/// A drive alone stands for its root wherever a directory is meant.
+std::string withRoot(std::string_view path) {
+    return std::string(path) + (hasDrive(path) && path.size() == 2 ? "\\" : "");
+}
+
 std::wstring fullPath(const std::wstring& path) {
     std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
     full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
@@ -91,8 +96,9 @@ std::string resolveProgram(std::string_view path) {
 }
 
 std::string exactDirectory(std::string_view path) {
-    if (path.empty()) return {};
-    const std::wstring full = fullPath(toWide(pathRelativeTo(programDirectory(), path)));
+    const bool belowDrive = hasDrive(path) && path.size() > 2 && !isSeparator(path[2]);
+    if (path.empty() || belowDrive) return {};  // a drive's own current directory is nobody's choice
+    const std::wstring full = fullPath(toWide(withRoot(pathRelativeTo(programDirectory(), path))));
     const SystemHandle directory =
         ownHandle(CreateFileW(full.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -105,8 +111,7 @@ std::string exactDirectory(std::string_view path) {
 
 bool isFileSystemRoot(std::string_view path) {
     if (path.empty()) return false;
-    // A drive alone stands for its root wherever a directory is meant.
-    const std::wstring full = fullPath(toWide(hasDrive(path) && path.size() == 2 ? std::string(path) + "\\" : path));
+    const std::wstring full = fullPath(toWide(withRoot(path)));
     return PathIsRootW(withoutLongPrefix(full).c_str()) != 0;
 }
 

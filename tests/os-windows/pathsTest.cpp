@@ -61,5 +61,11 @@ TEST(WindowsPaths, aDriveAloneIsItsRoot) {
     changeDirectory(before);
 }
 
+TEST(WindowsPaths, aDriveMeansItsRootWhereverTheProgramIs) {
+    EXPECT_EQ(exactDirectory("C:"), "C:\\");
+    EXPECT_EQ(exactDirectory("C:."), "");  // where that drive was left is nobody's choice
+    EXPECT_EQ(exactDirectory("c:/WINDOWS/system32/.."), "C:\\windows");
+}
+
 }  // namespace
 }  // namespace brasquelin
