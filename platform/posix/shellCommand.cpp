@@ -52,15 +52,14 @@ class CommandScanner {
         if (expands && !ended_) return false;
         if (expands && c == '\\') ++position_;
         if (expands) return true;
+        const bool quoted = quote_ != '\0';
         if (c == quote_) {
             quote_ = '\0';
-        } else if (quote_ != '\0') {
-            append(c);
-        } else if (c == '"' || c == '\'') {
+        } else if (!quoted && (c == '"' || c == '\'')) {
             quote_ = c;
-        } else if (operators.find(c) != npos || (!ended_ && unquotedExpansions.find(c) != npos)) {
+        } else if (!quoted && (operators.find(c) != npos || (!ended_ && unquotedExpansions.find(c) != npos))) {
             return false;
-        } else if (c == ' ' || c == '\t') {
+        } else if (!quoted && (c == ' ' || c == '\t')) {
             endWord();
         } else {
             append(c);
