@@ -210,13 +210,16 @@ TEST_F(RunningExecutable, StartsInOneDirectoryDoNotGetInEachOthersWay) {
     lists.clear();
     for (const std::string name : {"a", "b", "c"}) {
         lists.push_back("list-" + name);
-        write(name + ".bqp", {"#Brasquelin Profile Ask", "[library]", ":include $exepath$/say.bqs",
-                              ":plugin $exepath$/ask.exe [param=" + name + "]", "[/library]", "[profile]", "Say",
-                              ".text=echo " + name + " $answer$ > got-" + name, "[/profile]"});
+        write(name + ".bqp",
+              {"#Brasquelin Profile Ask", "[library]", ":include $exepath$/say.bqs",
+               ":plugin $exepath$/ask.exe [param=" + name + "]", "[/library]", "[profile]", "Say",
+               std::string(".text=echo ").append(name).append(" $answer$ > got-").append(name), "[/profile]"});
         write(lists.back(), {"/x/brasquelin $exepath$/" + name + ".bqp"});
     }
     EXPECT_EQ(runAtOnce(lists), 3);
-    for (const std::string name : {"a", "b", "c"}) EXPECT_EQ(read("got-" + name), name + " " + name + "\n");
+    for (const std::string name : {"a", "b", "c"})
+        EXPECT_EQ(splitLines(read("got-" + name)),
+                  (std::vector<std::string>{std::string(name).append(" ").append(name)}));
 }
 
 TEST_F(RunningExecutable, ABatchReadsTheTerminalAndItsKeysReachTheProgram) {
