@@ -217,9 +217,10 @@ TEST_F(RunningExecutable, StartsInOneDirectoryDoNotGetInEachOthersWay) {
         write(lists.back(), {"/x/brasquelin $exepath$/" + name + ".bqp"});
     }
     EXPECT_EQ(runAtOnce(lists), 3);
-    for (const std::string name : {"a", "b", "c"})
+    for (const std::string name : {"a", "b", "c"}) {
         EXPECT_EQ(splitLines(read("got-" + name)),
                   (std::vector<std::string>{std::string(name).append(" ").append(name)}));
+    }
 }
 
 TEST_F(RunningExecutable, ABatchReadsTheTerminalAndItsKeysReachTheProgram) {
