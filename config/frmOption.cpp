@@ -8,6 +8,7 @@
 
 #include <algorithm>
 
+#include "platform/wx/oneLine.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
@@ -61,6 +62,7 @@ void FrmOption::addPathRow(wxFlexGridSizer& grid, OptionsModel::Field field, con
     auto* button = makeButton(this, "...", buttonName, wxBU_EXACTFIT);
     button->SetToolTip(field == OptionsModel::basicFunction ? "Choose a file" : "Choose a directory");
     box->Bind(wxEVT_TEXT, [this, field, box](wxCommandEvent&) { model_.setPath(field, fromWx(box->GetValue())); });
+    keepOnOneLine(*box);
     button->Bind(wxEVT_BUTTON, [this, field, box](wxCommandEvent&) {
         model_.browse(field);
         box->ChangeValue(toWx(model_.path(field)));

@@ -23,9 +23,7 @@ std::vector<std::string> AddCommand::callLines(const CallableEntry& entry) const
 
 void AddCommand::configure(std::size_t index) const {
     if (index >= entries_.size()) return;
-    const auto lines = callLines(entries_[index]);
-    auto& list = editorState.document.listCommand;
-    list.insert(list.end(), lines.begin(), lines.end());
+    editorState.document.append(EditorList::commands, callLines(entries_[index]));
 }
 
 void AddCommand::copyReference(std::size_t index) const {

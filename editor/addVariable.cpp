@@ -38,9 +38,7 @@ void AddVariable::copyReference(std::size_t index) const {
 }
 
 void AddVariable::add() const {
-    const auto lines = declarationLines(fields);
-    auto& list = editorState.document.listVar;
-    list.insert(list.end(), lines.begin(), lines.end());
+    editorState.document.append(EditorList::variables, declarationLines(fields));
 }
 
 }  // namespace brasquelin

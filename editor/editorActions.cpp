@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::string_view editLabel = "Edit this value :";
 
-std::vector<std::string>& activeLines() {
+const std::vector<std::string>& activeLines() {
     return editorState.document.list(editorState.activeList);
 }
 
@@ -62,7 +62,7 @@ void addProgram(const std::string& chosen, const std::string& path) {
     reportingErrors([&] {
         editorState.document.pluginNames.append(pluginNameOf(chosen));
         const LibraryWord word = isCheck ? LibraryWord::check : LibraryWord::plugin;
-        editorState.document.listInclude.push_back(writeLibraryLine({word, path, answer.value_or("")}));
+        editorState.document.append(EditorList::include, {writeLibraryLine({word, path, answer.value_or("")})});
     });
 }
 
@@ -78,7 +78,7 @@ void addInclude() {
     if (chosen.empty()) return;
     const std::string path = includePath(chosen, settings.profilePath);
     if (kindOfFile(chosen) == FileKind::program) return addProgram(chosen, path);
-    editorState.document.listInclude.push_back(writeLibraryLine({LibraryWord::include, path, {}}));
+    editorState.document.append(EditorList::include, {writeLibraryLine({LibraryWord::include, path, {}})});
 }
 
 using Move = SelectedLine (*)(ProfileDocument& document, SelectedLine selected);
@@ -157,7 +157,8 @@ void addLines() {
 void editLine(SelectedLine selected) {
     if (editorState.activeList == EditorList::none || !isLineOf(activeLines(), selected)) return;
     const auto answer = desktop().askText(editLabel, "Edit", activeLines()[*selected]);
-    if (answer && !answer->empty()) activeLines()[*selected] = *answer;
+    if (!answer || answer->empty()) return;
+    editorState.document.replaceLine(editorState.activeList, *selected, *answer);
 }
 
 SelectedLine removeSelected(SelectedLine selected) {
@@ -180,20 +181,19 @@ void askLoop() {
     const std::string start = showValueInput("Enter the 'ForToNext' var start :", {}, state.lstVar);
     const std::string end = showValueInput("Enter the 'ForToNext' var end :", {}, state.lstVar);
     const std::string step = showValueInput("Enter the 'ForToNext' var step :", {}, state.lstVar);
-    const auto lines = loopLines(name, start, end, step);
-    state.document.listCommand.insert(state.document.listCommand.end(), lines.begin(), lines.end());
+    state.document.append(EditorList::commands, loopLines(name, start, end, step));
 }
 
 void appendNext() {
-    editorState.document.listCommand.emplace_back(nextWord);
+    editorState.document.append(EditorList::commands, {std::string(nextWord)});
 }
 
 void editCommandLine(SelectedLine selected) {
-    auto& lines = editorState.document.listCommand;
+    const auto& lines = editorState.document.listCommand;
     if (!isLineOf(lines, selected)) return;
     editorState.lstVar = commandReferences(editorState.document);
     const std::string answer = showValueInput(editLabel, lines[*selected], editorState.lstVar);
-    if (answer != canceledAnswer) lines[*selected] = answer;
+    if (answer != canceledAnswer) editorState.document.replaceLine(EditorList::commands, *selected, answer);
 }
 
 SelectedLine moveSelectedUp(SelectedLine selected) {

@@ -12,6 +12,7 @@
 
 #include "editor/frmEditorList.h"
 #include "platform/desktop.h"
+#include "platform/wx/oneLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/popUpMenu.h"
@@ -151,8 +152,9 @@ void FrmCreateProfile::bindTimers() {
 wxSizer* FrmCreateProfile::makeName() {
     profileName_ = new wxTextCtrl(this, wxID_ANY, toWx(editorState.document.profileName), wxDefaultPosition,
                                   wxDefaultSize, 0, wxDefaultValidator, "profileName");
-    profileName_->Bind(
-        wxEVT_TEXT, [this](wxCommandEvent&) { editorState.document.profileName = fromWx(profileName_->GetValue()); });
+    profileName_->Bind(wxEVT_TEXT,
+                       [this](wxCommandEvent&) { editorState.document.rename(fromWx(profileName_->GetValue())); });
+    keepOnOneLine(*profileName_);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(new wxStaticText(this, wxID_ANY, "Profile name :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
     row->Add(profileName_, wxSizerFlags(1).CenterVertical());

@@ -8,6 +8,7 @@
 
 #include <utility>
 
+#include "platform/wx/oneLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
@@ -20,6 +21,7 @@ InputForm::InputForm(ValueQuestion question, std::optional<std::string>& answer)
                                                 wxDefaultSize, 0, "descriptionCaption");
     valueBox_ = new wxTextCtrl(this, wxID_ANY, toWx(question_.defaultText), wxDefaultPosition, wxDefaultSize, 0,
                                wxDefaultValidator, "valueBox");
+    keepOnOneLine(*valueBox_);
     Command3_ = new wxBitmapButton(this, wxID_ANY, picture(Picture::reference, 16), wxDefaultPosition, wxDefaultSize, 0,
                                    wxDefaultValidator, "Command3");
     Command3_->SetToolTip("Insert a reference");

@@ -140,6 +140,18 @@ const std::vector<std::string>& ProfileDocument::list(EditorList which) const {
     return const_cast<ProfileDocument&>(*this).list(which);
 }
 
+void ProfileDocument::append(EditorList which, const std::vector<std::string>& lines) {
+    for (const auto& line : lines) list(which).push_back(onOneLine(line));
+}
+
+void ProfileDocument::replaceLine(EditorList which, std::size_t line, std::string_view text) {
+    list(which).at(line) = onOneLine(text);
+}
+
+void ProfileDocument::rename(std::string_view name) {
+    profileName = onOneLine(name);
+}
+
 void newDocument(ProfileDocument& document) {
     document = ProfileDocument();
     settings.profilePath.clear();

@@ -25,6 +25,11 @@ struct ProfileDocument {
     bool foreign = false;                 // opened from a file that does not begin as profiles do
     Encoding encoding = newFileEncoding;  // that of the file that was opened
 
+    /// One line of a list is one line of the file: what enters here has blanks in place of line breaks.
+    void append(EditorList which, const std::vector<std::string>& lines);
+    void replaceLine(EditorList which, std::size_t line, std::string_view text);
+    void rename(std::string_view name);
+
     std::vector<std::string>& list(EditorList which);
     const std::vector<std::string>& list(EditorList which) const;
 };

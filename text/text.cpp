@@ -206,6 +206,13 @@ std::vector<std::string> splitLines(std::string_view text) {
     return lines;
 }
 
+std::string onOneLine(std::string_view text) {
+    std::string line = replaceAll(text, "\r\n", " ");
+    std::replace_if(
+        line.begin(), line.end(), [](char character) { return character == '\r' || character == '\n'; }, ' ');
+    return line;
+}
+
 bool isUtf8(std::string_view bytes) {
     for (std::size_t i = 0; i < bytes.size();) {
         const auto lead = static_cast<unsigned char>(bytes[i]);

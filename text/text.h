@@ -61,6 +61,9 @@ Assignment splitAssignment(std::string_view text);
 /// counts.
 std::vector<std::string> splitLines(std::string_view text);
 
+/// The text with a blank in place of each line break (CR LF, CR or LF).
+std::string onOneLine(std::string_view text);
+
 /// True for well-formed UTF-8.
 bool isUtf8(std::string_view bytes);
 

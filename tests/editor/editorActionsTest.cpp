@@ -167,6 +167,9 @@ TEST_F(EditorActions, EveryActionWorksOnTheActiveList) {
     addLines();
     EXPECT_EQ(windowCalls(), (Lines{"show frmAddVar modal", "show frmAddCommand modal"}));
     editorState.activeList = EditorList::variables;
+    answerText("w\r\nx\ry");
+    editLine(0);
+    EXPECT_EQ(document.listVar, Lines{"w x y"});
     answerText("w");
     editLine(0);
     answerText("");
@@ -174,8 +177,8 @@ TEST_F(EditorActions, EveryActionWorksOnTheActiveList) {
     editLine(0);
     editLine({});
     EXPECT_EQ(document.listVar, Lines{"w"});
-    EXPECT_EQ(desktop_.questions,
-              (Lines{"Edit: Edit this value : [v]", "Edit: Edit this value : [w]", "Edit: Edit this value : [w]"}));
+    EXPECT_EQ(desktop_.questions, (Lines{"Edit: Edit this value : [v]", "Edit: Edit this value : [w x y]",
+                                         "Edit: Edit this value : [w]", "Edit: Edit this value : [w]"}));
     clearActiveList();
     EXPECT_TRUE(document.listVar.empty());
     EXPECT_EQ(document.listInclude, Lines{"i"});

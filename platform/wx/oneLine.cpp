@@ -1,0 +1,47 @@
+#include "platform/wx/oneLine.h"
+
+#include <wx/clipbrd.h>
+#include <wx/textctrl.h>
+
+#include "platform/wx/wxText.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+namespace {
+
+bool hasBreak(const wxString& text) {
+    return text.find_first_of("\r\n") != wxString::npos;
+}
+
+wxString clipboardText() {
+    const wxClipboardLocker lock;
+    wxTextDataObject text;
+    if (!lock || !wxTheClipboard->GetData(text)) return {};
+    return text.GetText();
+}
+
+/// Some desktops paste no more than the first line.
+void paste(wxTextCtrl& box, wxClipboardTextEvent& event) {
+    const wxString text = clipboardText();
+    if (!hasBreak(text)) return event.Skip();
+    box.WriteText(toWx(onOneLine(fromWx(text))));
+}
+
+/// What came in another way.
+void joinLines(wxTextCtrl& box, wxCommandEvent& event) {
+    const wxString text = box.GetValue();
+    if (!hasBreak(text)) return event.Skip();
+    const long cursor = box.GetInsertionPoint();
+    box.SetValue(toWx(onOneLine(fromWx(text))));
+    box.SetInsertionPoint(cursor);
+}
+
+}  // namespace
+
+void keepOnOneLine(wxTextCtrl& box) {
+    box.Bind(wxEVT_TEXT_PASTE, [&box](wxClipboardTextEvent& event) { paste(box, event); });
+    box.Bind(wxEVT_TEXT, [&box](wxCommandEvent& event) { joinLines(box, event); });
+}
+
+}  // namespace brasquelin
