@@ -1,12 +1,12 @@
 #include "editor/frmAddCommand.h"
 
 #include <wx/button.h>
-#include <wx/combobox.h>
 #include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include "platform/wx/dropDown.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
@@ -35,8 +35,7 @@ FrmAddCommand::FrmAddCommand() : ProgramDialog("frmAddCommand", "Add Command To 
 wxSizer* FrmAddCommand::makeNames() {
     wxArrayString names;
     for (const auto& entry : model_.entries()) names.push_back(toWx(entry.name));
-    Combo1_ = new wxComboBox(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, names, wxCB_READONLY,
-                             wxDefaultValidator, "Combo1");
+    Combo1_ = new DropDown(this, names, "Combo1");
     if (!names.empty()) Combo1_->SetSelection(0);
     Command1_->Enable(!names.empty());
     auto* column = new wxBoxSizer(wxVERTICAL);

@@ -5,10 +5,11 @@
 #include "platform/wx/programDialog.h"
 
 class wxButton;
-class wxComboBox;
 class wxSizer;
 
 namespace brasquelin {
+
+class DropDown;
 
 class FrmAddCommand : public ProgramDialog {
   public:
@@ -20,7 +21,7 @@ class FrmAddCommand : public ProgramDialog {
     void configure();
 
     AddCommand model_;
-    wxComboBox* Combo1_ = nullptr;
+    DropDown* Combo1_ = nullptr;
     wxButton* Command1_ = nullptr;
 };
 

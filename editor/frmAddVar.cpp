@@ -1,7 +1,6 @@
 #include "editor/frmAddVar.h"
 
 #include <wx/button.h>
-#include <wx/combobox.h>
 #include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
@@ -10,6 +9,8 @@
 
 #include <algorithm>
 
+#include "platform/wx/dropDown.h"
+#include "platform/wx/oneLine.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
@@ -26,6 +27,7 @@ wxTextCtrl* makeBox(wxWindow* parent, const char* name, std::string& field) {
     auto* box =
         new wxTextCtrl(parent, wxID_ANY, toWx(field), wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
     box->Bind(wxEVT_TEXT, [box, &field](wxCommandEvent&) { field = fromWx(box->GetValue()); });
+    keepOnOneLine(*box);
     return box;
 }
 
@@ -76,8 +78,8 @@ wxSizer* FrmAddVar::makeText(const char* caption, const char* name, std::string&
 wxSizer* FrmAddVar::makeType() {
     auto* box = frame("Type");
     auto* parent = box->GetStaticBox();
-    auto* Combo1 = new wxComboBox(parent, wxID_ANY, toWx(model_.fields.type), wxDefaultPosition, wxDefaultSize,
-                                  toItems(variableTypes()), wxCB_READONLY, wxDefaultValidator, "Combo1");
+    auto* Combo1 = new DropDown(parent, toItems(variableTypes()), "Combo1");
+    Combo1->SetStringSelection(toWx(model_.fields.type));
     Combo1->Bind(wxEVT_COMBOBOX, [this, Combo1](wxCommandEvent&) { model_.fields.type = fromWx(Combo1->GetValue()); });
     box->Add(Combo1, wxSizerFlags().Expand().Border(wxALL));
     const auto growing = wxSizerFlags(1).Expand().Border(wxALL);

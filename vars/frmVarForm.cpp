@@ -81,27 +81,31 @@ void FrmVarForm::closing(bool byUser) {
     if (byUser) promptClosed(*form_);
 }
 
-int FrmVarForm::rowsHeight() const {
-    int bottom = scale_.y(form_->cmdOK.top);
-    for (const auto& row : rows_) bottom = std::max(bottom, scale_.y(row->bottom()));
-    return bottom;
-}
-
 int FrmVarForm::designWidth() const {
     return scale_.x(form_->cmdOK.left + form_->cmdOK.width);
 }
 
-int FrmVarForm::extraWidth() const {
-    return std::max(0, rowsArea_->GetClientSize().x - designWidth());
+/// What the longest name lacks. A name without end leaves room for the values.
+int FrmVarForm::missingNameWidth() const {
+    int missing = 0;
+    for (const auto& row : rows_) missing = std::max(missing, row->missingNameWidth(scale_));
+    return std::min(missing, designWidth());
+}
+
+/// The names come first.
+ExtraWidths FrmVarForm::extraWidths() const {
+    const int extra = std::max(0, rowsArea_->GetClientSize().x - designWidth());
+    const int name = std::min(extra, missingNameWidth());
+    return {name, extra - name};
 }
 
 void FrmVarForm::setFirstSize() {
     const int buttons = scale_.y(form_->cmdOK.height);
-    const int wanted = rowsHeight() + buttons;
+    const int wanted = scale_.y(form_->cmdOK.top) + buttons;
     const int available = heightForWindows(*this);
     const bool scrolls = wanted > available;
     const int scrollBar = scrolls ? std::max(0, wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this)) : 0;
-    SetClientSize(designWidth() + scrollBar, std::min(wanted, available));
+    SetClientSize(designWidth() + missingNameWidth() + scrollBar, std::min(wanted, available));
     SetMinClientSize(wxSize(designWidth() + scrollBar, std::min(wanted, 4 * buttons)));
     placeOnScreen(*this);
     layOut();
@@ -112,12 +116,13 @@ void FrmVarForm::layOut() {
     const wxSize client = GetClientSize();
     const int buttons = scale_.y(form_->cmdOK.height);
     rowsArea_->SetSize(0, 0, client.x, std::max(0, client.y - buttons));
-    rowsArea_->SetVirtualSize(rowsArea_->GetClientSize().x, rowsHeight());
-    const int split = scale_.x(form_->cmdOK.left);
-    cmdCancel_->SetSize(0, client.y - buttons, scale_.x(form_->cmdCancel.width), buttons);
+    rowsArea_->SetVirtualSize(rowsArea_->GetClientSize().x, scale_.y(form_->cmdOK.top));
+    const ExtraWidths extra = extraWidths();
+    const int split = scale_.x(form_->cmdOK.left) + extra.name;
+    cmdCancel_->SetSize(0, client.y - buttons, scale_.x(form_->cmdCancel.width) + extra.name, buttons);
     cmdOK_->SetSize(split, client.y - buttons, client.x - split, buttons);
     const int scrolledBy = rowsArea_->CalcUnscrolledPosition(wxPoint(0, 0)).y;
-    for (const auto& row : rows_) row->place(scale_, extraWidth(), scrolledBy);
+    for (const auto& row : rows_) row->place(scale_, extra, scrolledBy);
     rowsArea_->Refresh();
 }
 
@@ -126,16 +131,17 @@ void FrmVarForm::paintBackdrops(wxPaintEvent& /*event*/) {
     rowsArea_->DoPrepareDC(canvas);
     canvas.SetPen(*wxTRANSPARENT_PEN);
     canvas.SetBrush(wxBrush(backdropColour(*rowsArea_)));
+    const ExtraWidths extra = extraWidths();
     // A line of at least one pixel stays free between neighbours.
-    const auto fill = [&](const Box& box, int extra) {
-        const wxPoint corner(scale_.x(box.left), scale_.y(box.top));
-        const wxPoint next(scale_.x(box.left + box.width + gapX) + extra, scale_.y(box.bottom() + gapY));
+    const auto fill = [&](const Box& box, int movedBy, int wider) {
+        const wxPoint corner(scale_.x(box.left) + movedBy, scale_.y(box.top));
+        const wxPoint next(scale_.x(box.left + box.width + gapX) + movedBy + wider, scale_.y(box.bottom() + gapY));
         canvas.DrawRectangle(corner.x, corner.y, next.x - corner.x - 1, next.y - corner.y - 1);
     };
     for (const auto& row : form_->rows) {
         if (!row.backdropVisible) continue;
-        fill(row.place.graph1, 0);
-        fill(row.place.graph2, extraWidth() + 1);
+        fill(row.place.graph1, 0, extra.name);
+        fill(row.place.graph2, extra.name, extra.value + 1);
     }
 }
 

@@ -29,9 +29,9 @@ class FrmVarForm : public ProgramDialog {
     void layOut();
     void paintBackdrops(wxPaintEvent& event);
     void focusFirst();
-    int rowsHeight() const;
     int designWidth() const;
-    int extraWidth() const;
+    int missingNameWidth() const;
+    ExtraWidths extraWidths() const;
 
     std::shared_ptr<PromptForm> form_;
     wxScrolledWindow* rowsArea_ = nullptr;

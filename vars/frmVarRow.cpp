@@ -1,7 +1,6 @@
 #include "vars/frmVarRow.h"
 
 #include <wx/button.h>
-#include <wx/combobox.h>
 #include <wx/scrolwin.h>
 #include <wx/settings.h>
 #include <wx/stattext.h>
@@ -9,6 +8,8 @@
 
 #include <algorithm>
 
+#include "platform/wx/dropDown.h"
+#include "platform/wx/oneLine.h"
 #include "platform/wx/twipScale.h"
 #include "platform/wx/wxText.h"
 
@@ -38,6 +39,13 @@ wxRect pixels(const TwipScale& scale, const Box& box) {
     return scale.rect(box.left, box.top, box.width, box.height);
 }
 
+/// "archive (PathSave)", then what the declaration tells.
+std::string nameTip(const PromptRow& row) {
+    const std::string type = row.typeSpec.substr(0, row.typeSpec.find('('));
+    const std::string tip = row.name + " (" + type + ")";
+    return row.info.empty() ? tip : tip + "\n" + row.info;
+}
+
 }  // namespace
 
 wxColour backdropColour(const wxWindow& window) {
@@ -56,7 +64,7 @@ void FrmVarRow::makeName(wxScrolledWindow& parent, std::size_t index) {
     varName_ = new wxStaticText(&parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, controlName("varName", index));
     varName_->SetLabelText(toWx(row_.label));
-    if (!row_.info.empty()) varName_->SetToolTip(toWx(row_.info));
+    varName_->SetToolTip(toWx(nameTip(row_)));
     if (row_.backdropVisible) varName_->SetBackgroundColour(backdropColour(parent));
     if (!row_.askUser) return;
     const wxColour darkRed(192, 0, 0);
@@ -70,13 +78,13 @@ void FrmVarRow::makeText(wxScrolledWindow& parent, std::size_t index, const char
                            controlName(name, index));
     if (!row_.info.empty()) text_->SetToolTip(toWx(row_.info));
     text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { row_.text = fromWx(text_->GetValue()); });
+    keepOnOneLine(*text_);
 }
 
 void FrmVarRow::makeChoices(wxScrolledWindow& parent, std::size_t index) {
     wxArrayString choices;
     for (const auto& choice : row_.choices) choices.push_back(toWx(choice));
-    listType_ = new wxComboBox(&parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, choices, wxCB_READONLY,
-                               wxDefaultValidator, controlName("listType", index));
+    listType_ = new DropDown(&parent, choices, controlName("listType", index));
     listType_->SetSelection(row_.selected);
     if (!row_.info.empty()) listType_->SetToolTip(toWx(row_.info));
     listType_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { row_.selected = listType_->GetSelection(); });
@@ -96,34 +104,40 @@ void FrmVarRow::browseForPath() {
     text_->SetInsertionPointEnd();  // the name of a file stands at the end of its path
 }
 
-void FrmVarRow::place(const TwipScale& scale, int extraWidth, int scrolledBy) {
-    const RowPlacement& at = row_.place;
-    setRect(*varName_, pixels(scale, at.varName), scrolledBy);
+void FrmVarRow::place(const TwipScale& scale, const ExtraWidths& extra, int scrolledBy) {
+    const RowPlacement at;
+    const auto onBackdrop = [&](Box box) {
+        box.top += row_.place.graph1.top - at.graph1.top;
+        return pixels(scale, box);
+    };
+    const auto value = [&](const Box& box) {
+        wxRect place = onBackdrop(box);
+        place.x += extra.name;
+        place.width += extra.value;
+        return place;
+    };
+    wxRect name = onBackdrop(at.varName);
+    name.width += extra.name;
+    setRect(*varName_, name, scrolledBy);
     if (getPath_) {
-        wxRect button = pixels(scale, at.getPath);
-        wxRect box = pixels(scale, at.pathType);
+        wxRect button = onBackdrop(at.getPath);
+        button.x += extra.name + extra.value;
+        wxRect box = value(at.pathType);
         box.SetRight(button.x - 1);  // the button stands over the end of the box
-        box.width += extraWidth;
-        button.x += extraWidth;
         setRect(*text_, box, scrolledBy);
         setRect(*getPath_, button, scrolledBy);
     } else if (text_) {
-        wxRect box = pixels(scale, at.textType);
-        box.width += extraWidth;
-        setRect(*text_, box, scrolledBy);
+        setRect(*text_, value(at.textType), scrolledBy);
     } else if (listType_) {
-        wxRect box = pixels(scale, at.listType);
-        box.width += extraWidth;
+        wxRect box = value(at.listType);
         box.height = std::max(box.height, listType_->GetBestSize().y);
         setRect(*listType_, box, scrolledBy);
     }
 }
 
-int FrmVarRow::bottom() const {
-    const RowPlacement& at = row_.place;
-    constexpr int dropDownNeeds = 35;
-    const int value = row_.showsChoices() ? at.listType.bottom() + dropDownNeeds : at.textType.bottom();
-    return std::max(at.graph1.bottom(), value);
+int FrmVarRow::missingNameWidth(const TwipScale& scale) const {
+    const int needed = varName_->GetTextExtent(toWx(row_.label)).x + 1;
+    return std::max(0, needed - scale.x(RowPlacement().varName.width));
 }
 
 bool FrmVarRow::needsUser() const {

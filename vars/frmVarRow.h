@@ -8,7 +8,6 @@
 #include "vars/promptForm.h"
 
 class wxButton;
-class wxComboBox;
 class wxScrolledWindow;
 class wxStaticText;
 class wxTextCtrl;
@@ -16,7 +15,14 @@ class wxWindow;
 
 namespace brasquelin {
 
+class DropDown;
 class TwipScale;
+
+/// What the columns take beyond their places, in pixels.
+struct ExtraWidths {
+    int name = 0;
+    int value = 0;
+};
 
 /// Shows a row of the form and writes into it what the user does. The controls of row 0 are named "varName", "textType"
 /// and so on, those of row n "varName(n)".
@@ -24,11 +30,12 @@ class FrmVarRow {
   public:
     FrmVarRow(wxScrolledWindow& parent, PromptRow& row, std::size_t index);
 
-    /// Places the controls; the value takes `extraWidth` more pixels than its place says.
-    void place(const TwipScale& scale, int extraWidth, int scrolledBy);
+    /// Places the controls where those of the first row stand on their backdrop: the gaps between the controls of each
+    /// kind differ, and over many rows they would leave their backdrops.
+    void place(const TwipScale& scale, const ExtraWidths& extra, int scrolledBy);
 
-    /// The bottom edge in twips of what the row shows.
-    int bottom() const;
+    /// What the name's column must take beyond its place to show the whole name, in pixels.
+    int missingNameWidth(const TwipScale& scale) const;
 
     PromptRow& model() const { return row_; }
     bool needsUser() const;
@@ -44,7 +51,7 @@ class FrmVarRow {
     PromptRow& row_;
     wxStaticText* varName_ = nullptr;
     wxTextCtrl* text_ = nullptr;
-    wxComboBox* listType_ = nullptr;
+    DropDown* listType_ = nullptr;
     wxButton* getPath_ = nullptr;
 };
 

@@ -1,12 +1,13 @@
 #include "platform/wx/twipScale.h"
 
-#include <wx/combobox.h>
 #include <wx/dcclient.h>
 #include <wx/textctrl.h>
 #include <wx/window.h>
 
 #include <algorithm>
 #include <cmath>
+
+#include "platform/wx/dropDown.h"
 
 namespace brasquelin {
 
@@ -28,7 +29,7 @@ int bestHeight(wxWindow* control) {
 TwipScale::TwipScale(wxWindow& window) {
     const wxSize dpi = window.FromPhys(window.GetDPI());  // pixels as the toolkit counts them
     const int text = std::max(bestHeight(new wxTextCtrl(&window, wxID_ANY)), window.GetCharHeight() + 8);
-    const int dropDown = bestHeight(new wxComboBox(&window, wxID_ANY, {}, {}, {}, 0, nullptr, wxCB_READONLY));
+    const int dropDown = bestHeight(new DropDown(&window, {}, ""));
     x_ = std::max(dpi.x / twipsPerInch, window.GetCharWidth() / twipsPerCharacter);
     y_ = std::max({dpi.y / twipsPerInch, text / twipsPerTextBox, dropDown / twipsPerDropDown});
 }

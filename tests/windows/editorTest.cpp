@@ -1,4 +1,3 @@
-#include <wx/combobox.h>
 #include <wx/listbox.h>
 #include <wx/menu.h>
 #include <wx/stattext.h>
@@ -8,7 +7,9 @@
 #include <wx/utils.h>
 
 #include "config/configFile.h"
+#include "editor/editorState.h"
 #include "editor/frmEditorList.h"
+#include "platform/wx/dropDown.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
 #include "windows/windowTest.h"
@@ -152,6 +153,35 @@ TEST_F(Editor, SavingAsAsksForTheNameWithItsExtension) {
     chooseFromMenu(frame, "Save as ...");
     EXPECT_EQ(0U, readFile("profiles/settings.bqp").find("#Brasquelin Profile "));
     EXPECT_EQ(2U, modals.messages.size());
+}
+
+TEST_F(Editor, PastedLineBreaksBecomeBlanks) {
+    wxFrame& frame = open();
+    windows.copyToClipboard("one\r\ntwo\nthree\rfour");
+    const auto paste = [](wxWindow& window, const char* box) {
+        auto& text = control<wxTextCtrl>(window, box);
+        text.Clear();
+        text.Paste();
+        pump();
+        EXPECT_EQ("one two three four", text.GetValue());
+        text.ChangeValue("");
+        text.SetValue("five\nsix");  // dropped, or pasted from the selection
+        EXPECT_EQ("five six", text.GetValue());
+    };
+    paste(frame, "profileName");
+    EXPECT_EQ("five six", editorState.document.profileName);
+    next([&](wxDialog& window) {
+        for (const char* box : {"Text1", "Text2", "Text3", "Text4"}) paste(window, box);
+        click(window, "Command3");
+    });
+    activate(list(frame, "listVar"));
+    EXPECT_EQ((Lines{"five six", "    .Type=Text", "    .Info=five six", "    .Default=five six"}),
+              shownIn(list(frame, "listVar")));
+    next([&](wxDialog& window) {
+        paste(window, "valueBox");
+        click(window, "cmdCancel");
+    });
+    windows.askValue({"prompt", "", {}});
 }
 
 TEST_F(Editor, OffersLoopsOnlyForTheCommandList) {
@@ -302,7 +332,7 @@ TEST_F(Editor, CallsAnInclude) {
     for (const int entry : {0, 1}) {
         next([this, entry](wxDialog& window) {
             EXPECT_EQ("Add Command To Project", window.GetTitle());
-            EXPECT_EQ(2U, control<wxComboBox>(window, "Combo1").GetCount());
+            EXPECT_EQ(2U, control<DropDown>(window, "Combo1").GetCount());
             choose(window, "Combo1", entry);
             nextInput("$scriptpath$");
             click(window, "Command1");

@@ -1,5 +1,4 @@
 #include <wx/button.h>
-#include <wx/combobox.h>
 #include <wx/scrolwin.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -7,6 +6,7 @@
 #include "app/jobList.h"
 #include "app/openFile.h"
 #include "platform/paths.h"
+#include "platform/wx/dropDown.h"
 #include "platform/wx/wxText.h"
 #include "text/runTimeError.h"
 #include "text/text.h"
@@ -34,10 +34,9 @@ TEST_F(Prompt, ShowsARowForEachVariableWithTheControlOfItsKind) {
     next([](wxDialog& prompt) {
         EXPECT_EQ("All_kinds", prompt.GetTitle());
         EXPECT_EQ("name=", control<wxStaticText>(prompt, "varName").GetLabelText());
-        EXPECT_EQ("What to call it", control<wxStaticText>(prompt, "varName").GetToolTipText());
         EXPECT_EQ("old.txt", control<wxTextCtrl>(prompt, "pathType(1)").GetValue());
-        EXPECT_EQ("gzip", control<wxComboBox>(prompt, "listType(2)").GetStringSelection());
-        EXPECT_EQ("Small", control<wxComboBox>(prompt, "listType(3)").GetStringSelection());
+        EXPECT_EQ("gzip", control<DropDown>(prompt, "listType(2)").GetStringSelection());
+        EXPECT_EQ("Small", control<DropDown>(prompt, "listType(3)").GetStringSelection());
         EXPECT_EQ(nullptr, findControl(prompt, "pathType"));
         EXPECT_EQ(nullptr, findControl(prompt, "getPath(2)"));
         EXPECT_EQ(prompt.GetDefaultItem(), findControl(prompt, "cmdOK"));
@@ -130,22 +129,65 @@ TEST_F(Prompt, AskedRowIsBoldAndRedAndHasTheFocus) {
         << "a preset hides the backdrop";
 }
 
-TEST_F(Prompt, ManyRowsScrollWithinTheScreen) {
+TEST_F(Prompt, ManyRowsOfAllKindsStandOnTheirBackdropsAndScrollWithinTheScreen) {
+    constexpr int rows = 255;
+    const std::vector<std::string> types{"Text", "PathOpen(x|*.x)", "List(a||b)", "Comb(a[b]||c[d])", "DblSSave(|)"};
+    const std::vector<std::string> controls{"textType", "pathType", "listType", "listType", "pathType"};
     std::string variables;
-    for (int i = 0; i < 256; ++i) variables += "v" + std::to_string(i) + "\n.Type=Text\n.Info=i\n.Default=d\n";
+    for (int i = 0; i < rows; ++i) {
+        variables +=
+            "v" + std::to_string(i) + "\n.Type=" + types[static_cast<std::size_t>(i) % 5] + "\n.Info=i\n.Default=1\n";
+    }
     start();
-    next([](wxDialog& prompt) {
+    next([&](wxDialog& prompt) {
         EXPECT_LE(prompt.GetSize().y, wxGetClientDisplayRect().height);
-        const wxWindow& last = *findControl(prompt, "textType(255)");
-        wxWindow& area = *last.GetParent();
-        findControl(prompt, "textType(255)")->SetFocus();
+        const auto rectOf = [&](std::string name, int row) {
+            if (row > 0) name += "(" + std::to_string(row) + ")";
+            const wxRect rect = findControl(prompt, name)->GetRect();
+            return std::pair(rect.GetTop(), rect.GetBottom());
+        };
+        const auto valueOf = [&](int row) { return rectOf(controls[static_cast<std::size_t>(row) % 5], row); };
+        const auto beside = [&](int row) { return rectOf("varName", row).first - valueOf(row).first; };
+        for (int row = 0; row < rows; ++row) {
+            EXPECT_NEAR(beside(row % 5), beside(row), 1) << row;
+            EXPECT_GT(valueOf(row).first, row == 0 ? 0 : valueOf(row - 1).second) << row;
+        }
+        wxWindow& last = *findControl(prompt, "pathType(254)");
+        last.SetFocus();
         pump();
-        EXPECT_LE(last.GetRect().GetBottom(), area.GetClientSize().y);
+        EXPECT_LE(last.GetRect().GetBottom(), last.GetParent()->GetClientSize().y);
         EXPECT_GE(last.GetPosition().y, 0);
+        choose(prompt, "listType(253)", 2);
         click(prompt, "cmdOK");
     });
-    openPicked(writeProfile("profiles/many.bqp", "Many", variables, "$v255$"));
+    openPicked(writeProfile("profiles/many.bqp", "Many", variables, "$v253$"));
     EXPECT_EQ("echo d", jobList.line(0));
+}
+
+TEST_F(Prompt, LongNamesAreShownWhole) {
+    const std::string name = "aNameThatIsLongerThanItsColumnIsWide";
+    const std::string endless(400, 'x');
+    start();
+    const auto fits = [](wxDialog& prompt) {
+        auto& label = control<wxStaticText>(prompt, "varName");
+        return label.GetTextExtent(label.GetLabelText()).x <= label.GetSize().x;
+    };
+    next([&](wxDialog& prompt) {
+        EXPECT_TRUE(fits(prompt));
+        EXPECT_EQ(name + " (PathOpen)\nInput", control<wxStaticText>(prompt, "varName").GetToolTipText());
+        EXPECT_LT(findControl(prompt, "varName")->GetRect().GetRight(),
+                  findControl(prompt, "pathType")->GetPosition().x);
+        EXPECT_EQ(findControl(prompt, "cmdOK")->GetSize().x + findControl(prompt, "cmdCancel")->GetSize().x,
+                  prompt.GetClientSize().x);
+        prompt.Close();
+    });
+    openPicked(writeProfile("profiles/long.bqp", "Long", name + "\n.Type=PathOpen(a|*.a)\n.Info=Input\n", ""));
+    next([&](wxDialog& prompt) {
+        EXPECT_FALSE(fits(prompt));
+        EXPECT_GT(findControl(prompt, "textType")->GetSize().x, prompt.GetClientSize().x / 4);
+        prompt.Close();
+    });
+    openPicked(writeProfile("profiles/endless.bqp", "Endless", endless + "\n.Type=Text\n.Info=i\n", ""));
 }
 
 TEST_F(Prompt, AnErrorInTheProfileEndsTheProgramThroughEveryLoop) {

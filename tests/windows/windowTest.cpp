@@ -2,7 +2,6 @@
 
 #include <wx/app.h>
 #include <wx/button.h>
-#include <wx/combobox.h>
 #include <wx/evtloop.h>
 #include <wx/frame.h>
 #include <wx/listbox.h>
@@ -17,6 +16,7 @@
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "platform/wx/application.h"
+#include "platform/wx/dropDown.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/programDialog.h"
 #include "platform/wx/wxText.h"
@@ -199,7 +199,7 @@ void type(wxWindow& window, const std::string& box, const std::string& text) {
 
 void choose(wxWindow& window, const std::string& list, int position) {
     auto* found = findControl(window, list);
-    if (auto* dropDown = dynamic_cast<wxComboBox*>(found)) {
+    if (auto* dropDown = dynamic_cast<DropDown*>(found)) {
         dropDown->SetSelection(position);
         send(*dropDown, wxEVT_COMBOBOX, dropDown->GetId());
     } else {

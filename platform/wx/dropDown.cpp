@@ -1,0 +1,43 @@
+#include "platform/wx/dropDown.h"
+
+namespace brasquelin {
+
+DropDown::DropDown(wxWindow* parent, const wxArrayString& entries, const wxString& name)
+    : DropDownControl(parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, entries, wxCB_READONLY,
+                      wxDefaultValidator, name) {
+    const auto opens = [this](bool open) {
+        return [this, open](wxCommandEvent& event) {
+            open_ = open;
+            event.Skip();
+        };
+    };
+    Bind(wxEVT_COMBOBOX_DROPDOWN, opens(true));
+    Bind(wxEVT_COMBOBOX_CLOSEUP, opens(false));
+    Bind(wxEVT_CHAR_HOOK, &DropDown::handleKey, this);
+    Bind(wxEVT_MOUSEWHEEL, &DropDown::handleWheel, this);
+#ifdef __WXGTK__
+    constexpr int besideTextBoxes = 6;
+    SetMargins(FromDIP(besideTextBoxes));
+#endif
+}
+
+/// While the entries are shown, the keys are theirs and not the dialog's.
+void DropDown::handleKey(wxKeyEvent& event) {
+    if (!open_) return event.Skip();
+#ifdef __WXGTK__
+    wxKeyEvent key(wxEVT_KEY_DOWN, event);
+    if (GetPopupControl()->GetControl()->HandleWindowEvent(key)) return;
+#endif
+    event.DoAllowNextEvent();
+}
+
+/// Whoever scrolls through a form must not change what the pointer comes across.
+void DropDown::handleWheel(wxMouseEvent& event) {
+    if (open_) {
+        event.Skip();
+    } else {
+        GetParent()->HandleWindowEvent(event);
+    }
+}
+
+}  // namespace brasquelin
