@@ -1,7 +1,11 @@
 #include "platform/wx/fileFilter.h"
 
+#include <wx/string.h>
+#include <wx/wxcrt.h>
+
 #include <vector>
 
+#include "platform/wx/wxText.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -34,6 +38,22 @@ std::string fileFilter(std::string_view filter, std::string_view anyFile) {
         pairs += pattern && any ? anyFile : parts[i];
     }
     return pairs;
+}
+
+std::string inEitherCase(std::string_view pairs) {
+    std::string patterns;
+    bool pattern = false;
+    bool set = false;  // within the brackets of a pattern
+    for (const wxUniChar character : toWx(pairs)) {
+        if (character == '|') pattern = !pattern;
+        if (pattern && (character == '[' || character == ']')) set = character == '[';
+        const wxUniChar lower = wxTolower(character);
+        const wxUniChar upper = wxToupper(character);
+        const wxString either = lower == upper ? wxString(character) : wxString(lower) + upper;
+        const bool letter = pattern && lower != upper;
+        patterns += fromWx(letter && !set ? "[" + either + "]" : letter ? either : wxString(character));
+    }
+    return patterns;
 }
 
 std::string withExtension(std::string path, std::string_view filter, std::size_t selectedPair) {

@@ -4,8 +4,10 @@
 #include <wx/clipbrd.h>
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
+#include <wx/filedlgcustomize.h>
 #include <wx/filename.h>
 #include <wx/richmsgdlg.h>
+#include <wx/textctrl.h>
 #include <wx/textdlg.h>
 #include <wx/utils.h>
 
@@ -18,6 +20,7 @@
 #include "platform/wx/fileFilter.h"
 #include "platform/wx/frmRunning.h"
 #include "platform/wx/messageLines.h"
+#include "platform/wx/oneLine.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/programDialog.h"
 #include "platform/wx/wxText.h"
@@ -73,6 +76,26 @@ long fileDialogStyle(FileDialogMode mode) {
     return mode == FileDialogMode::open ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE;
 }
 
+/// A line of text below the files.
+class Note : public wxFileDialogCustomizeHook {
+  public:
+    explicit Note(std::string_view text) : text_(messageText(text)) {}
+    void AddCustomControls(wxFileDialogCustomize& customizer) override { customizer.AddStaticText(text_); }
+
+  private:
+    wxString text_;
+};
+
+/// The pairs of the filter, for the toolkit.
+wxString patternsOf(std::string_view filter) {
+    const std::string pairs = fileFilter(filter, fromWx(wxFileSelectorDefaultWildcardStr));
+#ifdef __WXGTK__
+    return toWx(inEitherCase(pairs));
+#else
+    return toWx(pairs);
+#endif
+}
+
 /// The directory itself or the nearest one above it that exists.
 std::string existingDirectory(std::string path) {
     while (!path.empty() && !directoryExists(path)) path = dirOf(path);
@@ -88,6 +111,7 @@ bool WxDesktop::isLoaded(const wxTopLevelWindow* window) {
 void WxDesktop::showModeless(wxTopLevelWindow& window) {
     window.Show();
     window.Raise();
+    window.CallAfter([&window] { window.Raise(); });  // some window managers heed only one that is up
 }
 
 void WxDesktop::showUntilClosed(wxDialog& window) {
@@ -135,6 +159,9 @@ bool WxDesktop::askYesNo(std::string_view text, std::string_view title) {
 std::optional<std::string> WxDesktop::askText(std::string_view prompt, std::string_view title,
                                               std::string_view defaultText) {
     wxTextEntryDialog box(newestWindow(), messageText(prompt), toWx(title), toWx(defaultText));
+    for (auto* part : box.GetChildren()) {
+        if (auto* line = dynamic_cast<wxTextCtrl*>(part)) keepOnOneLine(*line);
+    }
     keepCentred(box);
     if (showModally(box) != wxID_OK) return std::nullopt;
     return fromWx(box.GetValue());
@@ -154,9 +181,10 @@ std::string WxDesktop::askFile(const FileDialogRequest& request) {
 
 WxDesktop::ChosenFile WxDesktop::chooseFile(const FileDialogRequest& request) {
     const std::string start = resolvePath(request.startName);
-    const std::string filter = fileFilter(request.filter, fromWx(wxFileSelectorDefaultWildcardStr));
     wxFileDialog dialog(newestWindow(), toWx(request.title), toWx(existingDirectory(dirOf(start))),
-                        toWx(fileNameOf(start)), toWx(filter), fileDialogStyle(request.mode));
+                        toWx(fileNameOf(start)), patternsOf(request.filter), fileDialogStyle(request.mode));
+    Note note(request.note);
+    if (!request.note.empty()) dialog.SetCustomizeHook(note);
     if (showModally(dialog) != wxID_OK) return {};
     return {fromWx(dialog.GetPath()), static_cast<std::size_t>(std::max(0, dialog.GetFilterIndex()))};
 }

@@ -14,6 +14,11 @@ TEST(FileFilter, IsMadeFitForTheToolkit) {
     EXPECT_EQ("Text|*.txt", fileFilter("Text|*.txt|lost", "*"));
 }
 
+TEST(FileFilter, MatchesInEitherCase) {
+    EXPECT_EQ("Text *.txt|*.[tT][xX][tT];*.1|All|*", inEitherCase("Text *.txt|*.tXt;*.1|All|*"));
+    EXPECT_EQ("C|*.[cChH]", inEitherCase("C|*.[ch]"));
+}
+
 TEST(FileFilter, CompletesTheNameOfASaveDialog) {
     const std::string filter = "Text|*.txt|Log|*.log; *.out|All|*.*";
     EXPECT_EQ("release-1.0.txt", withExtension("release-1.0", filter, 0)) << "a dot is no extension of the filter";
