@@ -117,9 +117,10 @@ void writeBatchFile() {
 void runBatchAndWait() {
     try {
         runAndWait();
-    } catch (const RunTimeError& error) {  // whoever reports it names the batch file alone
-        if (error.path().empty() || error.path() == batchFilePath()) throw;
-        throw error.because("'" + error.path() + "'");
+    } catch (const RunTimeError& error) {
+        const bool other = !error.path().empty() && error.path() != batchFilePath();
+        const RunTimeError told = other ? error.because("'" + error.path() + "'") : error;
+        throw told.whollyAbout(batchFilePath()).ofWriting();
     }
 }
 

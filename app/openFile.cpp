@@ -5,6 +5,7 @@
 #include "app/batchFile.h"
 #include "engine/runProfile.h"
 #include "platform/desktop.h"
+#include "platform/reporting.h"
 #include "text/fileFormat.h"
 #include "text/runTimeError.h"
 #include "vars/loadPrompt.h"
@@ -30,13 +31,7 @@ class Running {
 /// The file named on the command line has been run: its jobs are executed and the program ends.
 void executeAndEnd() {
     desktop().closeWaitWindow();
-    try {
-        runBatchAndWait();
-    } catch (const RunTimeError& error) {
-        showCritical(error.report("\r\nWhile writting '" + batchFilePath() + "'"), errorTitle);
-        return;
-    }
-    throw EndProgram(desktop().hadFailure() ? 1 : 0);
+    if (reporting(batchFilePath(), runBatchAndWait)) throw EndProgram(desktop().hadFailure() ? 1 : 0);
 }
 
 void finishRun(const std::string& path, bool completed) {
@@ -100,11 +95,7 @@ bool openFile(const std::string& path, const std::vector<std::string>& presets) 
 
 bool openPicked(const std::string& path) {
     if (!mayRun()) return false;
-    try {
-        openFile(path, {});
-    } catch (const RunTimeError& error) {
-        showCritical(error.reportWhileLoading(path), errorTitle);
-    }
+    reporting(path, [&] { openFile(path, {}); });
     return true;
 }
 

@@ -20,6 +20,7 @@
 #include "platform/console/consoleDesktop.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/substitution.h"
 #include "text/text.h"
@@ -29,19 +30,14 @@ namespace brasquelin {
 
 namespace {
 
-/// What the start-up error report appends to an error.
-std::string errorContext;
-
-std::string contextOf(std::string_view doing, std::string_view path) {
-    return "\r\nWhile " + std::string(doing) + " '" + std::string(path) + "'";
-}
-
-/// Sets the error context for one risky step and clears it when the step has succeeded.
+/// A risky step: its error is told as one of loading this file.
 template <typename Step>
-void inContext(std::string context, Step step) {
-    errorContext = std::move(context);
-    step();
-    errorContext.clear();
+void loading(const std::string& path, Step step) {
+    try {
+        step();
+    } catch (const RunTimeError& error) {
+        throw error.whollyAbout(path);
+    }
 }
 
 /// The settings, before the command line is looked at.
@@ -49,7 +45,7 @@ void prepare(const std::string& commandLine, const std::function<void()>& detect
     settings.startingUp = true;
     settings.commandLine = commandLine;
     registerFileTypes();
-    inContext(contextOf("loading", configFilePath()), [] { readConfig(configFilePath()); });
+    loading(configFilePath(), [] { readConfig(configFilePath()); });
     engineTables.runCounter = std::string("0");
     if (detectBorders) detectBorders();
     settings.startingUp = false;
@@ -66,7 +62,7 @@ void enterDirectoryOf(const std::string& path) {
 void openNamedFile(const std::string& commandLine) {
     const FileArgument argument = parseFileArgument(commandLine);
     opening.currentFile = argument.path;
-    inContext(contextOf("loading", argument.path), [&] { enterDirectoryOf(argument.path); });
+    loading(argument.path, [&] { enterDirectoryOf(argument.path); });
     openFile(argument.path, argument.presets);
 }
 
@@ -80,7 +76,7 @@ std::optional<std::string> replayLine(std::string_view line) {
     const FileArgument argument = parseFileArgument(argumentOfListLine(line));
     const std::size_t before = desktop().failures().size();
     opening.completed = false;
-    inContext(contextOf("loading", argument.path), [&] { enterDirectoryOf(argument.path); });
+    loading(argument.path, [&] { enterDirectoryOf(argument.path); });
     const bool known = openFile(argument.path, argument.presets);
     desktop().closePrompt();
     if (opening.completed || argument.path.empty()) return std::nullopt;
@@ -139,23 +135,19 @@ void tellSkipped(const std::string& listPath, const std::vector<std::string>& sk
 
 [[noreturn]] void replayList(const std::string& path) {
     TextFile list;
-    inContext(contextOf("loading", path), [&] { list = readOemTextFile(path); });
+    loading(path, [&] { list = readOemTextFile(path); });
     const Replay replay = replayLines(list.lines);
     if (replay.cancelled) {
         writeToStandardError("Brasquelin", "'" + path + "' was cancelled; nothing was executed.");
         throw EndProgram(1);
     }
-    inContext(contextOf("writting", batchFilePath()), runBatchAndWait);
+    runBatchAndWait();
     tellSkipped(path, replay.skipped);
     throw EndProgram(desktop().hadFailure() ? 1 : 0);
 }
 
-/// A step without a context of its own is told by the file that the error names.
 void reportStartUpError(const RunTimeError& error) {
-    const bool tellsFile = errorContext.empty() && !error.path().empty();
-    if (error.line() > 0 && !tellsFile) errorContext += " at line " + std::to_string(error.line());
-    showCritical(tellsFile ? error.reportWhileLoading({}) : error.report(errorContext), errorTitle);
-    errorContext.clear();
+    report(error);
     settings.startingUp = false;
     opening.replaying = false;
     desktop().closeWaitWindow();
@@ -172,7 +164,6 @@ void resetTables() {
     opening.reset();
     jobList.clear();
     forgetTextFiles();
-    errorContext.clear();
     childProcessId = 0;
     setJobSink([](std::string line) { jobList.append(std::move(line)); });
 }

@@ -11,6 +11,7 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/reporting.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
 
@@ -28,24 +29,12 @@ bool isLineOf(const std::vector<std::string>& lines, SelectedLine selected) {
     return selected && *selected < lines.size();
 }
 
-/// For limits: what is too much is told, and nothing has changed.
-template <typename Action>
-void reportingErrors(Action action) {
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        showCritical(error.report(), errorTitle);
-    }
-}
-
 void saveTo(const std::string& path) {
-    try {
+    reporting(path, [&] {
         saveDocument(editorState.document, path);
         settings.profilePath = path;
         editorState.document.foreign = false;
-    } catch (const RunTimeError& error) {
-        showCritical(error.report("\r\nWhile writting '" + path + "'"), errorTitle);
-    }
+    });
 }
 
 void tellForeign(const std::string& path) {
@@ -59,7 +48,7 @@ void addProgram(const std::string& chosen, const std::string& path) {
     const auto answer =
         desktop().askText("Enter parameters for launching plugin (Empty=NoParameters)", "Parameters", {});
     const bool isCheck = desktop().askYesNo("Is it a check plugin ?", "Brasquelin");
-    reportingErrors([&] {
+    reporting({}, [&] {
         editorState.document.pluginNames.append(pluginNameOf(chosen));
         const LibraryWord word = isCheck ? LibraryWord::check : LibraryWord::plugin;
         editorState.document.append(EditorList::include, {writeLibraryLine({word, path, answer.value_or("")})});
@@ -84,7 +73,7 @@ void addInclude() {
 using Move = SelectedLine (*)(ProfileDocument& document, SelectedLine selected);
 
 SelectedLine moveSelected(Move move, SelectedLine selected) {
-    reportingErrors([&] { selected = move(editorState.document, selected); });
+    reporting({}, [&] { selected = move(editorState.document, selected); });
     return selected;
 }
 
@@ -120,12 +109,7 @@ void openProfile(const std::function<void()>& opened) {
     const std::string path =
         desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", start});
     if (path.empty()) return;
-    try {
-        openDocument(editorState.document, path);
-    } catch (const RunTimeError& error) {
-        showCritical(error.reportWhileLoading(path), errorTitle);
-        return;
-    }
+    if (!reporting(path, [&] { openDocument(editorState.document, path); })) return;
     opened();
     if (editorState.document.foreign) tellForeign(path);
     queryPlugins(editorState.document);

@@ -5,9 +5,9 @@
 
 #include "config/configFile.h"
 #include "engine/librarySection.h"
-#include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
@@ -40,17 +40,6 @@ void appendFunctions(const std::string& listPath, std::vector<CallableEntry>& en
     const auto list = readTextFile(listPath);
     for (std::size_t i = 0; i < list->lines.size(); i += 2) {
         entries.push_back({std::string(functionPrefix) + list->lines[i], {}});
-    }
-}
-
-using Append = void (*)(const std::string& path, std::vector<CallableEntry>& entries);
-
-/// One file that cannot be read does not keep the user from calling the others.
-void appendOrReport(Append append, const std::string& path, std::vector<CallableEntry>& entries) {
-    try {
-        append(path, entries);
-    } catch (const RunTimeError& error) {
-        showCritical(error.reportWhileLoading(path), errorTitle);
     }
 }
 
@@ -112,9 +101,10 @@ std::vector<CallableEntry> callableEntries(const ProfileDocument& document) {
         const auto parsed = parseLibraryLine(line);
         if (!parsed || parsed->word != LibraryWord::include || !parsed->spaced) continue;
         const std::string path = replaceDirectories(parsed->path, settings.profilePath);
-        if (isCallable(path)) appendOrReport(appendInclude, path, entries);
+        if (isCallable(path)) reporting(path, [&] { appendInclude(path, entries); });
     }
-    if (!settings.basicFunctionPath.empty()) appendOrReport(appendFunctions, settings.basicFunctionPath, entries);
+    const std::string& list = settings.basicFunctionPath;
+    if (!list.empty()) reporting(list, [&] { appendFunctions(list, entries); });
     for (const auto& name : document.pluginNames) entries.push_back({std::string(pluginPrefix) + name, {}});
     return entries;
 }

@@ -7,8 +7,8 @@
 #include "config/configFile.h"
 #include "engine/librarySection.h"
 #include "engine/plugins.h"
-#include "platform/desktop.h"
 #include "platform/paths.h"
+#include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
@@ -169,12 +169,7 @@ void openDocument(ProfileDocument& document, const std::string& path) {
 
 void queryPlugins(const ProfileDocument& document) {
     for (const auto& plugin : pluginsOf(document, settings.profilePath)) {
-        try {
-            runPlugin(plugin.path, plugin.parameters, 0);
-        } catch (const RunTimeError& error) {
-            if (error.number() == ErrorNumber::userInterrupt) continue;
-            showCritical(error.reportWhileLoading(plugin.path), errorTitle);
-        }
+        reporting(plugin.path, [&] { runPlugin(plugin.path, plugin.parameters, 0); });
     }
 }
 

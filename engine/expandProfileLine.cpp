@@ -7,7 +7,7 @@
 #include "config/configFile.h"
 #include "engine/engineTables.h"
 #include "engine/resolvedVariable.h"
-#include "platform/desktop.h"
+#include "platform/reporting.h"
 #include "text/text.h"
 #include "vars/builtIns.h"
 #include "vars/typeSpec.h"
@@ -120,8 +120,7 @@ void endForUnknownVar(std::string_view name, std::string_view fromFile, int from
     std::string text = "Error : unknown var '" + std::string(name) + "'";
     text += "\r\nFrom file '" + std::string(fromFile) + "' at line " + std::to_string(fromLine);
     text += "\r\nIn file '" + std::string(inFile) + "'";
-    showCritical(text);
-    throw EndProgram(1);
+    endWithMessage(text);
 }
 
 }  // namespace brasquelin

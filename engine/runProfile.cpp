@@ -11,6 +11,7 @@
 #include "engine/librarySection.h"
 #include "engine/plugins.h"
 #include "platform/desktop.h"
+#include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
@@ -242,21 +243,12 @@ void ProfileRun::callProfile(const std::string& called, std::vector<std::string>
 }
 
 void ProfileRun::rejectName(std::string_view name) const {
-    showCritical("Error : unknown function '" + std::string(name) + "' in file '" + path_ + "' at line " +
-                 std::to_string(engineTables.fileStack.back().line));
-    throw EndProgram(1);
+    endWithMessage("Error : unknown function '" + std::string(name) + "' in file '" + path_ + "' at line " +
+                   std::to_string(engineTables.fileStack.back().line));
 }
 
 void ProfileRun::rejectParameter() const {
-    showCritical("Parse error in file '" + path_ + "' at line " + std::to_string(position_));
-    throw EndProgram(1);
-}
-
-/// Who ended a plugin knows that without a message.
-void report(const RunTimeError& error, const std::string& path, int line) {
-    const std::string text = error.reportWhileLoading(path, line);
-    if (error.number() == ErrorNumber::userInterrupt) return desktop().noteFailure(text);
-    showCritical(text, errorTitle);
+    endWithMessage("Parse error in file '" + path_ + "' at line " + std::to_string(position_));
 }
 
 }  // namespace
@@ -283,13 +275,7 @@ bool runProfile(const std::string& path, int level) {
 }
 
 bool runLibrary(const std::string& path, const std::vector<std::string>& arguments) {
-    try {
-        appendJob(runPromptedLibrary(path, arguments));
-        return true;
-    } catch (const RunTimeError& error) {
-        report(error, path, 0);
-        return false;
-    }
+    return reporting(path, [&] { appendJob(runPromptedLibrary(path, arguments)); });
 }
 
 }  // namespace brasquelin

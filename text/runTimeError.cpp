@@ -63,6 +63,12 @@ RunTimeError RunTimeError::about(const std::string& path) const {
     return error;
 }
 
+RunTimeError RunTimeError::whollyAbout(const std::string& path) const {
+    RunTimeError error = *this;
+    error.path_ = path;
+    return error;
+}
+
 std::string RunTimeError::report(std::string_view context) const {
     std::string text = "Error " + std::to_string(static_cast<int>(number_)) + " : " + what();
     text += context;
@@ -71,6 +77,7 @@ std::string RunTimeError::report(std::string_view context) const {
 
 std::string RunTimeError::reportWhileLoading(std::string_view handlerPath, int handlerLine) const {
     const std::string handler(handlerPath);
+    if (path_.empty() && handler.empty()) return report();
     const bool ownFile = !path_.empty() && path_ != handler;
     std::string context = std::string("\r\nWhile ") + (ofWriting_ ? "writting '" : "loading '");
     if (!ownFile) return report(context + handler + "'" + atLine(line_ > 0 ? line_ : handlerLine));

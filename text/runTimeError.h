@@ -39,6 +39,8 @@ class RunTimeError : public std::runtime_error {
     RunTimeError because(std::string cause) const;
     /// The same error; about this file unless it names one.
     RunTimeError about(const std::string& path) const;
+    /// The same error about this file, whatever it names.
+    RunTimeError whollyAbout(const std::string& path) const;
 
     ErrorNumber number() const { return number_; }
     const std::string& path() const { return path_; }
@@ -50,7 +52,8 @@ class RunTimeError : public std::runtime_error {
 
     /// The report with the context CR LF + "While loading '" (or "While writting '") + path + "'" (and " at line n"
     /// where there is one). `handlerPath` and `handlerLine` tell what the handler was working on. An error that names
-    /// a file of its own keeps it, and what the handler was working on follows as "From file '...' at line n".
+    /// a file of its own keeps it, and what the handler was working on follows as "From file '...' at line n". Without
+    /// any file there is no context.
     std::string reportWhileLoading(std::string_view handlerPath, int handlerLine = 0) const;
 
   private:

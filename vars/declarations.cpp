@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "platform/desktop.h"
+#include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
@@ -119,12 +119,12 @@ bool readDeclarations(std::string_view path, Table<VariableDeclaration>& table, 
         reader.read();
     } catch (const ParseError& error) {
         table.resetCount();
+        if (onParseError == OnParseError::endProgram) endWithMessage(error.report(), errorTitle);
         showCritical(error.report(), errorTitle);
-        if (onParseError == OnParseError::endProgram) throw EndProgram(1);
         return false;
     } catch (const RunTimeError& error) {
         // The declarations read so far stay and the load goes on.
-        showCritical(error.reportWhileLoading(path), errorTitle);
+        report(error, path);
     }
     return true;
 }

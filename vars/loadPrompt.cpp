@@ -4,6 +4,7 @@
 
 #include "platform/desktop.h"
 #include "platform/files.h"
+#include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
@@ -15,8 +16,7 @@ namespace {
 
 void requireFile(const std::string& path) {
     if (fileExists(path)) return;
-    showCritical("'" + path + "'\r\nError: unknown file");
-    throw EndProgram(1);
+    endWithMessage("'" + path + "'\r\nError: unknown file");
 }
 
 /// The title with its blanks turned into "_". It must have at least two characters.
@@ -24,8 +24,7 @@ std::string titleInFirstLine(const std::string& path, FileKind kind) {
     const auto file = readTextFile(path);
     const std::string_view line = file->lines.empty() ? std::string_view() : std::string_view(file->lines.front());
     if (characterCount(line) < headerLength(kind) + 2) {
-        showCritical("Error while loading '" + path + "' line 1", errorTitle);
-        throw EndProgram(1);
+        endWithMessage("Error while loading '" + path + "' line 1", errorTitle);
     }
     std::string title(titleIn(line, kind));
     std::replace(title.begin(), title.end(), ' ', '_');
@@ -46,9 +45,8 @@ void show(const std::shared_ptr<PromptForm>& form, bool modal) {
 
 void rejectUnknownType(const PromptForm& form, const PromptRow& row) {
     if (row.kind != VariableKind::unknown) return;
-    showCritical("Error in file '" + form.path + "' : unknown var type '" + row.typeSpec + "' for var '" + row.name +
-                 "'");
-    throw EndProgram(1);
+    endWithMessage("Error in file '" + form.path + "' : unknown var type '" + row.typeSpec + "' for var '" + row.name +
+                   "'");
 }
 
 /// Builds the form from the declarations and applies the presets.

@@ -4,6 +4,7 @@
 
 #include "platform/desktop.h"
 #include "platform/paths.h"
+#include "platform/reporting.h"
 #include "text/text.h"
 #include "vars/rememberedValues.h"
 
@@ -68,11 +69,7 @@ bool takesRemembered(const PromptRow& row, PromptKind kind) {
 
 /// An answer that cannot be remembered is good for this run all the same.
 void remember(std::string_view key, const std::string& answer) {
-    try {
-        rememberValue(key, answer);
-    } catch (const RunTimeError& error) {
-        showCritical(error.reportWhileLoading({}), errorTitle);
-    }
+    reporting({}, [&] { rememberValue(key, answer); });
 }
 
 /// `key` is empty when the answer is not to be remembered. True when the row took a value.

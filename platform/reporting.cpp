@@ -1,0 +1,16 @@
+#include "platform/reporting.h"
+
+namespace brasquelin {
+
+void report(const RunTimeError& error, std::string_view path, int line) {
+    const std::string text = error.reportWhileLoading(path, line);
+    if (error.number() == ErrorNumber::userInterrupt) return desktop().noteFailure(text);
+    showCritical(text, errorTitle);
+}
+
+void endWithMessage(std::string_view text, std::string_view title) {
+    showCritical(text, title);
+    throw EndProgram(1);
+}
+
+}  // namespace brasquelin
