@@ -5,9 +5,9 @@
 #include <wx/sizer.h>
 #include <wx/toolbar.h>
 
-#include "app/frmFileDrop.h"
-#include "app/frmJobList.h"
+#include "app/fileDropTarget.h"
 #include "app/jobList.h"
+#include "app/jobListView.h"
 #include "app/startUp.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/placement.h"
@@ -53,7 +53,7 @@ FrmMain::FrmMain()
     makePlace();
     makeMenu();
     makeToolbar();
-    JobList_ = new FrmJobList(this);
+    JobList_ = new JobListView(this);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(JobList_, wxSizerFlags(1).Expand());
     SetSizer(sizer);
@@ -72,7 +72,7 @@ FrmMain::FrmMain()
         event.Skip();
     });
     JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
-    SetDropTarget(new FrmFileDrop(*this));
+    SetDropTarget(new FileDropTarget(*this));
 
     JobList_->SetFocus();
 }

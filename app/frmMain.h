@@ -7,7 +7,7 @@
 
 namespace brasquelin {
 
-class FrmJobList;
+class JobListView;
 
 class FrmMain : public wxFrame {
   public:
@@ -22,7 +22,7 @@ class FrmMain : public wxFrame {
     void showMenu(wxContextMenuEvent& event);
     void closing(wxCloseEvent& event);
 
-    FrmJobList* JobList_ = nullptr;
+    JobListView* JobList_ = nullptr;
 };
 
 }  // namespace brasquelin

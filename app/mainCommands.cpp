@@ -43,7 +43,7 @@ void runMainCommand(std::string_view key, std::optional<std::size_t> selected) {
 }
 
 bool mainCommandsEnabled() {
-    return !opening.running;
+    return !runState.running;
 }
 
 void mainWindowUnloaded() {

@@ -12,7 +12,7 @@
 
 namespace brasquelin {
 
-Opening opening;
+RunState runState;
 
 namespace {
 
@@ -20,10 +20,10 @@ namespace {
 class Running {
   public:
     Running() {
-        opening.running = true;
-        opening.completed = false;
+        runState.running = true;
+        runState.completed = false;
     }
-    ~Running() { opening.running = false; }
+    ~Running() { runState.running = false; }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
 };
@@ -35,8 +35,8 @@ void executeAndEnd() {
 }
 
 void finishRun(const std::string& path, bool completed) {
-    opening.completed = completed;
-    if (completed && path == opening.currentFile) executeAndEnd();
+    runState.completed = completed;
+    if (completed && path == runState.currentFile) executeAndEnd();
 }
 
 void runOpenedProfile(const std::string& path) {
@@ -51,35 +51,35 @@ void runOpenedLibrary(const std::string& path, const std::vector<std::string>& a
 
 /// False, after a message, while another file is being run.
 bool mayRun() {
-    if (opening.running) desktop().showMessage("Another file is still being run.", "Brasquelin", Icon::exclamation);
-    return !opening.running;
+    if (runState.running) desktop().showMessage("Another file is still being run.", "Brasquelin", Icon::exclamation);
+    return !runState.running;
 }
 
 /// The waiting window's timer starts the run, so that the prompt closes and the screen repaints first. While a list is
 /// replayed that window is up already.
 void runConfirmedProfile(const std::string& path) {
-    if (opening.replaying) return runOpenedProfile(path);
+    if (runState.replaying) return runOpenedProfile(path);
     desktop().runBehindWaitWindow([path] { runOpenedProfile(path); });
 }
 
-OpenOptions optionsFor(const std::vector<std::string>& presets) {
-    OpenOptions options;
+PromptOptions optionsFor(const std::vector<std::string>& presets) {
+    PromptOptions options;
     options.presets = presets;
-    options.namedOnCommandLine = !opening.currentFile.empty();
-    options.replaying = opening.replaying;
+    options.namedOnCommandLine = !runState.currentFile.empty();
+    options.replaying = runState.replaying;
     options.mayConfirm = mayRun;
     return options;
 }
 
 void openProfile(const std::string& path, const std::vector<std::string>& presets) {
-    OpenOptions options = optionsFor(presets);
+    PromptOptions options = optionsFor(presets);
     options.runAtOnce = [path] { runOpenedProfile(path); };
     options.confirmed = [path](const auto& /*values*/) { runConfirmedProfile(path); };
     loadProfile(path, std::move(options));
 }
 
 void openLibrary(const std::string& path, const std::vector<std::string>& presets) {
-    OpenOptions options = optionsFor(presets);
+    PromptOptions options = optionsFor(presets);
     options.confirmed = [path](const auto& values) { runOpenedLibrary(path, values); };
     loadFunction(path, std::move(options));
 }

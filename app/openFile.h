@@ -7,14 +7,14 @@
 namespace brasquelin {
 
 /// State of the opening operations.
-struct Opening {
+struct RunState {
     std::string currentFile;  // named on the command line; empty otherwise
     bool replaying = false;   // list mode is at work
     bool running = false;     // a file is being run; another one has to wait
     bool completed = false;   // the last run came to its end
-    void reset() { *this = Opening(); }
+    void reset() { *this = RunState(); }
 };
-extern Opening opening;
+extern RunState runState;
 
 /// Opens by extension: "bqp" a profile, "bqs" a library, anything else is ignored (false). Raises the errors of the
 /// prompt.

@@ -61,7 +61,7 @@ void enterDirectoryOf(const std::string& path) {
 
 void openNamedFile(const std::string& commandLine) {
     const FileArgument argument = parseFileArgument(commandLine);
-    opening.currentFile = argument.path;
+    runState.currentFile = argument.path;
     loading(argument.path, [&] { enterDirectoryOf(argument.path); });
     openFile(argument.path, argument.presets);
 }
@@ -75,11 +75,11 @@ std::string inOneLine(std::string_view message) {
 std::optional<std::string> replayLine(std::string_view line) {
     const FileArgument argument = parseFileArgument(argumentOfListLine(line));
     const std::size_t before = desktop().failures().size();
-    opening.completed = false;
+    runState.completed = false;
     loading(argument.path, [&] { enterDirectoryOf(argument.path); });
     const bool known = openFile(argument.path, argument.presets);
     desktop().closePrompt();
-    if (opening.completed || argument.path.empty()) return std::nullopt;
+    if (runState.completed || argument.path.empty()) return std::nullopt;
     if (desktop().failures().size() > before) return inOneLine(desktop().failures()[before]);
     return known ? "It was cancelled." : "'" + argument.path + "' is no profile and no library.";
 }
@@ -108,7 +108,7 @@ Replay replayLines(const std::vector<std::string>& lines) {
         replay.cancelled = true;
         cancelChild();
     };
-    opening.replaying = true;
+    runState.replaying = true;
     desktop().showListProgress(progress);
     for (; progress.done < lines.size() && !replay.cancelled; ++progress.done) {
         if (const auto reason = replayLine(lines[progress.done])) {
@@ -116,7 +116,7 @@ Replay replayLines(const std::vector<std::string>& lines) {
         }
         showProgress();
     }
-    opening.replaying = false;
+    runState.replaying = false;
     desktop().closeWaitWindow();
     return replay;
 }
@@ -149,7 +149,7 @@ void tellSkipped(const std::string& listPath, const std::vector<std::string>& sk
 void reportStartUpError(const RunTimeError& error) {
     report(error);
     settings.startingUp = false;
-    opening.replaying = false;
+    runState.replaying = false;
     desktop().closeWaitWindow();
 }
 
@@ -161,7 +161,7 @@ void resetTables() {
     engineTables.reset();
     functionAction = {};
     editorState.reset();
-    opening.reset();
+    runState.reset();
     jobList.clear();
     forgetTextFiles();
     childProcessId = 0;

@@ -10,7 +10,7 @@
 
 #include <utility>
 
-#include "editor/frmEditorList.h"
+#include "editor/editorListView.h"
 #include "platform/desktop.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/pictures.h"
@@ -161,14 +161,14 @@ wxSizer* FrmCreateProfile::makeName() {
     return row;
 }
 
-wxSizer* FrmCreateProfile::makeList(FrmEditorList*& list, EditorList which, const char* name, const char* caption,
+wxSizer* FrmCreateProfile::makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
                                     const char* section) {
     auto* tags = new wxStaticText(this, wxID_ANY, section);
     tags->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     auto* captions = new wxBoxSizer(wxHORIZONTAL);
     captions->Add(new wxStaticText(this, wxID_ANY, caption), wxSizerFlags(1));
     captions->Add(tags);
-    list = new FrmEditorList(this, which, name);
+    list = new EditorListView(this, which, name);
     bindList(*list);
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(captions, wxSizerFlags().Expand().Border(wxBOTTOM));
@@ -196,7 +196,7 @@ wxSizer* FrmCreateProfile::makeMoveButtons() {
     return column;
 }
 
-void FrmCreateProfile::bindList(FrmEditorList& list) {
+void FrmCreateProfile::bindList(EditorListView& list) {
     list.Bind(wxEVT_CONTEXT_MENU, [this, &list](wxContextMenuEvent& event) { showContextMenu(list, event); });
     list.Bind(wxEVT_LIST_ITEM_ACTIVATED, [this, &list](wxListEvent&) { addTo(list); });
     list.Bind(wxEVT_KEY_DOWN, [this, &list](wxKeyEvent& event) { handleKey(list, event); });
@@ -230,14 +230,14 @@ void FrmCreateProfile::showDocument() {
     SetTitle(toWx(editorTitle()));
 }
 
-FrmEditorList& FrmCreateProfile::activeList() const {
+EditorListView& FrmCreateProfile::activeList() const {
     for (auto* list : lists()) {
         if (list->which() == editorState.activeList) return *list;
     }
     return *listCommand_;
 }
 
-void FrmCreateProfile::showContextMenu(FrmEditorList& list, wxContextMenuEvent& event) {
+void FrmCreateProfile::showContextMenu(EditorListView& list, wxContextMenuEvent& event) {
     if (busy_) return;
     const bool byKey = event.GetPosition() == wxDefaultPosition;
     const wxPoint place = byKey ? list.placeOfSelection() : list.ScreenToClient(event.GetPosition());
@@ -248,7 +248,7 @@ void FrmCreateProfile::showContextMenu(FrmEditorList& list, wxContextMenuEvent& 
     popUpMenu(list, mnuRight, place);
 }
 
-void FrmCreateProfile::handleKey(FrmEditorList& list, wxKeyEvent& event) {
+void FrmCreateProfile::handleKey(EditorListView& list, wxKeyEvent& event) {
     const int key = event.GetKeyCode();
     const bool plain = !event.HasAnyModifiers();
     const bool moves = event.GetModifiers() == wxMOD_CONTROL && &list == listCommand_;
@@ -263,7 +263,7 @@ void FrmCreateProfile::handleKey(FrmEditorList& list, wxKeyEvent& event) {
     event.Skip();
 }
 
-void FrmCreateProfile::addTo(FrmEditorList& list) {
+void FrmCreateProfile::addTo(EditorListView& list) {
     if (busy_) return;
     editorState.activeList = list.which();
     act(addLines);

@@ -14,7 +14,7 @@ class wxTextCtrl;
 
 namespace brasquelin {
 
-class FrmEditorList;
+class EditorListView;
 
 class FrmCreateProfile : public wxFrame {
   public:
@@ -26,11 +26,11 @@ class FrmCreateProfile : public wxFrame {
     void makeMenu();
     void bindMenus();
     wxSizer* makeName();
-    wxSizer* makeList(FrmEditorList*& list, EditorList which, const char* name, const char* caption,
+    wxSizer* makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
                       const char* section);
     wxSizer* makeMoveButtons();
     void bindTimers();
-    void bindList(FrmEditorList& list);
+    void bindList(EditorListView& list);
     void onItem(int id, Action action);
 
     /// Does what the user asked for and shows the outcome, unless something else is still being done.
@@ -38,22 +38,22 @@ class FrmCreateProfile : public wxFrame {
     void showDocument();
     void showNewDocument();
 
-    void showContextMenu(FrmEditorList& list, wxContextMenuEvent& event);
-    void handleKey(FrmEditorList& list, wxKeyEvent& event);
-    void addTo(FrmEditorList& list);
+    void showContextMenu(EditorListView& list, wxContextMenuEvent& event);
+    void handleKey(EditorListView& list, wxKeyEvent& event);
+    void addTo(EditorListView& list);
     void edit();
     void remove();
     using Move = SelectedLine (*)(SelectedLine selected);
     void moveGroup(Move move);
     void closing(wxCloseEvent& event);
 
-    FrmEditorList& activeList() const;
-    std::array<FrmEditorList*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
+    EditorListView& activeList() const;
+    std::array<EditorListView*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
 
     wxTextCtrl* profileName_ = nullptr;
-    FrmEditorList* listInclude_ = nullptr;
-    FrmEditorList* listVar_ = nullptr;
-    FrmEditorList* listCommand_ = nullptr;
+    EditorListView* listInclude_ = nullptr;
+    EditorListView* listVar_ = nullptr;
+    EditorListView* listCommand_ = nullptr;
     wxTimer ForTimer_;
     wxTimer tmrEdit_;
     bool busy_ = false;

@@ -41,7 +41,7 @@ struct Loops {
 };
 
 /// A file that is being interpreted, for messages.
-struct OpenFile {
+struct SourceLine {
     std::string path;
     int line = 0;
 };
@@ -52,8 +52,8 @@ struct EngineTables {
     PerLevel<Table<Program>> checks;
     PerLevel<Table<NamedValue>> checkResults;
     PerLevel<Loops> loops;
-    std::vector<OpenFile> fileStack;  // innermost last
-    std::string runCounter = "0";     // decimal text
+    std::vector<SourceLine> fileStack;  // innermost last
+    std::string runCounter = "0";       // decimal text
 
     void reset();
 };

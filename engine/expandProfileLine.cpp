@@ -27,9 +27,9 @@ struct ResolvedLevel {
 
 [[noreturn]] void rejectAssignment(std::string_view name) {
     const auto& stack = engineTables.fileStack;
-    const OpenFile nowhere;
-    const OpenFile& inner = stack.empty() ? nowhere : stack.back();
-    const OpenFile& outer = stack.size() < 2 ? nowhere : stack[stack.size() - 2];
+    const SourceLine nowhere;
+    const SourceLine& inner = stack.empty() ? nowhere : stack.back();
+    const SourceLine& outer = stack.size() < 2 ? nowhere : stack[stack.size() - 2];
     endForUnknownVar(name, outer.path, outer.line, inner.path);
 }
 

@@ -54,7 +54,7 @@ FrmVarForm::FrmVarForm(std::shared_ptr<PromptForm> form)
 void FrmVarForm::makeRows() {
     rowsArea_ = new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL);
     for (std::size_t i = 0; i < form_->rows.size(); ++i) {
-        rows_.push_back(std::make_unique<FrmVarRow>(*rowsArea_, form_->rows[i], i));
+        rows_.push_back(std::make_unique<PromptRowView>(*rowsArea_, form_->rows[i], i));
     }
     rowsArea_->SetScrollRate(0, std::max(1, scale_.y(form_->cmdOK.height) / 4));
     rowsArea_->Bind(wxEVT_PAINT, &FrmVarForm::paintBackdrops, this);

@@ -6,8 +6,8 @@
 
 #include "platform/wx/programDialog.h"
 #include "platform/wx/twipScale.h"
-#include "vars/frmVarRow.h"
 #include "vars/promptForm.h"
+#include "vars/promptRowView.h"
 
 class wxPaintEvent;
 class wxScrolledWindow;
@@ -38,7 +38,7 @@ class FrmVarForm : public ProgramDialog {
     wxButton* cmdCancel_ = nullptr;
     wxButton* cmdOK_ = nullptr;
     TwipScale scale_;
-    std::vector<std::unique_ptr<FrmVarRow>> rows_;
+    std::vector<std::unique_ptr<PromptRowView>> rows_;
 };
 
 }  // namespace brasquelin

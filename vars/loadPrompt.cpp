@@ -51,7 +51,7 @@ void rejectUnknownType(const PromptForm& form, const PromptRow& row) {
 
 /// Builds the form from the declarations and applies the presets.
 std::shared_ptr<PromptForm> buildForm(PromptKind kind, const std::string& path, std::string title,
-                                      const Table<VariableDeclaration>& declarations, OpenOptions& options) {
+                                      const Table<VariableDeclaration>& declarations, PromptOptions& options) {
     auto form = std::make_shared<PromptForm>();
     form->kind = kind;
     form->path = path;
@@ -71,7 +71,7 @@ std::shared_ptr<PromptForm> buildForm(PromptKind kind, const std::string& path, 
 }
 
 /// Shows the form, or confirms it unseen.
-void prompt(const std::shared_ptr<PromptForm>& form, const OpenOptions& options) {
+void prompt(const std::shared_ptr<PromptForm>& form, const PromptOptions& options) {
     const bool nothingToAsk = options.replaying && form->rows.empty();
     if (nothingToAsk || !needsUser(*form, options.presets)) {
         confirmPrompt(*form);
@@ -90,7 +90,7 @@ std::string readFunctionTitle(const std::string& path) {
     return titleInFirstLine(path, FileKind::library);
 }
 
-void loadProfile(const std::string& path, OpenOptions options) {
+void loadProfile(const std::string& path, PromptOptions options) {
     requireFile(path);
     std::string title = readProfileTitle(path);
     variableTables.pluginResults[0].resetCount();
@@ -104,7 +104,7 @@ void loadProfile(const std::string& path, OpenOptions options) {
     prompt(buildForm(PromptKind::profile, path, std::move(title), declarations, options), options);
 }
 
-void loadFunction(const std::string& path, OpenOptions options) {
+void loadFunction(const std::string& path, PromptOptions options) {
     requireFile(path);
     std::string title = readFunctionTitle(path);
     readFunctionVariables(path);

@@ -12,7 +12,7 @@
 namespace brasquelin {
 
 /// What the opening of a file depends on.
-struct OpenOptions {
+struct PromptOptions {
     std::vector<std::string> presets;  // values from the command line, the first for row 0
     bool namedOnCommandLine = false;   // the prompt is shown without blocking, and closing it ends the program
     bool replaying = false;            // list mode: a library without variables is run at once
@@ -23,10 +23,10 @@ struct OpenOptions {
 
 /// Reads and prompts for a profile. A profile without variables is run at once. Ends the program for a missing
 /// file, a first line that is too short and an invalid type text, each after its message.
-void loadProfile(const std::string& path, OpenOptions options);
+void loadProfile(const std::string& path, PromptOptions options);
 
 /// The same for a library.
-void loadFunction(const std::string& path, OpenOptions options);
+void loadFunction(const std::string& path, PromptOptions options);
 
 /// The title in line 1, blanks turned into "_". Ends the program after its message for a line that is too
 /// short.

@@ -40,7 +40,7 @@ class LoadPrompt : public ProgramTest {
         Lines lines{"#Brasquelin Profile  My tool"};
         for (auto& line : variables()) lines.push_back(line);
         write("x.bqp", lines);
-        OpenOptions options;
+        PromptOptions options;
         options.presets = presets;
         options.namedOnCommandLine = named;
         options.confirmed = [this](const Lines& values) { given.push_back(values); };
@@ -217,7 +217,7 @@ TEST_F(LoadPrompt, FilesThatCannotBeOpenedEndTheProgram) {
 
 TEST_F(LoadPrompt, WithoutVariablesAProfileRunsAtOnceAndALibraryIsShown) {
     write("none.bqp", {"#Brasquelin Profile None here"});
-    OpenOptions options;
+    PromptOptions options;
     options.confirmed = [this](const Lines& values) { given.push_back(values); };
     options.runAtOnce = [this] { ++runAtOnce; };
     loadProfile(folder() + "/none.bqp", options);

@@ -4,14 +4,14 @@
 #include <wx/menu.h>
 #include <wx/toolbar.h>
 
-#include "app/frmJobList.h"
 #include "app/jobList.h"
+#include "app/jobListView.h"
 #include "app/mainCommands.h"
 #include "app/openFile.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
 #include "text/runTimeError.h"
-#include "windows/windowTest.h"
+#include "wx/windowTest.h"
 
 namespace brasquelin {
 namespace {
@@ -30,7 +30,7 @@ std::vector<std::string> captionsOf(const wxMenu& menu) {
     return captions;
 }
 
-void rightClick(FrmJobList& list) {
+void rightClick(JobListView& list) {
     wxContextMenuEvent event(wxEVT_CONTEXT_MENU, list.GetId(), list.ClientToScreen(wxPoint(5, 5)));
     event.SetEventObject(&list);
     list.HandleWindowEvent(event);
@@ -54,7 +54,7 @@ TEST_F(MainWindow, OffersItsCommandsInTheMenuThePopUpMenuAndTheToolbar) {
 
     std::vector<std::string> popUp;
     setMenuPresenter([&](wxWindow&, wxMenu& menu, const wxPoint&) { popUp = captionsOf(menu); });
-    rightClick(control<FrmJobList>(frame, "JobList"));
+    rightClick(control<JobListView>(frame, "JobList"));
     EXPECT_EQ(commandCaptions, popUp);
 
     auto& toolbar = control<wxToolBar>(frame, "Toolbar1");
@@ -78,7 +78,7 @@ TEST_F(MainWindow, EachPlaceOpensTheSameWindows) {
         clickTool(frame, caption);
         next(closeIt);
         choosePopUp(caption);
-        rightClick(control<FrmJobList>(frame, "JobList"));
+        rightClick(control<JobListView>(frame, "JobList"));
     }
     const std::vector<std::string> windowOf{"frmAddFunction", "frmAddProfile", "frmOption", "frmAbout"};
     ASSERT_EQ(12U, modals.shown.size());
@@ -103,12 +103,12 @@ TEST_F(MainWindow, FilesDroppedOnItOpenOneAfterTheOther) {
     });
     drop({a, inDirectory("Brasquelin.ini"), b});
     EXPECT_EQ((std::vector<std::string>{"echo one", "echo two"}), jobList.lines());
-    opening.running = true;
+    runState.running = true;
     drop({inDirectory("Brasquelin.ini")});
     EXPECT_TRUE(modals.messages.empty());
     drop({a, b});
     EXPECT_EQ(1U, modals.messages.size());
-    opening.running = false;
+    runState.running = false;
 }
 
 TEST_F(MainWindow, TheToolbarKeyIsComparedExactly) {
@@ -122,7 +122,7 @@ TEST_F(MainWindow, TheToolbarKeyIsComparedExactly) {
 
 TEST_F(MainWindow, ShowsTheJobListAndClearsIt) {
     wxFrame& frame = start();
-    auto& list = control<FrmJobList>(frame, "JobList");
+    auto& list = control<JobListView>(frame, "JobList");
     jobList.append("short");
     jobList.append(std::string(400, 'w'));
     pump();
@@ -140,14 +140,14 @@ TEST_F(MainWindow, ShowsAMillionLines) {
     wxFrame& frame = start();
     for (int i = 0; i < 1'000'000; ++i) jobList.append("line " + std::to_string(i));
     pump();
-    auto& list = control<FrmJobList>(frame, "JobList");
+    auto& list = control<JobListView>(frame, "JobList");
     EXPECT_EQ(1'000'000, list.GetItemCount());
     EXPECT_EQ("line 999999", list.GetItemText(999'999));
 }
 
 TEST_F(MainWindow, RightButtonSelectsTheLineUnderThePointer) {
     wxFrame& frame = start();
-    auto& list = control<FrmJobList>(frame, "JobList");
+    auto& list = control<JobListView>(frame, "JobList");
     jobList.append("echo a");
     pump();
     choosePopUp("Execute this line");
@@ -188,10 +188,10 @@ TEST_F(MainWindow, ALauncherThatCannotBeStartedIsOnlyAMessage) {
 
 TEST_F(MainWindow, CommandsRestWhileAFileIsRun) {
     wxFrame& frame = start();
-    opening.running = true;
+    runState.running = true;
     clickTool(frame, "Add Profile");
     EXPECT_TRUE(modals.shown.empty());
-    opening.running = false;
+    runState.running = false;
 }
 
 TEST_F(MainWindow, ClosingEndsTheProgramUnlessTheEditorIsVisible) {

@@ -1,12 +1,12 @@
-#include "os-windows/program/programRun.h"
+#include "windows/program/programRun.h"
 
 #include <gtest/gtest.h>
 
-#include "os-windows/becomesTrue.h"
 #include "platform/codePages.h"
 #include "platform/paths.h"
 #include "platform/windows/wideText.h"
 #include "text/text.h"
+#include "windows/becomesTrue.h"
 
 namespace brasquelin {
 

@@ -11,7 +11,7 @@
 #include "text/runTimeError.h"
 #include "text/text.h"
 #include "vars/loadPrompt.h"
-#include "windows/windowTest.h"
+#include "wx/windowTest.h"
 
 namespace brasquelin {
 namespace {

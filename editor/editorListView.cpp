@@ -1,4 +1,4 @@
-#include "editor/frmEditorList.h"
+#include "editor/editorListView.h"
 
 #include <wx/settings.h>
 
@@ -8,17 +8,17 @@
 
 namespace brasquelin {
 
-FrmEditorList::FrmEditorList(wxWindow* parent, EditorList which, const char* name)
+EditorListView::EditorListView(wxWindow* parent, EditorList which, const char* name)
     : LineList(parent, name, wxBORDER_THEME), which_(which) {
     attributeLook_.SetTextColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     SetMinSize(FromDIP(wxSize(200, 60)));
 }
 
-const std::vector<std::string>& FrmEditorList::lines() const {
+const std::vector<std::string>& EditorListView::lines() const {
     return editorState.document.list(which_);
 }
 
-void FrmEditorList::showChanges() {
+void EditorListView::showChanges() {
     const auto shown = static_cast<std::size_t>(GetItemCount());
     findLongest();
     showLines();
@@ -27,14 +27,14 @@ void FrmEditorList::showChanges() {
     selectLine(shown);
 }
 
-void FrmEditorList::showFromStart() {
+void EditorListView::showFromStart() {
     selectLine({});
     findLongest();
     showLines();
     if (lineCount() > 0) EnsureVisible(0);
 }
 
-void FrmEditorList::findLongest() {
+void EditorListView::findLongest() {
     longest_.reset();
     std::size_t most = 0;
     for (std::size_t i = 0; i < lines().size(); ++i) {
@@ -45,26 +45,26 @@ void FrmEditorList::findLongest() {
     }
 }
 
-std::size_t FrmEditorList::lineCount() const {
+std::size_t EditorListView::lineCount() const {
     return lines().size();
 }
 
-const std::string& FrmEditorList::line(std::size_t index) const {
+const std::string& EditorListView::line(std::size_t index) const {
     return lines()[index];
 }
 
-bool FrmEditorList::isAttribute(long item) const {
+bool EditorListView::isAttribute(long item) const {
     const auto index = static_cast<std::size_t>(item);
     return which_ != EditorList::include && index < lineCount() && brasquelin::isAttribute(line(index));
 }
 
 /// Attribute lines are indented and dim, so that the groups stand out.
-wxString FrmEditorList::OnGetItemText(long item, long column) const {
+wxString EditorListView::OnGetItemText(long item, long column) const {
     const wxString text = LineList::OnGetItemText(item, column);
     return isAttribute(item) ? "    " + text : text;
 }
 
-wxItemAttr* FrmEditorList::OnGetItemAttr(long item) const {
+wxItemAttr* EditorListView::OnGetItemAttr(long item) const {
     return isAttribute(item) ? &attributeLook_ : nullptr;
 }
 

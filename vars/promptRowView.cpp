@@ -1,4 +1,4 @@
-#include "vars/frmVarRow.h"
+#include "vars/promptRowView.h"
 
 #include <wx/button.h>
 #include <wx/scrolwin.h>
@@ -52,7 +52,7 @@ wxColour backdropColour(const wxWindow& window) {
     return mixed(window.GetBackgroundColour(), wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), 0.14);
 }
 
-FrmVarRow::FrmVarRow(wxScrolledWindow& parent, PromptRow& row, std::size_t index) : row_(row) {
+PromptRowView::PromptRowView(wxScrolledWindow& parent, PromptRow& row, std::size_t index) : row_(row) {
     makeName(parent, index);
     if (row.showsText()) makeText(parent, index, "textType");
     if (row.showsPath()) makeText(parent, index, "pathType");
@@ -60,7 +60,7 @@ FrmVarRow::FrmVarRow(wxScrolledWindow& parent, PromptRow& row, std::size_t index
     if (row.showsChoices()) makeChoices(parent, index);
 }
 
-void FrmVarRow::makeName(wxScrolledWindow& parent, std::size_t index) {
+void PromptRowView::makeName(wxScrolledWindow& parent, std::size_t index) {
     varName_ = new wxStaticText(&parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, controlName("varName", index));
     varName_->SetLabelText(toWx(row_.label));
@@ -73,7 +73,7 @@ void FrmVarRow::makeName(wxScrolledWindow& parent, std::size_t index) {
     varName_->SetForegroundColour(isDark(parent.GetBackgroundColour()) ? lightRed : darkRed);
 }
 
-void FrmVarRow::makeText(wxScrolledWindow& parent, std::size_t index, const char* name) {
+void PromptRowView::makeText(wxScrolledWindow& parent, std::size_t index, const char* name) {
     text_ = new wxTextCtrl(&parent, wxID_ANY, toWx(row_.text), wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
                            controlName(name, index));
     if (!row_.info.empty()) text_->SetToolTip(toWx(row_.info));
@@ -81,7 +81,7 @@ void FrmVarRow::makeText(wxScrolledWindow& parent, std::size_t index, const char
     keepOnOneLine(*text_);
 }
 
-void FrmVarRow::makeChoices(wxScrolledWindow& parent, std::size_t index) {
+void PromptRowView::makeChoices(wxScrolledWindow& parent, std::size_t index) {
     wxArrayString choices;
     for (const auto& choice : row_.choices) choices.push_back(toWx(choice));
     listType_ = new DropDown(&parent, choices, controlName("listType", index));
@@ -90,21 +90,21 @@ void FrmVarRow::makeChoices(wxScrolledWindow& parent, std::size_t index) {
     listType_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { row_.selected = listType_->GetSelection(); });
 }
 
-void FrmVarRow::makeBrowseButton(wxScrolledWindow& parent, std::size_t index) {
+void PromptRowView::makeBrowseButton(wxScrolledWindow& parent, std::size_t index) {
     getPath_ = new wxButton(&parent, wxID_ANY, "...", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT,
                             wxDefaultValidator, controlName("getPath", index));
     getPath_->SetToolTip("Choose a file");
     getPath_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { browseForPath(); });
 }
 
-void FrmVarRow::browseForPath() {
+void PromptRowView::browseForPath() {
     if (!browse(row_)) return;
     text_->ChangeValue(toWx(row_.text));
     text_->SetFocus();
     text_->SetInsertionPointEnd();  // the name of a file stands at the end of its path
 }
 
-void FrmVarRow::place(const TwipScale& scale, const ExtraWidths& extra, int scrolledBy) {
+void PromptRowView::place(const TwipScale& scale, const ExtraWidths& extra, int scrolledBy) {
     const RowPlacement at;
     const auto onBackdrop = [&](Box box) {
         box.top += row_.place.graph1.top - at.graph1.top;
@@ -135,17 +135,17 @@ void FrmVarRow::place(const TwipScale& scale, const ExtraWidths& extra, int scro
     }
 }
 
-int FrmVarRow::missingNameWidth(const TwipScale& scale) const {
+int PromptRowView::missingNameWidth(const TwipScale& scale) const {
     const int needed = varName_->GetTextExtent(toWx(row_.label)).x + 1;
     return std::max(0, needed - scale.x(RowPlacement().varName.width));
 }
 
-bool FrmVarRow::needsUser() const {
+bool PromptRowView::needsUser() const {
     if (listType_) return row_.selected < 0;
     return text_ && row_.text.empty();
 }
 
-void FrmVarRow::takeFocus() {
+void PromptRowView::takeFocus() {
     wxWindow* control = text_ ? static_cast<wxWindow*>(text_) : listType_;
     if (control) control->SetFocus();
     if (text_) text_->SelectAll();

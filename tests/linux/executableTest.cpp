@@ -9,7 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "os-linux/processState.h"
+#include "linux/processState.h"
 #include "support/programTest.h"
 #include "text/text.h"
 

@@ -26,9 +26,9 @@ struct ExtraWidths {
 
 /// Shows a row of the form and writes into it what the user does. The controls of row 0 are named "varName", "textType"
 /// and so on, those of row n "varName(n)".
-class FrmVarRow {
+class PromptRowView {
   public:
-    FrmVarRow(wxScrolledWindow& parent, PromptRow& row, std::size_t index);
+    PromptRowView(wxScrolledWindow& parent, PromptRow& row, std::size_t index);
 
     /// Places the controls where those of the first row stand on their backdrop: the gaps between the controls of each
     /// kind differ, and over many rows they would leave their backdrops.

@@ -7,9 +7,9 @@
 
 namespace brasquelin {
 
-class FrmJobList : public LineList {
+class JobListView : public LineList {
   public:
-    explicit FrmJobList(wxWindow* parent);
+    explicit JobListView(wxWindow* parent);
 
     /// Shows what the job list holds now. Cheap when nothing has changed.
     void showChanges();

@@ -7,12 +7,12 @@
 #include <wx/utils.h>
 
 #include "config/configFile.h"
+#include "editor/editorListView.h"
 #include "editor/editorState.h"
-#include "editor/frmEditorList.h"
 #include "platform/wx/dropDown.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
-#include "windows/windowTest.h"
+#include "wx/windowTest.h"
 
 namespace brasquelin {
 namespace {
@@ -38,27 +38,29 @@ class Editor : public WindowTest {
         return frame;
     }
 
-    static FrmEditorList& list(wxFrame& frame, const std::string& name) { return control<FrmEditorList>(frame, name); }
+    static EditorListView& list(wxFrame& frame, const std::string& name) {
+        return control<EditorListView>(frame, name);
+    }
 
-    static void rightClick(FrmEditorList& target) {
+    static void rightClick(EditorListView& target) {
         wxContextMenuEvent event(wxEVT_CONTEXT_MENU, target.GetId(), target.ClientToScreen(wxPoint(5, 5)));
         event.SetEventObject(&target);
         target.HandleWindowEvent(event);
     }
     /// Chooses from the list's menu as the user would.
-    static void choosePopUp(FrmEditorList& target, const std::string& caption) {
+    static void choosePopUp(EditorListView& target, const std::string& caption) {
         setMenuPresenter([caption](wxWindow& window, wxMenu& menu, const wxPoint&) {
             wxCommandEvent event(wxEVT_MENU, menu.FindItem(toWx(caption)));
             window.HandleWindowEvent(event);
         });
         rightClick(target);
     }
-    static void activate(FrmEditorList& target) {
+    static void activate(EditorListView& target) {
         wxListEvent event(wxEVT_LIST_ITEM_ACTIVATED, target.GetId());
         event.SetEventObject(&target);
         target.HandleWindowEvent(event);
     }
-    static void pressKey(FrmEditorList& target, int key, bool control = false) {
+    static void pressKey(EditorListView& target, int key, bool control = false) {
         wxKeyEvent event(wxEVT_KEY_DOWN);
         event.m_keyCode = key;
         event.SetControlDown(control);
@@ -90,7 +92,7 @@ class Editor : public WindowTest {
     }
 };
 
-Lines shownIn(const FrmEditorList& list) {
+Lines shownIn(const EditorListView& list) {
     Lines lines;
     for (long i = 0; i < list.GetItemCount(); ++i) lines.push_back(fromWx(list.GetItemText(i)));
     return lines;

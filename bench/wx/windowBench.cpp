@@ -12,8 +12,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "app/frmJobList.h"
 #include "app/jobList.h"
+#include "app/jobListView.h"
 #include "app/programWindows.h"
 #include "engine/runProfile.h"
 #include "platform/paths.h"
@@ -74,7 +74,7 @@ void showJobs() {
     painted = false;
     frame.Refresh();
     runUntilPainted();
-    const long shown = dynamic_cast<FrmJobList&>(*wxWindow::FindWindowByName("JobList", &frame)).GetItemCount();
+    const long shown = dynamic_cast<JobListView&>(*wxWindow::FindWindowByName("JobList", &frame)).GetItemCount();
     std::printf("%ld lines: %ld ms to append, %ld ms until shown\n", shown, appended, milliseconds(start));
     done();
 }

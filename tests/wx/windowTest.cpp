@@ -1,4 +1,4 @@
-#include "windows/windowTest.h"
+#include "wx/windowTest.h"
 
 #include <wx/app.h>
 #include <wx/button.h>

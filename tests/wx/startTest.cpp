@@ -12,7 +12,7 @@
 #include "platform/wx/placement.h"
 #include "platform/wx/wxText.h"
 #include "support/scratchDirectory.h"
-#include "windows/windowTest.h"
+#include "wx/windowTest.h"
 
 namespace brasquelin {
 namespace {
@@ -116,10 +116,10 @@ TEST_F(Start, AFileWithoutVariablesLeavesThePromptAsItWas) {
 
 TEST_F(Start, OkIsRefusedWhileAnotherFileIsRun) {
     start(writeOneVariable());
-    opening.running = true;
+    runState.running = true;
     EXPECT_EQ(std::nullopt, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
     EXPECT_EQ(std::vector<std::string>{"Brasquelin: Another file is still being run."}, modals.messages);
-    opening.running = false;
+    runState.running = false;
     ASSERT_NE(nullptr, loadedWindow("frmVarProfile"));
     EXPECT_EQ(0, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
     EXPECT_EQ("echo d\r\n", readFile("brasquelin.bat"));

@@ -5,11 +5,11 @@
 
 #include <cstdlib>
 
-#include "os-windows/becomesTrue.h"
-#include "os-windows/program/programRun.h"
 #include "platform/codePages.h"
 #include "platform/paths.h"
 #include "text/text.h"
+#include "windows/becomesTrue.h"
+#include "windows/program/programRun.h"
 
 namespace brasquelin {
 namespace {

@@ -3,13 +3,13 @@
 
 #include <thread>
 
-#include "os-windows/becomesTrue.h"
 #include "platform/childProcess.h"
 #include "platform/paths.h"
 #include "platform/systemLock.h"
 #include "platform/windows/programStart.h"
 #include "support/scratchDirectory.h"
 #include "text/runTimeError.h"
+#include "windows/becomesTrue.h"
 
 namespace brasquelin {
 namespace {

@@ -1,7 +1,7 @@
 #include <wx/listbox.h>
 
 #include "app/jobList.h"
-#include "windows/windowTest.h"
+#include "wx/windowTest.h"
 
 namespace brasquelin {
 namespace {

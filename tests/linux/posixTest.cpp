@@ -15,7 +15,7 @@
 #include "config/clearDirectory.h"
 #include "config/configFile.h"
 #include "config/registerFileTypes.h"
-#include "os-linux/processState.h"
+#include "linux/processState.h"
 #include "platform/childProcess.h"
 #include "platform/codePages.h"
 #include "platform/directoryLock.h"

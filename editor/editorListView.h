@@ -6,9 +6,9 @@
 
 namespace brasquelin {
 
-class FrmEditorList : public LineList {
+class EditorListView : public LineList {
   public:
-    FrmEditorList(wxWindow* parent, EditorList which, const char* name);
+    EditorListView(wxWindow* parent, EditorList which, const char* name);
 
     EditorList which() const { return which_; }
 

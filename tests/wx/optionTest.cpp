@@ -5,7 +5,7 @@
 #include "platform/paths.h"
 #include "platform/wx/wxText.h"
 #include "support/scratchDirectory.h"
-#include "windows/windowTest.h"
+#include "wx/windowTest.h"
 
 namespace brasquelin {
 namespace {

@@ -6,9 +6,9 @@
 
 namespace brasquelin {
 
-class FrmFileDrop : public wxFileDropTarget {
+class FileDropTarget : public wxFileDropTarget {
   public:
-    explicit FrmFileDrop(wxWindow& window) : window_(window) {}
+    explicit FileDropTarget(wxWindow& window) : window_(window) {}
 
     /// The files are opened once the drop is over: whoever dragged them must not wait for a prompt. Nothing is taken
     /// while a dialog is open; while a file is being run, that is told.

@@ -1,4 +1,4 @@
-#include "app/frmFileDrop.h"
+#include "app/fileDropTarget.h"
 
 #include <wx/dialog.h>
 
@@ -23,8 +23,8 @@ bool dialogIsOpen() {
 
 }  // namespace
 
-bool FrmFileDrop::OnDropFiles(wxCoord /*x*/, wxCoord /*y*/, const wxArrayString& names) {
-    if (dialogIsOpen() && !opening.running) return false;
+bool FileDropTarget::OnDropFiles(wxCoord /*x*/, wxCoord /*y*/, const wxArrayString& names) {
+    if (dialogIsOpen() && !runState.running) return false;
     std::vector<std::string> paths;
     for (const auto& name : names) paths.push_back(fromWx(name));
     window_.CallAfter([paths] { openDropped(paths); });
