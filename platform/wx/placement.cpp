@@ -106,11 +106,11 @@ void keepAt(wxTopLevelWindow& window, const Place& place) {
 
 /// GTK and the window managers centre a dialog over its parent themselves; one that was moved before it is up loses its
 /// place under some of them.
-bool isPlacedByDesktop(const wxTopLevelWindow& window) {
+bool isPlacedByDesktop([[maybe_unused]] const wxTopLevelWindow& window) {
 #ifdef __WXGTK__
     return window.GetParent() && window.HasExtraStyle(wxTOPLEVEL_EX_DIALOG);
 #else
-    return !window.GetHandle();
+    return false;
 #endif
 }
 
