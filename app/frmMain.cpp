@@ -24,23 +24,10 @@ int idOf(const MainCommand& command) {
     return firstCommandId + static_cast<int>(&command - mainCommands().data());
 }
 
-const char* shortcutOf(const MainCommand& command) {
-    if (command.key == "add library") return "\tCtrl+L";
-    if (command.key == "add profile") return "\tCtrl+P";
-    if (command.key == "execute line") return "\tCtrl+E";
-    if (command.key == "execute joblist") return "\tF5";
-    if (command.key == "about") return "\tF1";
-    return "";
-}
-
-constexpr std::array<Picture, 8> pictures{
-    Picture::addLibrary,     Picture::addProfile,    Picture::clearJoblist, Picture::executeLine,
-    Picture::executeJoblist, Picture::profileEditor, Picture::options,      Picture::about,
-};
-
 void appendCommands(wxMenu& menu) {
     for (const auto& command : mainCommands()) {
-        menu.Append(idOf(command), toWx(command.caption) + shortcutOf(command));
+        const wxString shortcut = command.shortcut.empty() ? wxString() : "\t" + toWx(command.shortcut);
+        menu.Append(idOf(command), toWx(command.caption) + shortcut);
         if (!command.separatorBehind.empty()) menu.AppendSeparator();
     }
 }
@@ -107,8 +94,8 @@ void FrmMain::makeToolbar() {
     auto* toolbar = new wxToolBar(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                   wxTB_HORIZONTAL | wxTB_TEXT | wxTB_FLAT, "Toolbar1");
     for (const auto& command : mainCommands()) {
-        const auto which = pictures[static_cast<std::size_t>(idOf(command) - firstCommandId)];
-        toolbar->AddTool(idOf(command), toWx(command.toolbarCaption), picture(which, side), toWx(command.caption));
+        toolbar->AddTool(idOf(command), toWx(command.toolbarCaption), picture(command.picture, side),
+                         toWx(command.caption));
         if (!command.separatorBehind.empty()) toolbar->AddSeparator();
     }
     toolbar->Realize();

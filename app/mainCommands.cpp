@@ -1,5 +1,7 @@
 #include "app/mainCommands.h"
 
+#include <algorithm>
+
 #include "app/batchFile.h"
 #include "app/openFile.h"
 #include "platform/desktop.h"
@@ -9,21 +11,33 @@ namespace brasquelin {
 
 namespace {
 
-constexpr std::array<MainCommand, 8> commands{{
-    {"mnuAddLibrary", "Add Library", "Add Library", "add library", ""},
-    {"mnuAddProfile", "Add Profile", "Add Profile", "add profile", "tiretun"},
-    {"mnuClearJoblist", "Clear JobList", "Clear Joblist", "clear joblist", "tiretdeux"},
-    {"mnuExecLine", "Execute this line", "Execute Line", "execute line", ""},
-    {"mnuExecJoblist", "Execute Joblist", "Execute Joblist", "execute joblist", "tirettrois"},
-    {"mnuCreateProfile", "Profile Editor", "Profile Editor", "profile editor", ""},
-    {"mnuOptions", "Options", "Options", "options", ""},
-    {"mnuAbout", "About", "About", "about", ""},
-}};
-
 void openEditor() {
     desktop().showWindow(ProgramWindow::createProfile, false);
     desktop().unloadWindow(ProgramWindow::main);
 }
+
+using Selected = std::optional<std::size_t>;
+
+// clang-format off
+constexpr std::array<MainCommand, 8> commands{{
+    {"mnuAddLibrary", "Add Library", "Add Library", "add library", "Ctrl+L", "", Picture::addLibrary,
+     [](Selected) { desktop().showWindow(ProgramWindow::addFunction, true); }},
+    {"mnuAddProfile", "Add Profile", "Add Profile", "add profile", "Ctrl+P", "tiretun", Picture::addProfile,
+     [](Selected) { desktop().showWindow(ProgramWindow::addProfile, true); }},
+    {"mnuClearJoblist", "Clear JobList", "Clear Joblist", "clear joblist", "", "tiretdeux", Picture::clearJoblist,
+     [](Selected) { clearJobList(); }},
+    {"mnuExecLine", "Execute this line", "Execute Line", "execute line", "Ctrl+E", "", Picture::executeLine,
+     executeLine},
+    {"mnuExecJoblist", "Execute Joblist", "Execute Joblist", "execute joblist", "F5", "tirettrois",
+     Picture::executeJoblist, [](Selected) { executeJobList(); }},
+    {"mnuCreateProfile", "Profile Editor", "Profile Editor", "profile editor", "", "", Picture::profileEditor,
+     [](Selected) { openEditor(); }},
+    {"mnuOptions", "Options", "Options", "options", "", "", Picture::options,
+     [](Selected) { desktop().showWindow(ProgramWindow::options, true); }},
+    {"mnuAbout", "About", "About", "about", "F1", "", Picture::about,
+     [](Selected) { desktop().showWindow(ProgramWindow::about, true); }},
+}};
+// clang-format on
 
 }  // namespace
 
@@ -32,14 +46,8 @@ const std::array<MainCommand, 8>& mainCommands() {
 }
 
 void runMainCommand(std::string_view key, std::optional<std::size_t> selected) {
-    if (key == "add library") return desktop().showWindow(ProgramWindow::addFunction, true);
-    if (key == "add profile") return desktop().showWindow(ProgramWindow::addProfile, true);
-    if (key == "clear joblist") return clearJobList();
-    if (key == "execute line") return executeLine(selected);
-    if (key == "execute joblist") return executeJobList();
-    if (key == "profile editor") return openEditor();
-    if (key == "options") return desktop().showWindow(ProgramWindow::options, true);
-    if (key == "about") return desktop().showWindow(ProgramWindow::about, true);
+    const auto* command = std::find_if(commands.begin(), commands.end(), [key](const auto& c) { return c.key == key; });
+    if (command != commands.end()) command->run(selected);
 }
 
 bool mainCommandsEnabled() {

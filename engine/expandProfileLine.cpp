@@ -100,7 +100,7 @@ std::string expandProfileLine(std::string& line, int level, std::string_view scr
     expandBuiltIns(references, builtIns, [scriptPath] { return dirOf(scriptPath); });
     if (references.refersTo("index")) references.replace("index", std::to_string(index));
     expandGlobals(references);
-    expandLoopRecords(references, loops, loops.depth);
+    expandCounters(references, level);
     expandAssignments(references, assignments);
     expandLoopRecords(references, loops, loops.records.size());
     expandDeclared(references, level);
@@ -109,11 +109,9 @@ std::string expandProfileLine(std::string& line, int level, std::string_view scr
     return references.text();
 }
 
-std::string expandCounters(std::string_view text, int level) {
+void expandCounters(ReferenceText& text, int level) {
     const auto& loops = engineTables.loops[level];
-    ReferenceText references{std::string(text)};
-    expandLoopRecords(references, loops, loops.depth);
-    return references.take();
+    expandLoopRecords(text, loops, loops.depth);
 }
 
 void endForUnknownVar(std::string_view name, std::string_view fromFile, int fromLine, std::string_view inFile) {

@@ -15,7 +15,7 @@ namespace brasquelin {
 std::string expandProfileLine(std::string& line, int level, std::string_view scriptPath, int index);
 
 /// The counters of the loops that are open at the level.
-std::string expandCounters(std::string_view text, int level);
+void expandCounters(ReferenceText& text, int level);
 
 /// The message about an assignment to a variable that its file does not declare.
 [[noreturn]] void endForUnknownVar(std::string_view name, std::string_view fromFile, int fromLine,

@@ -4,22 +4,9 @@
 #include <wx/bmpbndl.h>
 #include <wx/iconbndl.h>
 
-namespace brasquelin {
+#include "platform/picture.h"
 
-enum class Picture {
-    addLibrary,
-    addProfile,
-    clearJoblist,
-    executeLine,
-    executeJoblist,
-    profileEditor,
-    options,
-    about,
-    moveUp,
-    moveDown,
-    reference,
-    program
-};
+namespace brasquelin {
 
 /// `side` is the width and height on a display without scaling; larger versions come along.
 wxBitmapBundle picture(Picture which, int side);

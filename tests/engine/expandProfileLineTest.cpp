@@ -80,7 +80,9 @@ TEST_F(ExpandProfileLine, CountersOfOpenAndEndedLoops) {
     loops.records[0].currentText = "5";
     loops.records[1].variable = "j";
     loops.records[1].currentText = "9";
-    EXPECT_EQ(expandCounters("$i$ $j$", 1), "5 $j$");
+    ReferenceText open("$i$ $j$");
+    expandCounters(open, 1);
+    EXPECT_EQ(open.text(), "5 $j$");
     EXPECT_EQ(expand("$I$ $j$"), "5 9");
 }
 

@@ -1,0 +1,21 @@
+// The program's pictures by what they stand for; how they are drawn is the toolkit's business.
+#pragma once
+
+namespace brasquelin {
+
+enum class Picture {
+    addLibrary,
+    addProfile,
+    clearJoblist,
+    executeLine,
+    executeJoblist,
+    profileEditor,
+    options,
+    about,
+    moveUp,
+    moveDown,
+    reference,
+    program
+};
+
+}  // namespace brasquelin
