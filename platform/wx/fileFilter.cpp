@@ -46,7 +46,9 @@ std::string inEitherCase(std::string_view pairs) {
     bool set = false;  // within the brackets of a pattern
     for (const wxUniChar character : toWx(pairs)) {
         if (character == '|') pattern = !pattern;
-        if (pattern && (character == '[' || character == ']')) set = character == '[';
+        const bool opens = character == '[';
+        const bool closes = character == ']';
+        if (pattern && (opens || closes)) set = opens;
         const wxUniChar lower = wxTolower(character);
         const wxUniChar upper = wxToupper(character);
         const wxString either = lower == upper ? wxString(character) : wxString(lower) + upper;
