@@ -1,8 +1,9 @@
 #include <wx/dnd.h>
 #include <wx/frame.h>
 #include <wx/hyperlink.h>
-#include <wx/menu.h>
 #include <wx/toolbar.h>
+
+#include <stdexcept>
 
 #include "app/jobList.h"
 #include "app/jobListView.h"
@@ -21,28 +22,6 @@ using MainWindow = WindowTest;
 const std::vector<std::string> commandCaptions{
     "Add Library", "Add Profile",    "-",       "Clear JobList", "-", "Execute this line", "Execute Joblist",
     "-",           "Profile Editor", "Options", "About"};
-
-std::vector<std::string> captionsOf(const wxMenu& menu) {
-    std::vector<std::string> captions;
-    for (const auto* item : menu.GetMenuItems()) {
-        captions.push_back(item->IsSeparator() ? "-" : fromWx(item->GetItemLabelText()));
-    }
-    return captions;
-}
-
-void rightClick(JobListView& list) {
-    wxContextMenuEvent event(wxEVT_CONTEXT_MENU, list.GetId(), list.ClientToScreen(wxPoint(5, 5)));
-    event.SetEventObject(&list);
-    list.HandleWindowEvent(event);
-}
-
-/// Chooses from the pop-up menu as the user would.
-void choosePopUp(const std::string& caption) {
-    setMenuPresenter([caption](wxWindow& window, wxMenu& menu, const wxPoint&) {
-        wxCommandEvent event(wxEVT_MENU, menu.FindItem(toWx(caption)));
-        window.HandleWindowEvent(event);
-    });
-}
 
 TEST_F(MainWindow, OffersItsCommandsInTheMenuThePopUpMenuAndTheToolbar) {
     wxFrame& frame = start();
@@ -77,7 +56,7 @@ TEST_F(MainWindow, EachPlaceOpensTheSameWindows) {
         next(closeIt);
         clickTool(frame, caption);
         next(closeIt);
-        choosePopUp(caption);
+        choosePopUps(caption);
         rightClick(control<JobListView>(frame, "JobList"));
     }
     const std::vector<std::string> windowOf{"frmAddFunction", "frmAddProfile", "frmOption", "frmAbout"};
@@ -85,7 +64,7 @@ TEST_F(MainWindow, EachPlaceOpensTheSameWindows) {
     for (std::size_t i = 0; i < 12; ++i) EXPECT_EQ(windowOf[i / 3], modals.shown[i]);
 }
 
-TEST_F(MainWindow, FilesDroppedOnItOpenOneAfterTheOther) {
+TEST_F(MainWindow, FilesDroppedOnItOpenOneAfterTheOtherUnlessOneIsRun) {
     wxFrame& frame = start();
     auto* target = dynamic_cast<wxFileDropTarget*>(frame.GetDropTarget());
     ASSERT_NE(nullptr, target);
@@ -103,7 +82,10 @@ TEST_F(MainWindow, FilesDroppedOnItOpenOneAfterTheOther) {
     });
     drop({a, inDirectory("Brasquelin.ini"), b});
     EXPECT_EQ((std::vector<std::string>{"echo one", "echo two"}), jobList.lines());
+    modals.shown.clear();
     runState.running = true;
+    clickTool(frame, "Add Profile");
+    EXPECT_TRUE(modals.shown.empty());
     drop({inDirectory("Brasquelin.ini")});
     EXPECT_TRUE(modals.messages.empty());
     drop({a, b});
@@ -136,32 +118,31 @@ TEST_F(MainWindow, ShowsTheJobListAndClearsIt) {
     EXPECT_FALSE(list.selectedLine());
 }
 
-TEST_F(MainWindow, ShowsAMillionLines) {
-    wxFrame& frame = start();
-    for (int i = 0; i < 1'000'000; ++i) jobList.append("line " + std::to_string(i));
-    pump();
-    auto& list = control<JobListView>(frame, "JobList");
-    EXPECT_EQ(1'000'000, list.GetItemCount());
-    EXPECT_EQ("line 999999", list.GetItemText(999'999));
-}
-
 TEST_F(MainWindow, RightButtonSelectsTheLineUnderThePointer) {
     wxFrame& frame = start();
     auto& list = control<JobListView>(frame, "JobList");
     jobList.append("echo a");
     pump();
-    choosePopUp("Execute this line");
+    choosePopUps("Execute this line");
     rightClick(list);
     EXPECT_EQ(std::vector<std::string>{"echo a"}, processes.commands);
 }
 
-TEST_F(MainWindow, ExecutingALineThatIsNotSelectedIsOnlyAMessage) {
+TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {
     wxFrame& frame = start();
     jobList.append("echo a");
+    processes.actions = {{"echo a", [] { throw std::length_error("of another kind"); }},
+                         {"brasquelin.bat", [] { throw RunTimeError(ErrorNumber::fileNotFound, "xterm"); }}};
     pump();
+    clickTool(frame, "Execute Line");  // nothing is selected
+    control<JobListView>(frame, "JobList").Select(0);
     clickTool(frame, "Execute Line");
-    EXPECT_EQ(std::vector<std::string>{"Brasquelin Error: Error 5 : Invalid procedure call or argument"},
+    EXPECT_EQ(std::nullopt, endOf([&] { clickTool(frame, "Execute Joblist"); }));
+    EXPECT_EQ((std::vector<std::string>{"Brasquelin Error: Error 5 : Invalid procedure call or argument",
+                                        "Brasquelin Error: of another kind",
+                                        "Brasquelin Error: Error 53 : File not found\n'xterm'"}),
               modals.messages);
+    EXPECT_EQ(1U, jobList.size());
     EXPECT_TRUE(frame.IsShown());
 }
 
@@ -176,24 +157,6 @@ TEST_F(MainWindow, ExecutingTheJobListWritesStartsAndEnds) {
     EXPECT_EQ(1U, processes.commands.size());
 }
 
-TEST_F(MainWindow, ALauncherThatCannotBeStartedIsOnlyAMessage) {
-    wxFrame& frame = start();
-    jobList.append("echo one");
-    processes.actions.emplace_back("brasquelin.bat", [] { throw RunTimeError(ErrorNumber::fileNotFound, "xterm"); });
-    EXPECT_EQ(std::nullopt, endOf([&] { clickTool(frame, "Execute Joblist"); }));
-    EXPECT_EQ(std::vector<std::string>{"Brasquelin Error: Error 53 : File not found\n'xterm'"}, modals.messages);
-    EXPECT_EQ(1U, jobList.size());
-    EXPECT_TRUE(frame.IsShown());
-}
-
-TEST_F(MainWindow, CommandsRestWhileAFileIsRun) {
-    wxFrame& frame = start();
-    runState.running = true;
-    clickTool(frame, "Add Profile");
-    EXPECT_TRUE(modals.shown.empty());
-    runState.running = false;
-}
-
 TEST_F(MainWindow, ClosingEndsTheProgramUnlessTheEditorIsVisible) {
     wxFrame* frame = &start();
     EXPECT_EQ(0, endOf([&] { frame->Close(); }));
@@ -206,6 +169,20 @@ TEST_F(MainWindow, ClosingEndsTheProgramUnlessTheEditorIsVisible) {
 
     windows.showWindow(ProgramWindow::main, false);
     EXPECT_TRUE(windows.isVisible(ProgramWindow::main));
+}
+
+TEST_F(MainWindow, AWindowThatIsOpenIsNotShownTwice) {
+    wxFrame& frame = start();
+    next([&](wxDialog& options) {
+        windows.showWindow(ProgramWindow::options, true);
+        EXPECT_EQ(&options, loadedWindow("frmOption"));
+        EXPECT_TRUE(options.IsModal());
+        options.Close();
+    });
+    windows.showWindow(ProgramWindow::options, true);
+    EXPECT_EQ(std::vector<std::string>{"frmOption"}, modals.shown);
+    windows.showWindow(ProgramWindow::main, false);
+    EXPECT_EQ(&frame, loadedWindow("frmMain"));
 }
 
 TEST_F(MainWindow, AboutOpensItsLinks) {

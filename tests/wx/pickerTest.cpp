@@ -6,43 +6,28 @@
 namespace brasquelin {
 namespace {
 
-class Picker : public WindowTest {
-  protected:
-    void writeTwoProfiles() {
-        writeProfile("profiles/a.bqp", "First", "", "a");
-        writeProfile("profiles/b.bqp", "Second", "", "b");
-    }
-};
+class Picker : public WindowTest {};
 
 TEST_F(Picker, ListsTitlesAndLoadsTheSelectedFile) {
-    writeTwoProfiles();
+    writeProfile("profiles/a.bqp", "First", "", "a");
+    writeProfile("profiles/b.bqp", "Second", "", "b");
     wxFrame& frame = start();
-    next([](wxDialog& picker) {
-        EXPECT_EQ("Add profile", picker.GetTitle());
-        EXPECT_EQ("Load Profile", findControl(picker, "cmdLoad")->GetLabel());
-        const auto& titles = control<wxListBox>(picker, "profileName");
-        EXPECT_EQ((std::vector<wxString>{"First", "Second"}),
-                  (std::vector<wxString>{titles.GetString(0), titles.GetString(1)}));
-        choose(picker, "profileName", 1);
-        click(picker, "cmdLoad");
-    });
-    chooseFromMenu(frame, "Add Profile");
-    ASSERT_EQ(1U, jobList.size());
-    EXPECT_EQ("echo b", jobList.line(0));
-    EXPECT_EQ(nullptr, loadedWindow("frmAddProfile"));
-}
-
-TEST_F(Picker, DoubleClickAndEnterLoadToo) {
-    writeTwoProfiles();
-    wxFrame& frame = start();
-    next([](wxDialog& picker) {
-        choose(picker, "profileName", 1);
-        doubleClick(picker, "profileName");
-    });
-    chooseFromMenu(frame, "Add Profile");
-    next([](wxDialog& picker) { pressKey(*findControl(picker, "profileName"), WXK_RETURN); });
-    chooseFromMenu(frame, "Add Profile");
-    EXPECT_EQ((std::vector<std::string>{"echo b", "echo a"}), jobList.lines());
+    const std::vector<ModalStep> waysToLoad{
+        [](wxDialog& picker) { click(picker, "cmdLoad"); },
+        [](wxDialog& picker) { doubleClick(picker, "profileName"); },
+        [](wxDialog& picker) { pressKey(*findControl(picker, "profileName"), WXK_RETURN); }};
+    for (const auto& load : waysToLoad) {
+        next([&](wxDialog& picker) {
+            EXPECT_EQ("Add profile", picker.GetTitle());
+            EXPECT_EQ("Load Profile", findControl(picker, "cmdLoad")->GetLabel());
+            EXPECT_EQ("First", control<wxListBox>(picker, "profileName").GetStringSelection());
+            choose(picker, "profileName", 1);
+            load(picker);
+        });
+        chooseFromMenu(frame, "Add Profile");
+        EXPECT_EQ(nullptr, loadedWindow("frmAddProfile"));
+    }
+    EXPECT_EQ((std::vector<std::string>{"echo b", "echo b", "echo b"}), jobList.lines());
 }
 
 TEST_F(Picker, NothingToLoadKeepsTheWindowOpen) {

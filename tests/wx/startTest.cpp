@@ -11,7 +11,6 @@
 #include "platform/codePages.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/wxText.h"
-#include "support/scratchDirectory.h"
 #include "wx/windowTest.h"
 
 namespace brasquelin {
@@ -49,15 +48,6 @@ TEST_F(Start, ShowsTheMainWindowWithItsPicturesAndMeasuresTheBorders) {
     EXPECT_GT(picture.GetWidth(), 16);
 }
 
-TEST_F(Start, AnUnreadableConfigurationIsToldAndTheWindowStays) {
-    std::filesystem::remove(fromUtf8(inDirectory("Brasquelin.ini")));
-    wxFrame& frame = start();
-    EXPECT_TRUE(frame.IsShown());
-    EXPECT_EQ(std::vector<std::string>{"Brasquelin Error: Error 53 : File not found\nWhile loading '" +
-                                       inDirectory("Brasquelin.ini") + "'"},
-              modals.messages);
-}
-
 TEST_F(Start, AFileNamedOnTheCommandLineIsAskedRunAndEnds) {
     start(writeOneVariable());
     ASSERT_NE(nullptr, loadedWindow("frmVarProfile")) << testing::PrintToString(modals.messages);
@@ -79,12 +69,6 @@ TEST_F(Start, CancelOfThatPromptKeepsTheMainWindowItsCloseBoxEnds) {
     start(profile);
     EXPECT_EQ(0, endOf([] { loadedWindow("frmVarProfile")->Close(); }));
     EXPECT_TRUE(jobList.empty());
-}
-
-TEST_F(Start, PresetsRunTheFileUnseen) {
-    EXPECT_EQ(0, endOf([&] { start(writeOneVariable() + " 001=preset"); }));
-    EXPECT_EQ("echo preset\r\n", readFile("brasquelin.bat"));
-    EXPECT_EQ(std::vector<std::string>{"frmWait"}, modals.shown);
 }
 
 TEST_F(Start, AnotherFileTakesThePlaceOfThePrompt) {

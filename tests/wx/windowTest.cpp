@@ -5,11 +5,12 @@
 #include <wx/evtloop.h>
 #include <wx/frame.h>
 #include <wx/listbox.h>
-#include <wx/menu.h>
 #include <wx/msgdlg.h>
+#include <wx/stopwatch.h>
 #include <wx/textctrl.h>
 #include <wx/textdlg.h>
 #include <wx/toolbar.h>
+#include <wx/utils.h>
 #include <wx/weakref.h>
 
 #include "platform/files.h"
@@ -175,6 +176,12 @@ void pump() {
     for (int round = 0; round < 5; ++round) wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
 }
 
+bool becomesTrue(const std::function<bool()>& condition) {
+    const wxStopWatch watch;
+    for (pump(); !condition() && watch.Time() < 5000; pump()) wxMilliSleep(5);
+    return condition();
+}
+
 wxTopLevelWindow* loadedWindow(const std::string& name) {
     for (auto* window : wxTopLevelWindows) {
         if (window->GetName() == toWx(name) && !wxPendingDelete.Member(window)) {
@@ -226,6 +233,26 @@ void pressKey(wxWindow& target, int keyCode) {
 void chooseFromMenu(wxFrame& frame, const std::string& caption) {
     const wxMenu& menu = *frame.GetMenuBar()->GetMenu(0);
     send(frame, wxEVT_MENU, menu.FindItem(toWx(caption)));
+}
+
+std::vector<std::string> captionsOf(const wxMenu& menu) {
+    std::vector<std::string> captions;
+    for (const auto* item : menu.GetMenuItems()) {
+        captions.push_back(item->IsSeparator() ? "-" : fromWx(item->GetItemLabelText()));
+    }
+    return captions;
+}
+
+void rightClick(wxWindow& list) {
+    wxContextMenuEvent event(wxEVT_CONTEXT_MENU, list.GetId(), list.ClientToScreen(wxPoint(5, 5)));
+    event.SetEventObject(&list);
+    list.HandleWindowEvent(event);
+}
+
+void choosePopUps(const std::string& caption) {
+    setMenuPresenter([caption](wxWindow& window, wxMenu& menu, const wxPoint&) {
+        send(window, wxEVT_MENU, menu.FindItem(toWx(caption)));
+    });
 }
 
 void clickTool(wxFrame& frame, const std::string& caption) {

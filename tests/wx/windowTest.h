@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <wx/dialog.h>
 #include <wx/frame.h>
+#include <wx/menu.h>
 #include <wx/modalhook.h>
 #include <wx/window.h>
 
@@ -93,6 +94,9 @@ class WindowTest : public testing::Test {
 /// Processes events until nothing is left to do.
 void pump();
 
+/// Processes events until the condition holds; timers are real. False when it still does not after some seconds.
+bool becomesTrue(const std::function<bool()>& condition);
+
 /// The window of the program that has this name and has not closed, or null.
 wxTopLevelWindow* loadedWindow(const std::string& name);
 
@@ -111,6 +115,11 @@ void choose(wxWindow& window, const std::string& list, int position);
 void doubleClick(wxWindow& window, const std::string& list);
 void pressKey(wxWindow& target, int keyCode);
 void chooseFromMenu(wxFrame& frame, const std::string& caption);
+std::vector<std::string> captionsOf(const wxMenu& menu);
+/// Opens the list's pop-up menu.
+void rightClick(wxWindow& list);
+/// From now on each pop-up menu is answered by this choice.
+void choosePopUps(const std::string& caption);
 void clickTool(wxFrame& frame, const std::string& caption);
 
 }  // namespace brasquelin
