@@ -27,7 +27,8 @@ FrmWait::FrmWait(std::function<void()> run) : ProgramDialog("frmWait", caption) 
     Timer1_.StartOnce(1);
 }
 
-FrmWait::FrmWait(ListProgress& progress) : ProgramDialog("frmWait", caption), progress_(&progress) {
+FrmWait::FrmWait(std::shared_ptr<const ListProgress> progress)
+    : ProgramDialog("frmWait", caption), progress_(std::move(progress)) {
     SetExtraStyle(GetExtraStyle() | wxWS_EX_TRANSIENT);  // it may go while a prompt is open
     SetSizer(makeProgress());
     fit(FromDIP(wxSize(300, 80)));

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string_view>
 
 #include "platform/desktop.h"
@@ -20,8 +21,8 @@ class FrmWait : public ProgramDialog {
   public:
     /// The timer hides the window and does `run`; the window goes when that has ended.
     explicit FrmWait(std::function<void()> run);
-    /// Shows how far a list is. `progress` must outlive the window.
-    explicit FrmWait(ListProgress& progress);
+    /// Shows how far a list is.
+    explicit FrmWait(std::shared_ptr<const ListProgress> progress);
 
     /// Tells what one of the list's files waits for; an empty text: nothing any more.
     void tellRunning(std::string_view what);
@@ -33,7 +34,7 @@ class FrmWait : public ProgramDialog {
     wxSizer* makeProgress();
     void showProgress();
 
-    ListProgress* progress_ = nullptr;
+    std::shared_ptr<const ListProgress> progress_;
     wxTimer Timer1_;
     wxStaticText* text_ = nullptr;
     wxStaticText* running_ = nullptr;

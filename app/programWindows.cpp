@@ -107,9 +107,9 @@ void ProgramWindows::runBehindWaitWindow(std::function<void()> run) {
     showUntilClosed(*wait);
 }
 
-void ProgramWindows::showListProgress(ListProgress& progress) {
+void ProgramWindows::showListProgress(std::shared_ptr<ListProgress> progress) {
     closeWaitWindow();
-    wait_ = new FrmWait(progress);
+    wait_ = new FrmWait(std::move(progress));
     showModeless(*wait_);
 }
 

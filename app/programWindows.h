@@ -27,7 +27,7 @@ class ProgramWindows : public WxDesktop {
     void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
     void closePrompt() override;
     void runBehindWaitWindow(std::function<void()> run) override;
-    void showListProgress(ListProgress& progress) override;
+    void showListProgress(std::shared_ptr<ListProgress> progress) override;
     void closeWaitWindow() override;
     void showRunning(const std::string& what, std::function<void()> cancel) override;
     void hideRunning() override;

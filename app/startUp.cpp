@@ -1,6 +1,7 @@
 #include "app/startUp.h"
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -94,35 +95,39 @@ void showProgress() {
     desktop().processPendingEvents();
 }
 
-/// What became of a list.
-struct Replay {
-    bool cancelled = false;
-    std::vector<std::string> skipped;  // "line 3: ..."
-};
+using SkippedLines = std::vector<std::string>;  // "line 3: ..."
 
-Replay replayLines(const std::vector<std::string>& lines) {
-    Replay replay;
-    ListProgress progress;
-    progress.total = lines.size();
-    progress.cancel = [&replay] {
-        replay.cancelled = true;
+/// The window may outlive the replay when an error ends it.
+std::shared_ptr<ListProgress> showNewProgress(std::size_t total) {
+    auto progress = std::make_shared<ListProgress>();
+    progress->total = total;
+    progress->cancel = [p = progress.get()] {
+        p->cancelled = true;
         cancelChild();
     };
-    runState.replaying = true;
     desktop().showListProgress(progress);
-    for (; progress.done < lines.size() && !replay.cancelled; ++progress.done) {
-        if (const auto reason = replayLine(lines[progress.done])) {
-            replay.skipped.push_back("line " + std::to_string(progress.done + 1) + ": " + *reason);
+    return progress;
+}
+
+/// Nothing when the user has cancelled it.
+std::optional<SkippedLines> replayLines(const std::vector<std::string>& lines) {
+    SkippedLines skipped;
+    runState.replaying = true;
+    const auto progress = showNewProgress(lines.size());
+    for (; progress->done < lines.size() && !progress->cancelled; ++progress->done) {
+        if (const auto reason = replayLine(lines[progress->done])) {
+            skipped.push_back("line " + std::to_string(progress->done + 1) + ": " + *reason);
         }
         showProgress();
     }
     runState.replaying = false;
     desktop().closeWaitWindow();
-    return replay;
+    if (progress->cancelled) return std::nullopt;
+    return skipped;
 }
 
 /// Standard error gets every line, the window as many as fit.
-void tellSkipped(const std::string& listPath, const std::vector<std::string>& skipped) {
+void tellSkipped(const std::string& listPath, const SkippedLines& skipped) {
     constexpr std::size_t mostShown = 20;
     if (skipped.empty()) return;
     std::string text = "Skipped in '" + listPath + "':";
@@ -136,13 +141,13 @@ void tellSkipped(const std::string& listPath, const std::vector<std::string>& sk
 [[noreturn]] void replayList(const std::string& path) {
     TextFile list;
     loading(path, [&] { list = readOemTextFile(path); });
-    const Replay replay = replayLines(list.lines);
-    if (replay.cancelled) {
+    const auto skipped = replayLines(list.lines);
+    if (!skipped) {
         writeToStandardError("Brasquelin", "'" + path + "' was cancelled; nothing was executed.");
         throw EndProgram(1);
     }
     runBatchAndWait();
-    tellSkipped(path, replay.skipped);
+    tellSkipped(path, *skipped);
     throw EndProgram(desktop().hadFailure() ? 1 : 0);
 }
 

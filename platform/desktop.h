@@ -41,6 +41,7 @@ struct ValueQuestion {
 struct ListProgress {
     std::size_t done = 0;
     std::size_t total = 0;
+    bool cancelled = false;
     std::function<void()> cancel;  // the user has had enough
 };
 
@@ -79,8 +80,8 @@ class Desktop {
 
     /// Shows `frmWait`, whose timer hides it and starts the run. Returns when the run has ended.
     virtual void runBehindWaitWindow(std::function<void()> run) = 0;
-    /// Shows `frmWait` modelessly with the progress of a list, until closeWaitWindow. `progress` must live as long.
-    virtual void showListProgress(ListProgress& progress) = 0;
+    /// Shows `frmWait` modelessly with the progress of a list, until closeWaitWindow.
+    virtual void showListProgress(std::shared_ptr<ListProgress> progress) = 0;
     virtual void closeWaitWindow() = 0;
 
     /// A small window tells what is running, with a Cancel that calls `cancel`; another call replaces the text.

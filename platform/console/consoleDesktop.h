@@ -24,7 +24,7 @@ class ConsoleDesktop : public Desktop {
     void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
     void closePrompt() override {}
     void runBehindWaitWindow(std::function<void()> run) override { run(); }
-    void showListProgress(ListProgress& /*progress*/) override {}
+    void showListProgress(std::shared_ptr<ListProgress> /*progress*/) override {}
     void closeWaitWindow() override {}
     void showRunning(const std::string& /*what*/, std::function<void()> /*cancel*/) override {}
     void hideRunning() override {}

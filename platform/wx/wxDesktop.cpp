@@ -139,8 +139,11 @@ void WxDesktop::showRunning(const std::string& what, std::function<void()> cance
     showModeless(*running_);
 }
 
+/// Called while exceptions pass, too: nothing of this can throw.
 void WxDesktop::hideRunning() {
-    if (isLoaded(running_)) unload(*running_);
+    if (!isLoaded(running_)) return;
+    running_->Hide();
+    running_->Destroy();
 }
 
 void WxDesktop::presentMessage(std::string_view text, std::string_view title, Icon icon) {

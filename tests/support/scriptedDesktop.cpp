@@ -60,8 +60,8 @@ void ScriptedDesktop::runBehindWaitWindow(std::function<void()> run) {
     waiting_ = false;
 }
 
-void ScriptedDesktop::showListProgress(ListProgress& shown) {
-    progress = &shown;
+void ScriptedDesktop::showListProgress(std::shared_ptr<ListProgress> shown) {
+    progress = std::move(shown);
     windowCalls.emplace_back("show progress");
     waiting_ = true;
 }
@@ -69,7 +69,7 @@ void ScriptedDesktop::showListProgress(ListProgress& shown) {
 void ScriptedDesktop::closeWaitWindow() {
     if (waiting_) windowCalls.emplace_back("close wait");
     waiting_ = false;
-    progress = nullptr;
+    progress.reset();
 }
 
 void ScriptedDesktop::showRunning(const std::string& what, std::function<void()> /*cancel*/) {

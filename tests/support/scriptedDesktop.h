@@ -23,12 +23,12 @@ class ScriptedDesktop : public Desktop {
     std::vector<std::string> running;  // what the user was told that is running
     std::vector<FileDialogRequest> dialogs;
     std::string clipboard;
-    bool yes = false;                  // the answer to every Yes/No box
-    bool windows = true;               // what hasWindows tells
-    std::deque<std::string> texts;     // answers of input boxes; cancelled when there is none left
-    std::deque<std::string> files;     // answers of file dialogs, likewise
-    std::function<void()> onEvents;    // acts while pending events are processed
-    ListProgress* progress = nullptr;  // while a list is worked off
+    bool yes = false;                        // the answer to every Yes/No box
+    bool windows = true;                     // what hasWindows tells
+    std::deque<std::string> texts;           // answers of input boxes; cancelled when there is none left
+    std::deque<std::string> files;           // answers of file dialogs, likewise
+    std::function<void()> onEvents;          // acts while pending events are processed
+    std::shared_ptr<ListProgress> progress;  // while a list is worked off
 
     bool hasWindows() const override { return windows; }
     bool askYesNo(std::string_view text, std::string_view title) override;
@@ -44,7 +44,7 @@ class ScriptedDesktop : public Desktop {
     void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
     void closePrompt() override {}
     void runBehindWaitWindow(std::function<void()> run) override;
-    void showListProgress(ListProgress& shown) override;
+    void showListProgress(std::shared_ptr<ListProgress> shown) override;
     void closeWaitWindow() override;
     void showRunning(const std::string& what, std::function<void()> cancel) override;
     void hideRunning() override {}

@@ -32,7 +32,7 @@ TEST_F(DesktopWindows, TheWaitingWindowOfARunCannotBeClosed) {
 
 TEST_F(DesktopWindows, ClosingTheWaitingWindowOfAListCancelsIt) {
     int cancelled = 0;
-    ListProgress progress{1, 3, [&] { ++cancelled; }};
+    const auto progress = std::make_shared<ListProgress>(ListProgress{1, 3, false, [&] { ++cancelled; }});
     for (const bool byButton : {false, true}) {
         windows.showListProgress(progress);
         wxTopLevelWindow& wait = *loadedWindow("frmWait");
