@@ -1,12 +1,12 @@
 #include "app/frmAbout.h"
 
-#include <wx/button.h>
 #include <wx/hyperlink.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 
 #include "platform/desktop.h"
+#include "platform/wx/buttons.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/wxText.h"
 
@@ -32,9 +32,7 @@ FrmAbout::FrmAbout() : ProgramDialog("frmAbout", "About Brasquelin") {
     name->SetFont(name->GetFont().Bold().Scaled(1.4F));
     auto* purpose =
         new wxStaticText(this, wxID_ANY, "Builds command lines from templates\nand runs them as one batch.");
-    auto* close =
-        new wxButton(this, wxID_CANCEL, "Close", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdClose");
-    close->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { closeWindow(); });
+    auto* close = makeCancelButton(this, "Close", "cmdClose");
     close->SetDefault();
     close->SetFocus();
 

@@ -1,6 +1,5 @@
 #include "app/frmWait.h"
 
-#include <wx/button.h>
 #include <wx/gauge.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -8,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/wx/buttons.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
@@ -46,14 +46,11 @@ wxSizer* FrmWait::makeProgress() {
                          wxDefaultValidator, "progress");
     running_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE, "runningText");
-    auto* cancel =
-        new wxButton(this, wxID_CANCEL, "Cancel", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdCancel");
-    cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(text_, wxSizerFlags().Expand().DoubleBorder(wxALL));
     sizer->Add(gauge_, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
     sizer->Add(running_, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
-    sizer->Add(cancel, wxSizerFlags().Right().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
+    sizer->Add(makeCancelButton(this), wxSizerFlags().Right().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
     return sizer;
 }
 

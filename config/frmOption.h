@@ -25,7 +25,6 @@ class FrmOption : public ProgramDialog {
     void modify();
     void save();
     void enableButtons();
-    std::optional<std::size_t> selected() const;
 
     OptionsModel model_;
     wxListBox* List1_ = nullptr;

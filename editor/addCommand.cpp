@@ -3,7 +3,6 @@
 #include "editor/editorState.h"
 #include "editor/references.h"
 #include "editor/valueInput.h"
-#include "platform/desktop.h"
 
 namespace brasquelin {
 
@@ -24,10 +23,6 @@ std::vector<std::string> AddCommand::callLines(const CallableEntry& entry) const
 void AddCommand::configure(std::size_t index) const {
     if (index >= entries_.size()) return;
     editorState.document.append(EditorList::commands, callLines(entries_[index]));
-}
-
-void AddCommand::copyReference(std::size_t index) const {
-    if (index < references_.size()) desktop().copyToClipboard(references_[index]);
 }
 
 }  // namespace brasquelin

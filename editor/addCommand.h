@@ -19,9 +19,6 @@ class AddCommand {
     /// Asks for the values of the call and appends it to the document. Raises the error of opening an include.
     void configure(std::size_t index) const;
 
-    /// Puts a reference on the clipboard.
-    void copyReference(std::size_t index) const;
-
   private:
     std::vector<std::string> callLines(const CallableEntry& entry) const;
 

@@ -33,10 +33,6 @@ bool AddVariable::isReference(const std::string& label) const {
                        [&](const std::string& reference) { return equalIgnoringCase(label, reference); });
 }
 
-void AddVariable::copyReference(std::size_t index) const {
-    if (index < references_.size()) desktop().copyToClipboard(references_[index]);
-}
-
 void AddVariable::add() const {
     editorState.document.append(EditorList::variables, declarationLines(fields));
 }

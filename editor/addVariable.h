@@ -22,9 +22,6 @@ class AddVariable {
     /// reference is added, and told to be nothing that a profile accepts.
     void askCombEntry();
 
-    /// Puts a reference on the clipboard.
-    void copyReference(std::size_t index) const;
-
     /// Appends the declaration to the document.
     void add() const;
 

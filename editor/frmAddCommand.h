@@ -4,7 +4,6 @@
 #include "editor/addCommand.h"
 #include "platform/wx/programDialog.h"
 
-class wxButton;
 class wxSizer;
 
 namespace brasquelin {
@@ -18,11 +17,11 @@ class FrmAddCommand : public ProgramDialog {
   private:
     wxSizer* makeNames();
     wxSizer* makeReferences();
+    wxSizer* makeButtons();
     void configure();
 
     AddCommand model_;
     DropDown* Combo1_ = nullptr;
-    wxButton* Command1_ = nullptr;
 };
 
 }  // namespace brasquelin

@@ -1,15 +1,15 @@
 #include "editor/frmAddVar.h"
 
-#include <wx/button.h>
-#include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include <algorithm>
+#include <utility>
 
+#include "platform/wx/buttons.h"
 #include "platform/wx/dropDown.h"
+#include "platform/wx/listBox.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/wxText.h"
 
@@ -17,30 +17,15 @@ namespace brasquelin {
 
 namespace {
 
-wxArrayString toItems(const std::vector<std::string>& texts) {
-    wxArrayString items;
-    for (const auto& text : texts) items.push_back(toWx(text));
-    return items;
-}
-
 wxTextCtrl* makeBox(wxWindow* parent, const char* name, std::string& field) {
-    auto* box =
-        new wxTextCtrl(parent, wxID_ANY, toWx(field), wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
-    box->Bind(wxEVT_TEXT, [box, &field](wxCommandEvent&) { field = fromWx(box->GetValue()); });
-    keepOnOneLine(*box);
-    return box;
+    return makeTextBox(parent, name, field, [&field](std::string text) { field = std::move(text); });
 }
 
-void removeSelected(wxListBox& list, std::vector<std::string>& entries) {
+void removeSelected(wxListBox& list, Entries& entries) {
     const int selected = list.GetSelection();
     if (selected < 0) return;
     entries.erase(entries.begin() + selected);
-    list.Delete(static_cast<unsigned>(selected));
-    list.SetSelection(std::min(selected, static_cast<int>(entries.size()) - 1));
-}
-
-wxButton* makeButton(wxWindow* parent, const char* caption, const char* name, int id = wxID_ANY) {
-    return new wxButton(parent, id, caption, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
+    showEntries(list, entries, selected);
 }
 
 }  // namespace
@@ -78,7 +63,7 @@ wxSizer* FrmAddVar::makeText(const char* caption, const char* name, std::string&
 wxSizer* FrmAddVar::makeType() {
     auto* box = frame("Type");
     auto* parent = box->GetStaticBox();
-    auto* Combo1 = new DropDown(parent, toItems(variableTypes()), "Combo1");
+    auto* Combo1 = new DropDown(parent, variableTypes(), "Combo1");
     Combo1->SetStringSelection(toWx(model_.fields.type));
     Combo1->Bind(wxEVT_COMBOBOX, [this, Combo1](wxCommandEvent&) { model_.fields.type = fromWx(Combo1->GetValue()); });
     box->Add(Combo1, wxSizerFlags().Expand().Border(wxALL));
@@ -98,20 +83,14 @@ wxSizer* FrmAddVar::makeType() {
 }
 
 wxSizer* FrmAddVar::makeChoices(wxWindow* parent, const Choices& choices) {
-    auto* button = makeButton(parent, "Add ...", choices.button);
-    auto* list = new wxListBox(parent, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(200, 60)), 0, nullptr,
-                               wxLB_SINGLE | wxLB_HSCROLL, wxDefaultValidator, choices.list);
+    auto* list = makeListBox(parent, choices.list, wxSize(200, 60));
     list->SetToolTip("Del removes an entry");
-    list->Bind(wxEVT_KEY_DOWN, [list, choices](wxKeyEvent& event) {
-        const int key = event.GetKeyCode();
-        if (key != WXK_DELETE && key != WXK_NUMPAD_DELETE) return event.Skip();
-        removeSelected(*list, *choices.entries);
-    });
-    button->Bind(wxEVT_BUTTON, [this, list, choices](wxCommandEvent&) {
+    bindDelete(*list, [list, choices] { removeSelected(*list, *choices.entries); });
+    auto* button = makeButton(parent, "Add ...", choices.button, [this, list, choices] {
         (model_.*choices.ask)();
-        list->Set(toItems(*choices.entries));
-        list->SetSelection(static_cast<int>(choices.entries->size()) - 1);
+        showEntries(*list, *choices.entries, static_cast<int>(choices.entries->size()) - 1);
     });
+    button->MoveBeforeInTabOrder(list);
     auto* captions = new wxBoxSizer(wxHORIZONTAL);
     captions->Add(new wxStaticText(parent, wxID_ANY, choices.caption), wxSizerFlags(1).CenterVertical());
     captions->Add(button);
@@ -124,30 +103,19 @@ wxSizer* FrmAddVar::makeChoices(wxWindow* parent, const Choices& choices) {
 wxSizer* FrmAddVar::makeReferences() {
     auto* box = frame("Plugin variables");
     auto* parent = box->GetStaticBox();
-    auto* List1 = new wxListBox(parent, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(180, 200)),
-                                toItems(model_.references()), wxLB_SINGLE | wxLB_HSCROLL, wxDefaultValidator, "List1");
-    List1->Bind(wxEVT_LISTBOX_DCLICK, [this, List1](wxCommandEvent&) {
-        if (List1->GetSelection() >= 0) model_.copyReference(static_cast<std::size_t>(List1->GetSelection()));
-    });
+    auto* List1 = makeReferenceList(parent, "List1", wxSize(180, 200), model_.references());
     box->Add(List1, wxSizerFlags(1).Expand().Border(wxALL));
-    box->Add(new wxStaticText(parent, wxID_ANY, "Dbl click to set in clipboard"), wxSizerFlags().Border(wxALL));
+    box->Add(new wxStaticText(parent, wxID_ANY, referenceHint), wxSizerFlags().Border(wxALL));
     return box;
 }
 
 wxSizer* FrmAddVar::makeButtons() {
-    auto* Command4 = makeButton(this, "Cancel", "Command4", wxID_CANCEL);
-    Command4->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { closeWindow(); });
-    auto* Command3 = makeButton(this, "Add Var", "Command3");
-    Command3->SetDefault();
-    Command3->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+    auto* Command4 = makeCancelButton(this, "Cancel", "Command4");
+    auto* Command3 = makeButton(this, "Add Var", "Command3", [this] {
         model_.add();
         closeWindow();
     });
-    auto* row = new wxBoxSizer(wxHORIZONTAL);
-    row->AddStretchSpacer();
-    row->Add(Command4, wxSizerFlags().Border(wxRIGHT));
-    row->Add(Command3);
-    return row;
+    return makeButtonRow(Command4, Command3);
 }
 
 }  // namespace brasquelin

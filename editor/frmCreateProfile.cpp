@@ -1,6 +1,5 @@
 #include "editor/frmCreateProfile.h"
 
-#include <wx/bmpbuttn.h>
 #include <wx/menu.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
@@ -12,6 +11,7 @@
 
 #include "editor/editorListView.h"
 #include "platform/desktop.h"
+#include "platform/wx/buttons.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/placement.h"
@@ -150,11 +150,8 @@ void FrmCreateProfile::bindTimers() {
 }
 
 wxSizer* FrmCreateProfile::makeName() {
-    profileName_ = new wxTextCtrl(this, wxID_ANY, toWx(editorState.document.profileName), wxDefaultPosition,
-                                  wxDefaultSize, 0, wxDefaultValidator, "profileName");
-    profileName_->Bind(wxEVT_TEXT,
-                       [this](wxCommandEvent&) { editorState.document.rename(fromWx(profileName_->GetValue())); });
-    keepOnOneLine(*profileName_);
+    profileName_ = makeTextBox(this, "profileName", editorState.document.profileName,
+                               [](const std::string& name) { editorState.document.rename(name); });
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(new wxStaticText(this, wxID_ANY, "Profile name :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
     row->Add(profileName_, wxSizerFlags(1).CenterVertical());
@@ -187,10 +184,7 @@ wxSizer* FrmCreateProfile::makeMoveButtons() {
     for (const auto& [name, tip, look, move] :
          {Button{"cmdUp", "Move up (Ctrl+Up)", Picture::moveUp, moveSelectedUp},
           Button{"cmdDown", "Move down (Ctrl+Down)", Picture::moveDown, moveSelectedDown}}) {
-        auto* button = new wxBitmapButton(this, wxID_ANY, picture(look, 20), wxDefaultPosition, wxDefaultSize, 0,
-                                          wxDefaultValidator, name);
-        button->SetToolTip(tip);
-        button->Bind(wxEVT_BUTTON, [this, step = move](wxCommandEvent&) { moveGroup(step); });
+        auto* button = makePictureButton(this, look, 20, name, tip, [this, step = move] { moveGroup(step); });
         column->Add(button, wxSizerFlags().Border(wxBOTTOM));
     }
     return column;

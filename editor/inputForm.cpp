@@ -1,6 +1,5 @@
 #include "editor/inputForm.h"
 
-#include <wx/bmpbuttn.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -8,8 +7,8 @@
 
 #include <utility>
 
+#include "platform/wx/buttons.h"
 #include "platform/wx/oneLine.h"
-#include "platform/wx/pictures.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
 
@@ -19,32 +18,20 @@ InputForm::InputForm(ValueQuestion question, std::optional<std::string>& answer)
     : ProgramDialog("inputForm", "Enter value"), question_(std::move(question)), answer_(answer) {
     auto* descriptionCaption = new wxStaticText(this, wxID_ANY, toWxLines(question_.prompt), wxDefaultPosition,
                                                 wxDefaultSize, 0, "descriptionCaption");
-    valueBox_ = new wxTextCtrl(this, wxID_ANY, toWx(question_.defaultText), wxDefaultPosition, wxDefaultSize, 0,
-                               wxDefaultValidator, "valueBox");
-    keepOnOneLine(*valueBox_);
-    Command3_ = new wxBitmapButton(this, wxID_ANY, picture(Picture::reference, 16), wxDefaultPosition, wxDefaultSize, 0,
-                                   wxDefaultValidator, "Command3");
-    Command3_->SetToolTip("Insert a reference");
-    auto* cmdCancel = new wxButton(this, wxID_CANCEL, "&Cancel", wxDefaultPosition, wxDefaultSize, 0,
-                                   wxDefaultValidator, "cmdCancel");
-    auto* cmdOK = new wxButton(this, wxID_ANY, "OK", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdOK");
-    cmdOK->SetDefault();
-    cmdOK->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { confirm(); });
-    cmdCancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { closeWindow(); });
-    Command3_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { offerReferences(); });
+    valueBox_ = makeTextBox(this, "valueBox", question_.defaultText);
+    Command3_ = makePictureButton(this, Picture::reference, 16, "Command3", "Insert a reference",
+                                  [this] { offerReferences(); });
+    auto* cmdCancel = makeCancelButton(this, "&Cancel");
+    auto* cmdOK = makeButton(this, "OK", "cmdOK", [this] { confirm(); });
 
     auto* value = new wxBoxSizer(wxHORIZONTAL);
     value->Add(valueBox_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT));
     value->Add(Command3_, wxSizerFlags().CenterVertical());
-    auto* buttons = new wxBoxSizer(wxHORIZONTAL);
-    buttons->AddStretchSpacer();
-    buttons->Add(cmdCancel, wxSizerFlags().Border(wxRIGHT));
-    buttons->Add(cmdOK);
     auto* all = new wxBoxSizer(wxVERTICAL);
     all->Add(descriptionCaption, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxTOP | wxRIGHT));
     all->Add(value, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxTOP | wxRIGHT));
     all->AddStretchSpacer();
-    all->Add(buttons, wxSizerFlags().Expand().DoubleBorder(wxALL));
+    all->Add(makeButtonRow(cmdCancel, cmdOK), wxSizerFlags().Expand().DoubleBorder(wxALL));
     SetSizer(all);
     fit(FromDIP(wxSize(520, 120)));
     valueBox_->SetFocus();

@@ -1,6 +1,5 @@
 #include "vars/frmVarForm.h"
 
-#include <wx/button.h>
 #include <wx/dcclient.h>
 #include <wx/display.h>
 #include <wx/scrolwin.h>
@@ -9,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/wx/buttons.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/wxText.h"
 #include "vars/loadPrompt.h"
@@ -61,14 +61,13 @@ void FrmVarForm::makeRows() {
 }
 
 void FrmVarForm::makeButtons() {
-    cmdCancel_ =
-        new wxButton(this, wxID_CANCEL, "Cancel", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdCancel");
-    cmdOK_ = new wxButton(this, wxID_OK, "OK", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdOK");
+    cmdCancel_ = makeCancelButton(this);
+    cmdOK_ = makeButton(this, "OK", "cmdOK", [this] { confirm(); });
     useFace(*cmdCancel_, "Arial", false);
     useFace(*cmdOK_, "Arial Black", true);
     cmdOK_->SetDefault();
+    // Only dismisses the prompt, where the close box may end the program.
     cmdCancel_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { closeWindow(); });
-    cmdOK_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { confirm(); });
 }
 
 void FrmVarForm::confirm() {

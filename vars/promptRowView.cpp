@@ -1,13 +1,14 @@
 #include "vars/promptRowView.h"
 
-#include <wx/button.h>
 #include <wx/scrolwin.h>
 #include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <algorithm>
+#include <utility>
 
+#include "platform/wx/buttons.h"
 #include "platform/wx/dropDown.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/twipScale.h"
@@ -56,7 +57,7 @@ PromptRowView::PromptRowView(wxScrolledWindow& parent, PromptRow& row, std::size
     makeName(parent, index);
     if (row.showsText()) makeText(parent, index, "textType");
     if (row.showsPath()) makeText(parent, index, "pathType");
-    if (row.showsPath()) makeBrowseButton(parent, index);
+    if (row.showsPath()) makeGetPath(parent, index);
     if (row.showsChoices()) makeChoices(parent, index);
 }
 
@@ -74,27 +75,20 @@ void PromptRowView::makeName(wxScrolledWindow& parent, std::size_t index) {
 }
 
 void PromptRowView::makeText(wxScrolledWindow& parent, std::size_t index, const char* name) {
-    text_ = new wxTextCtrl(&parent, wxID_ANY, toWx(row_.text), wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
-                           controlName(name, index));
+    text_ = makeTextBox(&parent, controlName(name, index), row_.text,
+                        [this](std::string text) { row_.text = std::move(text); });
     if (!row_.info.empty()) text_->SetToolTip(toWx(row_.info));
-    text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { row_.text = fromWx(text_->GetValue()); });
-    keepOnOneLine(*text_);
 }
 
 void PromptRowView::makeChoices(wxScrolledWindow& parent, std::size_t index) {
-    wxArrayString choices;
-    for (const auto& choice : row_.choices) choices.push_back(toWx(choice));
-    listType_ = new DropDown(&parent, choices, controlName("listType", index));
+    listType_ = new DropDown(&parent, row_.choices, controlName("listType", index));
     listType_->SetSelection(row_.selected);
     if (!row_.info.empty()) listType_->SetToolTip(toWx(row_.info));
     listType_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { row_.selected = listType_->GetSelection(); });
 }
 
-void PromptRowView::makeBrowseButton(wxScrolledWindow& parent, std::size_t index) {
-    getPath_ = new wxButton(&parent, wxID_ANY, "...", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT,
-                            wxDefaultValidator, controlName("getPath", index));
-    getPath_->SetToolTip("Choose a file");
-    getPath_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { browseForPath(); });
+void PromptRowView::makeGetPath(wxScrolledWindow& parent, std::size_t index) {
+    getPath_ = makeBrowseButton(&parent, controlName("getPath", index), "Choose a file", [this] { browseForPath(); });
 }
 
 void PromptRowView::browseForPath() {

@@ -45,7 +45,7 @@ class PromptRowView {
     void makeName(wxScrolledWindow& parent, std::size_t index);
     void makeText(wxScrolledWindow& parent, std::size_t index, const char* name);
     void makeChoices(wxScrolledWindow& parent, std::size_t index);
-    void makeBrowseButton(wxScrolledWindow& parent, std::size_t index);
+    void makeGetPath(wxScrolledWindow& parent, std::size_t index);
     void browseForPath();
 
     PromptRow& row_;

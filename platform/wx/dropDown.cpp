@@ -1,9 +1,11 @@
 #include "platform/wx/dropDown.h"
 
+#include "platform/wx/wxText.h"
+
 namespace brasquelin {
 
-DropDown::DropDown(wxWindow* parent, const wxArrayString& entries, const wxString& name)
-    : DropDownControl(parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, entries, wxCB_READONLY,
+DropDown::DropDown(wxWindow* parent, const std::vector<std::string>& entries, const wxString& name)
+    : DropDownControl(parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, toWx(entries), wxCB_READONLY,
                       wxDefaultValidator, name) {
     const auto opens = [this](bool open) {
         return [this, open](wxCommandEvent& event) {

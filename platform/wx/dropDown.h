@@ -5,6 +5,9 @@
 #include <wx/combobox.h>
 #include <wx/odcombo.h>
 
+#include <string>
+#include <vector>
+
 namespace brasquelin {
 
 #ifdef __WXGTK__
@@ -17,7 +20,7 @@ using DropDownControl = wxComboBox;
 class DropDown : public DropDownControl {
   public:
     /// Sends wxEVT_COMBOBOX when the user selects; nothing is selected at first.
-    DropDown(wxWindow* parent, const wxArrayString& entries, const wxString& name);
+    DropDown(wxWindow* parent, const std::vector<std::string>& entries, const wxString& name);
 
     /// The selected entry.
     wxString GetStringSelection() const override { return wxItemContainer::GetStringSelection(); }

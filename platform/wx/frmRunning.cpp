@@ -1,11 +1,11 @@
 #include "platform/wx/frmRunning.h"
 
-#include <wx/button.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
 #include <utility>
 
+#include "platform/wx/buttons.h"
 #include "platform/wx/messageLines.h"
 #include "platform/wx/wxText.h"
 
@@ -17,12 +17,9 @@ FrmRunning::FrmRunning(std::string_view what, std::function<void()> cancel)
     constexpr std::size_t widestLine = 80;
     auto* text = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "runningText");
     text->SetLabelText(brokenIntoLines(toWxLines(what), widestLine));
-    auto* button =
-        new wxButton(this, wxID_CANCEL, "Cancel", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "cmdCancel");
-    button->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); });
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(text, wxSizerFlags(1).Expand().DoubleBorder(wxALL));
-    sizer->Add(button, wxSizerFlags().Right().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
+    sizer->Add(makeCancelButton(this), wxSizerFlags().Right().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM));
     SetSizer(sizer);
     fit(FromDIP(wxSize(320, 90)));
 }

@@ -3,6 +3,8 @@
 #include <wx/clipbrd.h>
 #include <wx/textctrl.h>
 
+#include <utility>
+
 #include "platform/wx/wxText.h"
 #include "text/text.h"
 
@@ -38,6 +40,18 @@ void joinLines(wxTextCtrl& box, wxCommandEvent& event) {
 }
 
 }  // namespace
+
+wxTextCtrl* makeTextBox(wxWindow* parent, const wxString& name, std::string_view text,
+                        std::function<void(std::string)> changed) {
+    auto* box =
+        new wxTextCtrl(parent, wxID_ANY, toWx(text), wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
+    if (changed) {
+        box->Bind(wxEVT_TEXT,
+                  [box, changed = std::move(changed)](wxCommandEvent&) { changed(fromWx(box->GetValue())); });
+    }
+    keepOnOneLine(*box);
+    return box;
+}
 
 void keepOnOneLine(wxTextCtrl& box) {
     box.Bind(wxEVT_TEXT_PASTE, [&box](wxClipboardTextEvent& event) { paste(box, event); });

@@ -17,6 +17,8 @@ ProgramDialog::ProgramDialog(std::string_view name, std::string_view caption, wx
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, toWx(name)) {
     SetIcons(programIcons());
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) { closing(event.CanVeto()); });
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); }, wxID_CANCEL);
     Bind(wxEVT_CHAR_HOOK, &ProgramDialog::handleKey, this);
 }
 

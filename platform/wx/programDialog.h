@@ -11,7 +11,7 @@
 namespace brasquelin {
 
 /// A resizable dialog that is found by its name. Enter presses its default button, Escape its Cancel button or its
-/// close box.
+/// close box; the Cancel button does what the close box does.
 class ProgramDialog : public wxDialog {
   public:
     /// The dialog belongs to `parent`: it stays in front of it and goes with it.

@@ -255,8 +255,6 @@ TEST_F(EditorActions, ADeclarationCollectsItsChoices) {
     dialog.fields.type = "Comb";
     dialog.add();
     EXPECT_EQ(document.listVar, (Lines{"newvar", ".Type=Comb($INDEX$||$out$||fast[-O2])", ".Info=none", ".Default="}));
-    dialog.copyReference(5);
-    EXPECT_EQ(desktop_.clipboard, "$Out$");
 }
 
 TEST_F(EditorActions, ACallAsksForEachVariable) {

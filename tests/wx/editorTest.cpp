@@ -252,6 +252,13 @@ TEST_F(Editor, DeclaresAVariable) {
         EXPECT_EQ("fast[-O2]", control<wxListBox>(window, "Combo4").GetString(0));
         EXPECT_EQ("unused", control<wxListBox>(window, "Combo2").GetString(0));
         EXPECT_EQ("$exepath$", control<wxListBox>(window, "List1").GetString(0));
+        choose(window, "List1", 4);
+        doubleClick(window, "List1");
+        auto& info = control<wxTextCtrl>(window, "Text3");
+        info.Clear();
+        info.Paste();
+        pump();
+        EXPECT_EQ("$scriptpathdbslash$", info.GetValue()) << "by way of the clipboard";
         type(window, "Text3", "How fast");
         type(window, "Text4", "1");
         click(window, "Command3");
