@@ -21,12 +21,11 @@ class StartUp : public ProgramTest {
 
     void SetUp() override {
         write("Brasquelin.ini", {"[config]", "ProfilePath = \\p", "LibraryPath = \\p", "[/config]"});
-        write("p/say.bqs", {"#Brasquelin Library  Say", "[var]", "text", ".Type=Text", ".Info=none", "[/var]",
-                            "[command]", "type=shell", "command=echo $text$", "[/command]"});
-        write("p/ask.bqp", {"#Brasquelin Profile Ask first", "[library]", ":include $scriptpath$/say.bqs", "[/library]",
-                            "[var]", "name", ".Type=Text", ".Info=none", "[/var]", "[profile]", "Say", ".text=$name$"});
-        write("p/plain.bqp", {"#Brasquelin Profile Plain one", "[library]", ":include $scriptpath$/say.bqs",
-                              "[/library]", "[profile]", "Say", ".text=$index$"});
+        writeSayLibrary("p/say.bqs");
+        const std::string library = "\n[library]\n:include $scriptpath$/say.bqs\n[/library]\n";
+        writeText("p/ask.bqp", "#Brasquelin Profile Ask first" + library +
+                                   "[var]\nname\n.Type=Text\n.Info=none\n[/var]\n[profile]\nSay\n.text=$name$");
+        writeText("p/plain.bqp", "#Brasquelin Profile Plain one" + library + "[profile]\nSay\n.text=$index$");
         write("p/bad.bqp", {"#Brasquelin Profile Bad one", "[profile]", "Next"});
     }
     std::string at(const std::string& name) const { return folder() + "/p/" + name; }
@@ -67,12 +66,10 @@ TEST_F(StartUp, ANamedProfileIsAskedForAndRunThroughTheWaitingWindow) {
     EXPECT_EQ(read("brasquelin.bat"), "echo typed\r\n");
 }
 
-TEST_F(StartUp, ANamedLibraryIsRunLikeAProfile) {
+TEST_F(StartUp, ANamedLibraryIsRunLikeAProfileAndAFailedRunLeavesNoBatchFile) {
     EXPECT_EQ(exitStatusOf([this] { startUp(at("say.bqs") + " 001=hello"); }), 0);
     EXPECT_EQ(read("brasquelin.bat"), "echo hello\r\n");
-}
-
-TEST_F(StartUp, AFailedRunLeavesTheMainWindowAndNoBatchFile) {
+    remove("brasquelin.bat");
     EXPECT_TRUE(startUp(at("bad.bqp")));
     EXPECT_EQ(messages().size(), 1U);
     EXPECT_FALSE(exists("brasquelin.bat"));
@@ -114,14 +111,6 @@ TEST_F(StartUp, AnEmptyListGivesAnEmptyBatchFile) {
     EXPECT_EQ(commands().size(), 1U);
 }
 
-TEST_F(StartUp, AListGoesOnBehindAFailedRunAndAPromptWithoutADisplay) {
-    desktop_.windows = false;
-    writeList({at("bad.bqp"), at("ask.bqp"), at("plain.bqp")});
-    EXPECT_EQ(replay(), 1);
-    EXPECT_EQ(messages().size(), 2U);
-    EXPECT_EQ(jobList.size(), 1U);
-}
-
 TEST_F(StartUp, TheEndOfAListTellsWhichLinesWereSkippedAndWhy) {
     writeList({at("bad.bqp"), at("ask.bqp"), "", at("notes.txt"), at("plain.bqp")});
     testing::internal::CaptureStderr();
@@ -138,7 +127,11 @@ TEST_F(StartUp, TheEndOfAListTellsWhichLinesWereSkippedAndWhy) {
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), standardError);
     EXPECT_EQ(messages().back(), window);
+    EXPECT_EQ(jobList.lines(), Lines{"echo 2"});
     EXPECT_EQ(commands().size(), 1U);
+    desktop_.windows = false;
+    EXPECT_EQ(replay(), 1) << "nor can the prompt be shown without a display";
+    EXPECT_EQ(commands().size(), 2U);
 }
 
 TEST_F(StartUp, AListThatIsCancelledExecutesNothing) {

@@ -19,20 +19,21 @@ class RunProfile : public ProgramTest {
         ProgramTest::SetUp();
         write("Brasquelin.ini",
               {"[config]", "basicfunctionpath = \\functions.ini", "[/config]", "[var]", "Out=/out", "[/var]"});
-        write("echo.bqs", {"#Brasquelin Library  Echo", "[var]", "text", ".Type=Text", ".Info=none", ".Default=nothing",
-                           "number", ".Type=Text", ".Info=none", "[/var]", "[command]", "type=shell",
-                           "command=echo $text$ $number$", "[/command]"});
+        writeText("echo.bqs",
+                  "#Brasquelin Library  Echo\n[var]\ntext\n.Type=Text\n.Info=none\n.Default=nothing\n"
+                  "number\n.Type=Text\n.Info=none\n[/var]\n[command]\ntype=shell\n"
+                  "command=echo $text$ $number$\n[/command]");
     }
 
     /// Writes a profile that may call Echo and the profile itself, and runs it at level 1.
-    bool run(const std::vector<std::string>& body, const std::vector<std::string>& before = {}) {
-        std::vector<std::string> lines{"#Brasquelin Profile Test profile", "[library]", ":include $exepath$/echo.bqs"};
-        lines.insert(lines.end(), before.begin(), before.end());
-        lines.insert(lines.end(), {"[/library]", "[profile]"});
-        lines.insert(lines.end(), body.begin(), body.end());
-        lines.emplace_back("[/profile]");
-        write("test.bqp", lines);
+    bool run(const std::string& body, const std::string& before = {}) {
+        writeText("test.bqp", "#Brasquelin Profile Test profile\n[library]\n:include $exepath$/echo.bqs\n" + before +
+                                  (before.empty() ? "" : "\n") + "[/library]\n[profile]\n" + body + "\n[/profile]");
         return runProfile(profile(), 1);
+    }
+    static std::string loop(const std::string& variable, const std::string& start, const std::string& end,
+                            const std::string& step = "1") {
+        return "For\n.VarName=" + variable + "\n.VarStart=" + start + "\n.VarEnd=" + end + "\n.VarStep=" + step + "\n";
     }
     /// What the prompt's OK does for one row.
     static void give(const std::string& variable, const std::string& value) {
@@ -44,122 +45,93 @@ class RunProfile : public ProgramTest {
 };
 
 TEST_F(RunProfile, CallsALibraryWithDefaultsAndParameters) {
-    EXPECT_TRUE(run({"Echo", "ECHO", ".text=$Out$=$index$", ".Number=2", "", ".stray=attribute", "echo"}));
-    EXPECT_EQ(jobs(), (Jobs{"echo nothing ", "echo /out=1 2", "echo nothing "}));
+    EXPECT_TRUE(run("Echo\nECHO\n.text=$Out$=$index$\n.Number=2\n\n.stray=attribute\necho\nEcho\n.text=a\n.text=b"));
+    EXPECT_EQ(jobs(), (Jobs{"echo nothing ", "echo /out=1 2", "echo nothing ", "echo b "}));
 }
 
-TEST_F(RunProfile, TheLastOfSeveralParametersWinsInALibrary) {
-    run({"Echo", ".text=a", ".text=b"});
-    EXPECT_EQ(jobs(), Jobs{"echo b "});
-}
-
-TEST_F(RunProfile, LoopsRunUpDownAndAtLeastOnce) {
-    run({"FOR", ".VarName=i", ".VarStart=1", ".VarEnd=3", ".VarStep=1",  "Echo", ".text=$i$",      "next",  //
-         "For", ".VarName=i", ".VarStart=3", ".VarEnd=1", ".VarStep=-2", "Echo", ".text=down $i$", "Next",
-         "For", ".VarName=i", ".VarStart=5", ".VarEnd=1", ".VarStep=1",  "Echo", ".text=once $i$", "Next"});
-    EXPECT_EQ(jobs(), (Jobs{"echo 1 ", "echo 2 ", "echo 3 ", "echo down 3 ", "echo down 1 ", "echo once 5 "}));
-}
-
-TEST_F(RunProfile, NestedLoopsKeepTheirOwnRecordsAndEndedOnesTheirLastValue) {
-    run({"For", ".VarName=i", ".VarStart=1", ".VarEnd=2", ".VarStep=1",    //
-         "For", ".VarName=j", ".VarStart=$i$", ".VarEnd=2", ".VarStep=1",  //
-         "Echo", ".text=$i$-$j$", "Next", "Next", "Echo", ".text=$i$ $j$"});
-    EXPECT_EQ(jobs(), (Jobs{"echo 1-1 ", "echo 1-2 ", "echo 2-2 ", "echo 3 3 "}));
-}
-
-TEST_F(RunProfile, ALoopUpToTheLargestNumberEndsAndOneWithoutNextRunsOnce) {
-    run({"For", ".VarName=i", ".VarStart=32766", ".VarEnd=32767", ".VarStep=1", "Echo", ".text=$i$", "Next", "For",
-         ".VarName=k", ".VarStart=1", ".VarEnd=9", ".VarStep=1", "Echo", ".text=$k$"});
-    EXPECT_EQ(jobs(), (Jobs{"echo 32766 ", "echo 32767 ", "echo 1 "}));
+TEST_F(RunProfile, Loops) {
+    const std::vector<std::pair<std::string, Jobs>> cases{
+        {loop("i", "1", "3") + "Echo\n.text=$i$\nnext", {"echo 1 ", "echo 2 ", "echo 3 "}},
+        {loop("i", "3", "1", "-2") + "Echo\n.text=$i$\nNEXT", {"echo 3 ", "echo 1 "}},
+        {loop("i", "5", "1") + "Echo\n.text=$i$\nNext", {"echo 5 "}},
+        {loop("i", "32766", "32767") + "Echo\n.text=$i$\nNext", {"echo 32766 ", "echo 32767 "}},
+        {loop("i", "1", "9") + "Echo\n.text=$i$", {"echo 1 "}},
+        // Nested ones keep their own records, ended ones their last value.
+        {loop("i", "1", "2") + loop("j", "$i$", "2") + "Echo\n.text=$i$-$j$\nNext\nNext\nEcho\n.text=$i$ $j$",
+         {"echo 1-1 ", "echo 1-2 ", "echo 2-2 ", "echo 3 3 "}}};
+    for (const auto& [body, expected] : cases) {
+        engineTables.loops[1] = Loops();
+        const auto before = static_cast<std::ptrdiff_t>(jobs().size());
+        EXPECT_TRUE(run(body));
+        EXPECT_EQ(Jobs(jobs().begin() + before, jobs().end()), expected) << body;
+    }
 }
 
 TEST_F(RunProfile, ALoopHeaderIsExpandedAtItsOwnDepth) {
-    const auto loop = [](const std::string& variable, const std::string& start, const std::string& end) {
-        return Jobs{"For", ".VarName=" + variable, ".VarStart=" + start, ".VarEnd=" + end, ".VarStep=1"};
-    };
-    const auto body = [](const std::vector<Jobs>& parts) {
-        Jobs lines;
-        for (const auto& part : parts) lines.insert(lines.end(), part.begin(), part.end());
-        return lines;
-    };
     give("i", "7");
-    run(body({loop("i", "1", "3"), {"Next"}, loop("j", "$i$", "7"), {"Echo", ".text=$j$", "Next"}}));
+    run(loop("i", "1", "3") + "Next\n" + loop("j", "$i$", "7") + "Echo\n.text=$j$\nNext");
     EXPECT_EQ(jobs(), (Jobs{"echo 4 ", "echo 5 ", "echo 6 ", "echo 7 "}));
     variableTables.reset();
     give("i", "2");
     engineTables.loops[1] = Loops();
-    run(body({loop("k", "1", "2"), loop("i", "$i$", "4"), {"Echo", ".text=$k$$i$", "Next", "Next"}}));
+    run(loop("k", "1", "2") + loop("i", "$i$", "4") + "Echo\n.text=$k$$i$\nNext\nNext");
     EXPECT_EQ(Jobs(jobs().begin() + 4, jobs().end()), (Jobs{"echo 12 ", "echo 13 ", "echo 14 ", "echo 25 "}));
 }
 
 TEST_F(RunProfile, ADepthThatHeldNoLoopYetHasNoCounter) {
     give("a", "1");
     give("b", "2");
-    EXPECT_FALSE(run({"For", ".VarName=i", ".VarStart=one", ".VarEnd=12", ".VarStep=1", "Next"}));
-    EXPECT_TRUE(
-        run({"For", ".VarName=i", ".VarStart=$a$$b$", ".VarEnd=12", ".VarStep=1", "Echo", ".text=$i$", "Next"}));
+    EXPECT_FALSE(run(loop("i", "one", "12") + "Next"));
+    EXPECT_TRUE(run(loop("i", "$a$$b$", "12") + "Echo\n.text=$i$\nNext"));
     EXPECT_EQ(jobs(), Jobs{"echo 12 "});
 }
 
-TEST_F(RunProfile, LoopsOpen255Deep) {
-    const auto nested = [](std::size_t depth) {
-        const Jobs header{"For", ".VarName=i", ".VarStart=1", ".VarEnd=1", ".VarStep=1"};
-        Jobs lines;
-        while (lines.size() < depth * header.size()) lines.insert(lines.end(), header.begin(), header.end());
-        return lines;
-    };
-    EXPECT_TRUE(run(nested(255)));
-    EXPECT_FALSE(run(nested(256)));
-}
-
-TEST_F(RunProfile, ALoopThatNeverEndsCanBeLeft) {
+TEST_F(RunProfile, LoopsOpen255DeepAndOneThatNeverEndsCanBeLeft) {
+    std::string nested;
+    for (int depth = 0; depth < 255; ++depth) nested += loop("i", "1", "1");
+    EXPECT_TRUE(run(nested));
+    EXPECT_FALSE(run(nested + loop("i", "1", "1")));
     desktop_.onEvents = [] { throw EndProgram(0); };
-    EXPECT_EQ(exitStatusOf([&] { run({"For", ".VarName=i", ".VarStart=1", ".VarEnd=1", ".VarStep=0", "Next"}); }), 0);
+    EXPECT_EQ(exitStatusOf([&] { run(loop("i", "1", "1", "0") + "Next"); }), 0);
 }
 
 TEST_F(RunProfile, BadLoopsStopTheRunAndKeepTheJobs) {
     const std::string at = "\r\nWhile loading '" + profile() + "' at line ";
-    EXPECT_FALSE(run({"Echo", "For", ".VarName=i", ".VarStart=one ", ".VarEnd=3", ".VarStep=1"}));
-    EXPECT_FALSE(run({"For", ".VarName=i", ".VarStart=1", ".VarEnd=40000", ".VarStep=1"}));
-    EXPECT_FALSE(run({"Next"}));
+    EXPECT_FALSE(run("Echo\n" + loop("i", "one ", "3")));
+    EXPECT_FALSE(run(loop("i", "1", "40000")));
+    EXPECT_FALSE(run("Next"));
     EXPECT_EQ(jobs(), Jobs{"echo nothing "});
     EXPECT_EQ(messages(), (Jobs{"Brasquelin Error: Error 13 : Type mismatch" + at + "9\r\n'one ' is no whole number.",
                                 "Brasquelin Error: Error 6 : Overflow" + at + "9\r\n'40000' is beyond 16 bits.",
                                 "Brasquelin Error: Error 5 : Invalid procedure call or argument" + at + "6"}));
-}
-
-TEST_F(RunProfile, TheEndOfTheFileInsideALoopHeaderIsAnError) {
     write("test.bqp", {"#Brasquelin Profile x", "[profile]", "For", ".VarName=i"});
     EXPECT_FALSE(runProfile(profile(), 1));
-    EXPECT_EQ(messages().size(), 1U);
-    EXPECT_NE(messages()[0].find("Error 62 : Input past end of file"), std::string::npos);
+    EXPECT_NE(messages().back().find("Error 62 : Input past end of file"), std::string::npos);
 }
 
 TEST_F(RunProfile, ANestedProfileGetsItsParametersAndKeepsTheCallersTables) {
-    write("inner.bqp", {"#Brasquelin Profile Inner one", "[library]", ":include $scriptpath$/echo.bqs", "[/library]",
-                        "[var]", "size", ".Type=List(small||large)", ".Info=none", ".Default=1", "name", ".Type=Text",
-                        ".Info=none", ".Default=none", "[/var]", "[profile]", "Echo", ".text=$size$ $name$ $index$"});
-    const std::string include = ":include $scriptpath$/inner.bqp";
-    run({"Inner one", "inner ONE", ".name=first", ".name=second", ".size=list(2)", "Echo", ".text=$index$"}, {include});
+    writeText("inner.bqp",
+              "#Brasquelin Profile Inner one\n[library]\n:include $scriptpath$/echo.bqs\n[/library]\n"
+              "[var]\nsize\n.Type=List(small||large)\n.Info=none\n.Default=1\n"
+              "name\n.Type=Text\n.Info=none\n.Default=none\n[/var]\n[profile]\nEcho\n.text=$size$ $name$ $index$");
+    run("Inner one\ninner ONE\n.name=first\n.name=second\n.size=list(2)\nEcho\n.text=$index$",
+        ":include $scriptpath$/inner.bqp");
     EXPECT_EQ(jobs(), (Jobs{"echo small none 2 ", "echo large first 3 ", "echo 1 "}));
 }
 
-TEST_F(RunProfile, AnUndeclaredParameterOfANestedProfileIsNamedWithItsCaller) {
-    write("inner.bqp", {"#Brasquelin Profile Inner", "[library]", ":include $scriptpath$/echo.bqs", "[/library]",
-                        "[profile]", "Echo"});
-    EXPECT_EQ(exitStatusOf([&] { run({"", "Inner", ".ghost=1"}, {":include $scriptpath$/inner.bqp"}); }), 1);
-    EXPECT_EQ(messages(), Jobs{"Brasquelin: Error : unknown var 'ghost'\r\nFrom file '" + profile() +
-                               "' at line 8\r\nIn file '" + folder() + "/inner.bqp'"});
-}
-
-TEST_F(RunProfile, AnUndeclaredParameterOfALibraryIsNamedWithItsCaller) {
-    EXPECT_EQ(exitStatusOf([&] { run({"Echo", ".ghost=1"}); }), 1);
-    EXPECT_EQ(messages(), Jobs{"Brasquelin: Error : unknown var 'ghost'\r\nFrom file '" + profile() +
-                               "' at line 6\r\nIn file '" + folder() + "/echo.bqs'"});
+TEST_F(RunProfile, AnUndeclaredParameterIsNamedWithItsCaller) {
+    writeText("inner.bqp",
+              "#Brasquelin Profile Inner\n[library]\n:include $scriptpath$/echo.bqs\n[/library]\n[profile]\nEcho");
+    EXPECT_EQ(exitStatusOf([&] { run("\nInner\n.ghost=1", ":include $scriptpath$/inner.bqp"); }), 1);
+    engineTables.fileStack.clear();
+    EXPECT_EQ(exitStatusOf([&] { run("Echo\n.ghost=1"); }), 1);
+    const std::string from = "Brasquelin: Error : unknown var 'ghost'\r\nFrom file '" + profile() + "' at line ";
+    EXPECT_EQ(messages(), (Jobs{from + "8\r\nIn file '" + folder() + "/inner.bqp'",
+                                from + "6\r\nIn file '" + folder() + "/echo.bqs'"}));
 }
 
 TEST_F(RunProfile, RecursionFailsBehindLevel100) {
-    EXPECT_FALSE(run({"Echo", "Test profile"}, {":include $exepath$/test.bqp"}));
+    EXPECT_FALSE(run("Echo\nTest profile", ":include $exepath$/test.bqp"));
     EXPECT_EQ(jobs().size(), 100U);
     EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 9 : Subscript out of range\r\nWhile loading '" + profile() +
                                "' at line 8"});
@@ -167,34 +139,35 @@ TEST_F(RunProfile, RecursionFailsBehindLevel100) {
 }
 
 TEST_F(RunProfile, UnknownNamesAndBadParameterLinesEndTheProgram) {
-    EXPECT_EQ(exitStatusOf([&] { run({"Echo", "Nobody $index$"}); }), 1);
-    EXPECT_EQ(exitStatusOf([&] { run({"Plugin.none=1"}); }), 1);
-    EXPECT_EQ(exitStatusOf([&] { run({"Echo", ".text"}); }), 1);
+    for (const char* body : {"Echo\nNobody $index$", "Plugin.none=1", "Echo\n.text"}) {
+        EXPECT_EQ(exitStatusOf([&] { run(body); }), 1) << body;
+    }
     const std::string in = "' in file '" + profile() + "' at line ";
     EXPECT_EQ(messages(), (Jobs{"Brasquelin: Error : unknown function 'Nobody 1" + in + "7",
                                 "Brasquelin: Error : unknown function 'none" + in + "6",
                                 "Brasquelin: Parse error in file '" + profile() + "' at line 7"}));
 }
 
-TEST_F(RunProfile, AMissingIncludeOrConfigurationStopsTheRun) {
-    EXPECT_FALSE(run({"Echo"}, {":include $exepath$/none.bqs"}));
-    remove("Brasquelin.ini");
-    EXPECT_FALSE(run({"Echo"}));
-    const std::string missing = "Brasquelin Error: Error 53 : File not found\r\nWhile loading '";
-    EXPECT_EQ(messages(), (Jobs{missing + folder() + "/none.bqs'\r\nFrom file '" + profile() + "' at line 4",
-                                missing + configFilePath() + "'\r\nFrom file '" + profile() + "'"}));
-}
-
-TEST_F(RunProfile, AnEmptyIncludeIsNamed) {
+TEST_F(RunProfile, AMissingOrEmptyIncludeOrConfigurationStopsTheRun) {
     write("empty.bqs", {});
-    EXPECT_FALSE(run({}, {":include $exepath$/empty.bqs"}));
-    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 62 : Input past end of file\r\nWhile loading '" + folder() +
-                               "/empty.bqs'\r\nFrom file '" + profile() + "' at line 4"});
+    EXPECT_FALSE(run("Echo", ":include $exepath$/none.bqs"));
+    EXPECT_FALSE(run("", ":include $exepath$/empty.bqs"));
+    remove("Brasquelin.ini");
+    EXPECT_FALSE(run("Echo"));
+    const std::string missing = "Brasquelin Error: Error 53 : File not found\r\nWhile loading '";
+    const std::string from = "'\r\nFrom file '" + profile() + "'";
+    EXPECT_EQ(messages(), (Jobs{missing + folder() + "/none.bqs" + from + " at line 4",
+                                "Brasquelin Error: Error 62 : Input past end of file\r\nWhile loading '" + folder() +
+                                    "/empty.bqs" + from + " at line 4",
+                                missing + configFilePath() + from}));
 }
 
 TEST_F(RunProfile, ATableOfCallablesHolds256Rows) {
-    EXPECT_TRUE(run({}, std::vector<std::string>(255, ":include $exepath$/echo.bqs")));
-    EXPECT_FALSE(run({}, std::vector<std::string>(256, ":include $exepath$/echo.bqs")));
+    const std::string include = "\n:include $exepath$/echo.bqs";
+    std::string includes;
+    for (int i = 0; i < 255; ++i) includes += include;
+    EXPECT_TRUE(run("", includes));
+    EXPECT_FALSE(run("", includes + include));
     ASSERT_EQ(messages().size(), 1U);
     EXPECT_NE(messages()[0].find("Error 9 : Subscript out of range"), std::string::npos);
 }
@@ -204,7 +177,7 @@ TEST_F(RunProfile, ATableOfCallablesHolds256Rows) {
 TEST_F(RunProfile, APluginsAnswersReachTheLines) {
     write("info.exe", {"program"});
     onCommand("info.exe", [this] { write("info.var", {"files = 3", "note = a = b"}); });
-    run({"Echo", ".text=$files$ $NOTE$"}, {":PLUGIN $exepath$/info.exe [Param=$exepath$ x]"});
+    run("Echo\n.text=$files$ $NOTE$", ":PLUGIN $exepath$/info.exe [Param=$exepath$ x]");
     EXPECT_EQ(jobs(), Jobs{"echo 3 a = b "});
     EXPECT_EQ(commands(), Jobs{"\"" + folder() + "/info.exe\" $exepath$ x"});
     EXPECT_FALSE(exists("info.var"));
@@ -214,34 +187,31 @@ TEST_F(RunProfile, APluginStatementRunsItAgainAndAddsToItsAnswers) {
     write("info.exe", {"program"});
     int runs = 0;
     onCommand("info.exe", [&] { write("info.var", {"run" + std::to_string(++runs) + " = yes"}); });
-    run({"Plugin.INFO=again $index$", "Echo", ".text=$run1$ $run2$"}, {":plugin $exepath$/info.exe"});
+    run("Plugin.INFO=again $index$\nEcho\n.text=$run1$ $run2$", ":plugin $exepath$/info.exe");
     EXPECT_EQ(jobs(), (Jobs{"// Plugin INFO loaded ...", "echo yes yes "}));
     EXPECT_EQ(commands()[1], "\"" + folder() + "/info.exe\" again 1");
 }
 
-TEST_F(RunProfile, StaleAnswersAreNeverRead) {
+TEST_F(RunProfile, StaleAnswersAreNeverReadAndOneWithoutItsSignIsQuoted) {
     write("info.exe", {"program"});
     write("INFO.VAR", {"files = 99"});
-    EXPECT_FALSE(run({"Echo", ".text=$files$"}, {":plugin $exepath$/info.exe"}));
-    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() +
-                               "/info.var'\r\nFrom file '" + profile() + "' at line 4\r\nThe answers of '" + folder() +
-                               "/info.exe' are read from there: its path with \"var\" for the last three characters."});
-}
-
-TEST_F(RunProfile, AnAnswerWithoutItsSignIsQuoted) {
-    write("info.exe", {"program"});
+    EXPECT_FALSE(run("Echo\n.text=$files$", ":plugin $exepath$/info.exe"));
     onCommand("info.exe", [this] { write("info.var", {"files=1 "}); });
-    EXPECT_FALSE(run({"Echo"}, {":plugin $exepath$/info.exe"}));
-    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 5 : Invalid procedure call or argument\r\nWhile loading '" +
-                               folder() + "/info.var' at line 1\r\nFrom file '" + profile() +
-                               "' at line 4\r\nThe line 'files=1 ' holds no \" = \"."});
+    EXPECT_FALSE(run("Echo", ":plugin $exepath$/info.exe"));
+    const std::string from = "\r\nFrom file '" + profile() + "' at line 4\r\n";
+    EXPECT_EQ(messages(),
+              (Jobs{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/info.var'" + from +
+                        "The answers of '" + folder() +
+                        "/info.exe' are read from there: its path with \"var\" for the last three characters.",
+                    "Brasquelin Error: Error 5 : Invalid procedure call or argument\r\nWhile loading '" + folder() +
+                        "/info.var' at line 1" + from + "The line 'files=1 ' holds no \" = \"."}));
 }
 
 TEST_F(RunProfile, AProgramLineWithoutAPathTouchesNothing) {
     write("var", {"kept"});
     std::filesystem::current_path(std::filesystem::path(fromUtf8(folder())));
     for (const std::string line : {":plugin", ":check", ":plugin ", ":Plugin   [param=x]", ":check $exepath$/"}) {
-        EXPECT_FALSE(run({"Echo"}, {line}));
+        EXPECT_FALSE(run("Echo", line));
         EXPECT_EQ(messages().back(),
                   "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + profile() + "' at line 4")
             << line;
@@ -253,9 +223,9 @@ TEST_F(RunProfile, AProgramLineWithoutAPathTouchesNothing) {
 TEST_F(RunProfile, ACheckMayEndTheProgramWithoutAWord) {
     write("ready.exe", {"program"});
     onCommand("ready.exe", [this] { write("ready.var", {"RETURN = False"}); });
-    EXPECT_EQ(exitStatusOf([&] { run({"Echo"}, {":check $exepath$/ready.exe"}); }), 0);
+    EXPECT_EQ(exitStatusOf([&] { run("Echo", ":check $exepath$/ready.exe"); }), 0);
     onCommand("ready.exe", [this] { write("ready.var", {"return = true"}); });
-    EXPECT_TRUE(run({"Echo"}, {":check $exepath$/ready.exe"}));
+    EXPECT_TRUE(run("Echo", ":check $exepath$/ready.exe"));
     EXPECT_TRUE(messages().empty());
 }
 
@@ -266,19 +236,22 @@ class RunFunction : public RunProfile {
     void SetUp() override {
         RunProfile::SetUp();
         write("functions.ini", {"Copy", "copy.ini", "note", "$EXEPATH$/note.ini", "plain", "plain.ini", "odd"});
-        write("copy.ini",
-              {"[var]", "from", ".Type=Text", ".Info=none", ".Default=a", "mode", ".Type=Comb(Fast[-f]||Safe[-s])",
-               ".Info=none", ".Default=2", "path", ".Type=DblSOpen(a|*.*)", ".Info=none", "[/var]", "[COMMAND]",
-               "Type=Shell", "Command=cp $mode$ $from$ $path$ text($mode$) index($mode$)", "[/Command]"});
-        write("plain.ini", {"[command]", "type=shell", "command = ignored",
-                            "command=run $exepathdblslash$ $exepathdbslash$", "[/command]"});
-        write("note.ini", {"[var]", "name", ".Type=Text", ".Info=none", "[/var]", "[command]", "type=file",
-                           "command=$exepath$/$name$.txt", "write=$name$||||$exepath$ end", "[/command]"});
+        writeText("copy.ini",
+                  "[var]\nfrom\n.Type=Text\n.Info=none\n.Default=a\n"
+                  "mode\n.Type=Comb(Fast[-f]||Safe[-s])\n.Info=none\n.Default=2\n"
+                  "path\n.Type=DblSOpen(a|*.*)\n.Info=none\n[/var]\n[COMMAND]\nType=Shell\n"
+                  "Command=cp $mode$ $from$ $path$ text($mode$) index($mode$)\n[/Command]");
+        writeText("plain.ini",
+                  "[command]\ntype=shell\ncommand = ignored\ncommand=run $exepathdblslash$ $exepathdbslash$\n"
+                  "[/command]");
+        writeText("note.ini",
+                  "[var]\nname\n.Type=Text\n.Info=none\n[/var]\n[command]\ntype=file\n"
+                  "command=$exepath$/$name$.txt\nwrite=$name$||||$exepath$ end\n[/command]");
     }
 };
 
 TEST_F(RunFunction, ParametersNameVariablesOrFillTheFirstOne) {
-    run({"BasicFunction.copy", "BasicFunction.COPY=b=c", "BasicFunction.copy=from=x||y||Mode=-f||path=C:\\d\\\\e"});
+    run("BasicFunction.copy\nBasicFunction.COPY=b=c\nBasicFunction.copy=from=x||y||Mode=-f||path=C:\\d\\\\e");
     EXPECT_EQ(jobs(), (Jobs{"cp -s a  Safe 2", "cp -s b=c  Safe 2", "cp -f x||y C:\\\\d\\\\e Fast 1"}));
 }
 
@@ -286,22 +259,22 @@ TEST_F(RunFunction, OnlyDigitsAloneAreAnItemNumber) {
     for (const std::string value : {"2", " 2", "+2", "-s"}) {
         write("copy.ini", {"[var]", "mode", ".Type=Comb(Fast[-f]||Safe[-s])", ".Info=none", "[/var]", "[command]",
                            "type=shell", "command=cp $mode$", "mode=" + value, "[/command]"});
-        run({"BasicFunction.copy"});
+        run("BasicFunction.copy");
     }
     EXPECT_EQ(jobs(), (Jobs{"cp -s", "cp  2", "cp +2", "cp -s"}));
 }
 
 TEST_F(RunFunction, WritesAFileAndSpellsTheBuiltInsInItsOwnWay) {
-    run({"BasicFunction.note=memo", "BasicFunction.plain=ignored"});
+    run("BasicFunction.note=memo\nBasicFunction.plain=ignored");
     EXPECT_EQ(jobs(), (Jobs{"//File saved to " + folder() + "/memo.txt",
                             "run $exepathdblslash$ " + doubleBackslashes(folder())}));
     EXPECT_EQ(read("memo.txt"), "memo\r\n\r\n" + folder() + " end\r\n");
 }
 
 TEST_F(RunFunction, UnknownNamesAndArguments) {
-    EXPECT_EQ(exitStatusOf([&] { run({"BasicFunction.none=1"}); }), 1);
-    EXPECT_EQ(exitStatusOf([&] { run({"BasicFunction.copy=ghost=1||mode=-f"}); }), 1);
-    EXPECT_FALSE(run({"BasicFunction.odd"}));
+    EXPECT_EQ(exitStatusOf([&] { run("BasicFunction.none=1"); }), 1);
+    EXPECT_EQ(exitStatusOf([&] { run("BasicFunction.copy=ghost=1||mode=-f"); }), 1);
+    EXPECT_FALSE(run("BasicFunction.odd"));
     const std::string at = "' at line 6";
     EXPECT_EQ(messages()[0], "Brasquelin: Error : unknown function 'none' in file '" + profile() + at);
     EXPECT_EQ(messages()[1], "Brasquelin: Error : unknown var 'ghost'\r\nFrom file '" + profile() + at +
@@ -311,7 +284,7 @@ TEST_F(RunFunction, UnknownNamesAndArguments) {
 
 TEST_F(RunFunction, AnUnsetListIsNamed) {
     write("Brasquelin.ini", {"[config]", "basicfunctionpath = ", "[/config]"});
-    EXPECT_FALSE(run({"BasicFunction.copy"}));
+    EXPECT_FALSE(run("BasicFunction.copy"));
     EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + profile() +
                                "' at line 6\r\nThe setting BasicFunctionPath is empty: it names the list file of the "
                                "basic functions."});
@@ -321,7 +294,7 @@ TEST_F(RunFunction, AFileWithoutWriteKeepsThePreviousTextAndOtherKindsGiveAnEmpt
     write("copy.ini", {"[var]", "x", ".Type=Text", ".Info=none", "[/var]", "[command]", "type=file",
                        "command=$exepath$/again.txt", "[/command]"});
     write("plain.ini", {"[command]", "type=other", "[/command]"});
-    run({"BasicFunction.note=memo", "BasicFunction.copy", "BasicFunction.plain"});
+    run("BasicFunction.note=memo\nBasicFunction.copy\nBasicFunction.plain");
     EXPECT_EQ(read("again.txt"), "$name$\r\n\r\n" + folder() + " end\r\n");
     EXPECT_EQ(jobs().back(), "");
 }
@@ -329,7 +302,7 @@ TEST_F(RunFunction, AFileWithoutWriteKeepsThePreviousTextAndOtherKindsGiveAnEmpt
 TEST_F(RunFunction, AnUnwritableFileStopsTheRun) {
     write("note.ini", {"[var]", "name", ".Type=Text", ".Info=none", "[/var]", "[command]", "type=file",
                        "command=$exepath$/none/x.txt", "[/command]"});
-    EXPECT_FALSE(run({"BasicFunction.note=a", "Echo"}));
+    EXPECT_FALSE(run("BasicFunction.note=a\nEcho"));
     EXPECT_TRUE(jobs().empty());
     EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 76 : Path not found\r\nWhile writting '" + folder() +
                                "/none/x.txt'\r\nFrom file '" + profile() + "' at line 6"});

@@ -5,6 +5,7 @@
 #include "engine/runProfile.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
+#include "text/text.h"
 
 namespace brasquelin {
 
@@ -37,6 +38,16 @@ void ProgramTest::write(const std::string& name, const std::vector<std::string>&
 
 void ProgramTest::writeBytes(const std::string& name, const std::string& bytes) const {
     directory_.write(name, bytes);
+}
+
+void ProgramTest::writeText(const std::string& name, const std::string& lines) const {
+    write(name, splitLines(lines));
+}
+
+void ProgramTest::writeSayLibrary(const std::string& name) const {
+    writeText(name,
+              "#Brasquelin Library  Say\n[var]\ntext\n.Type=Text\n.Info=none\n[/var]\n"
+              "[command]\ntype=shell\ncommand=echo $text$\n[/command]");
 }
 
 std::string ProgramTest::read(const std::string& name) const {

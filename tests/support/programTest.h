@@ -29,6 +29,10 @@ class ProgramTest : public testing::Test {
     /// Files below the program directory. Lines are ended with CR LF.
     void write(const std::string& name, const std::vector<std::string>& lines) const;
     void writeBytes(const std::string& name, const std::string& bytes) const;
+    /// The same with "\n" between the lines.
+    void writeText(const std::string& name, const std::string& lines) const;
+    /// The library "Say" with a text variable "text", whose job is "echo $text$".
+    void writeSayLibrary(const std::string& name) const;
     std::string read(const std::string& name) const;
     bool exists(const std::string& name) const;
     void remove(const std::string& name) const;

@@ -13,43 +13,20 @@ class LoadPrompt : public ProgramTest {
   protected:
     using Lines = std::vector<std::string>;
 
-    static Lines variables() {
-        return {"[var]",
-                "title",
-                ".Type=Text",
-                ".Info=the title",
-                ".Default=untitled",
-                "color",
-                ".Type=List(red||green)",
-                ".Info=",
-                ".Default=2",
-                "speed",
-                ".Type=Comb(Fast[-f]||Slow[-s])",
-                ".Info=",
-                "input",
-                ".Type=PathOpen(Text|*.txt)",
-                ".Info=",
-                "log",
-                ".Type=DblSSave(Log|*.log)",
-                ".Info=",
-                ".Default=old",
-                "[/var]",
-                "[command]"};
-    }
     void load(PromptKind kind, const Lines& presets = {}, bool named = false) {
-        Lines lines{"#Brasquelin Profile  My tool"};
-        for (auto& line : variables()) lines.push_back(line);
-        write("x.bqp", lines);
+        writeText("x.bqp",
+                  "#Brasquelin Profile  My tool\n[var]\n"
+                  "title\n.Type=Text\n.Info=the title\n.Default=untitled\n"
+                  "color\n.Type=List(red||green)\n.Info=\n.Default=2\n"
+                  "speed\n.Type=Comb(Fast[-f]||Slow[-s])\n.Info=\n"
+                  "input\n.Type=PathOpen(Text|*.txt)\n.Info=\n"
+                  "log\n.Type=DblSSave(Log|*.log)\n.Info=\n.Default=old\n[/var]\n[command]");
         PromptOptions options;
         options.presets = presets;
         options.namedOnCommandLine = named;
         options.confirmed = [this](const Lines& values) { given.push_back(values); };
         options.runAtOnce = [this] { ++runAtOnce; };
-        if (kind == PromptKind::profile) {
-            loadProfile(folder() + "/x.bqp", options);
-        } else {
-            loadFunction(folder() + "/x.bqp", options);
-        }
+        (kind == PromptKind::profile ? loadProfile : loadFunction)(folder() + "/x.bqp", options);
     }
     static Lines values() { return {variableTables.values[1].begin(), variableTables.values[1].end()}; }
     PromptForm& form() const { return *desktop_.prompt; }
@@ -181,8 +158,6 @@ TEST_F(LoadPrompt, AnAnswerThatCannotBeRememberedIsUsedAllTheSame) {
     std::filesystem::create_directory(folder() + "/pop.tmp");
     answerText("typed");
     load(PromptKind::profile, {"#pop:Key"});
-    EXPECT_EQ(desktop_.questions[0],
-              "Brasquelin: title=\r\n\r\nVariable 'title' of the profile '_My_tool'\r\nthe title [untitled]");
     EXPECT_EQ(values()[0], "title=typed");
     EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 75 : Path/File access error\r\nWhile writting '" +
                                 joinPath(programDirectory(), "pop.tmp") + "'"});
