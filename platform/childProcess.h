@@ -9,14 +9,14 @@ namespace brasquelin {
 
 enum class WindowStyle { hidden = 0, normalWithFocus = 1 };
 
-/// Starting, asking and ending; the system's own unless a test puts another one in its place. Each started process
-/// is remembered with the system's handle to it, so a process id that was reused is never taken for it.
 /// How a process ended: by itself with a code, or by a signal (Linux only).
 struct ProcessEnd {
     int exitCode = 0;
     int signal = 0;
 };
 
+/// Starting, asking and ending; the system's own unless a test puts another one in its place. Each started process
+/// is remembered with the system's handle to it, so a process id that was reused is never taken for it.
 class ProcessTable {
   public:
     virtual ~ProcessTable() = default;
