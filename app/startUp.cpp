@@ -130,12 +130,14 @@ std::optional<SkippedLines> replayLines(const std::vector<std::string>& lines) {
 void tellSkipped(const std::string& listPath, const SkippedLines& skipped) {
     constexpr std::size_t mostShown = 20;
     if (skipped.empty()) return;
-    std::string text = "Skipped in '" + listPath + "':";
-    for (const auto& line : skipped) writeToStandardError("Brasquelin", "'" + listPath + "' " + line);
-    if (!desktop().hasWindows()) return;
-    for (std::size_t i = 0; i < std::min(mostShown, skipped.size()); ++i) text += "\r\n" + skipped[i];
-    if (skipped.size() > mostShown) text += "\r\n... and " + std::to_string(skipped.size() - mostShown) + " more";
-    desktop().showMessage(text, "Brasquelin", Icon::exclamation);
+    const std::string list = "'" + listPath + "'";
+    std::string shown = "Skipped in " + list + ":";
+    for (std::size_t i = 0; i < skipped.size(); ++i) {
+        writeToStandardError("Brasquelin", list + " " + skipped[i]);
+        if (i < mostShown) shown.append("\r\n").append(skipped[i]);
+    }
+    if (skipped.size() > mostShown) shown += "\r\n... and " + std::to_string(skipped.size() - mostShown) + " more";
+    if (desktop().hasWindows()) desktop().showMessage(shown, "Brasquelin", Icon::exclamation);
 }
 
 [[noreturn]] void replayList(const std::string& path) {

@@ -20,8 +20,10 @@ namespace {
 
 std::string joined(const std::vector<std::string>& items) {
     std::string text;
-    for (std::size_t i = 0; i < items.size(); ++i)
-        text.append(i == 0 ? std::string_view() : itemSeparator).append(items[i]);
+    for (const auto& item : items) {
+        if (&item != &items.front()) text.append(itemSeparator);
+        text.append(item);
+    }
     return text;
 }
 
@@ -103,8 +105,9 @@ std::vector<CallableEntry> callableEntries(const ProfileDocument& document) {
         const std::string path = replaceDirectories(parsed->path, settings.profilePath);
         if (isCallable(path)) reporting(path, [&] { appendInclude(path, entries); });
     }
-    const std::string& list = settings.basicFunctionPath;
-    if (!list.empty()) reporting(list, [&] { appendFunctions(list, entries); });
+    if (const std::string list = settings.basicFunctionPath; !list.empty()) {
+        reporting(list, [&list, &entries] { appendFunctions(list, entries); });
+    }
     for (const auto& name : document.pluginNames) entries.push_back({std::string(pluginPrefix) + name, {}});
     return entries;
 }

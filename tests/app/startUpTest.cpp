@@ -122,8 +122,8 @@ TEST_F(StartUp, TheEndOfAListTellsWhichLinesWereSkippedAndWhy) {
     std::string window = "Brasquelin: Skipped in '" + list + "':";
     std::string standardError;
     for (const auto& reason : reasons) {
-        window += "\r\n" + reason;
-        standardError += "Brasquelin: '" + list + "' " + reason + "\n";
+        window.append("\r\n").append(reason);
+        standardError.append("Brasquelin: '").append(list).append("' ").append(reason).append("\n");
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), standardError);
     EXPECT_EQ(messages().back(), window);

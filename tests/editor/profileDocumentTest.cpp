@@ -74,8 +74,8 @@ TEST_F(ProfileDocumentTest, AProfileWithEveryFeatureComesBackByteForByte) {
 TEST_F(ProfileDocumentTest, KeepsItsEncodingUnderAnotherName) {
     for (const std::string name : {"caf\xC3\xA9", "caf\xE9", "\xC3\xA9"}) {
         const std::string mark = name.size() == 2 ? "\xEF\xBB\xBF" : "";
-        writeBytes("test.bqp",
-                   mark + "#Brasquelin Profile " + name + "\r\n\r\n\r\n[profile]\r\n\r\n\r\n[/profile]\r\n");
+        const std::string header = mark + "#Brasquelin Profile ";
+        writeBytes("test.bqp", header + name + "\r\n\r\n\r\n[profile]\r\n\r\n\r\n[/profile]\r\n");
         openDocument(document, path());
         saveDocument(document, path("copy.bqp"));
         EXPECT_EQ(read("copy.bqp"), read("test.bqp"));
