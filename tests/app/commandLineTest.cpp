@@ -8,16 +8,14 @@
 namespace brasquelin {
 namespace {
 
-using Values = std::vector<std::string>;
-
 TEST(CommandLine, PresetsAreNumberedInOrder) {
-    EXPECT_EQ(parsePresets("x.bqp 001=one two 002=three"), (Values{"one two", "three"}));
-    EXPECT_EQ(parsePresets("x.bqp 001=a 003=c"), Values{"a 003=c"});
-    EXPECT_EQ(parsePresets("x.bqp 001=a=b 002= 003="), (Values{"a=b", "", ""}));
-    EXPECT_EQ(parsePresets("x.bqp 001=002=b"), (Values{"", "b"}));
-    EXPECT_EQ(parsePresets("x.bqp 001=é002=b"), (Values{"", "b"}));  // the character before a key is dropped
-    EXPECT_EQ(parsePresets("x.bqp 001=a 002=tell 001=b"), (Values{"a", "tell 001=b"}));
-    EXPECT_EQ(parsePresets("x.bqp001=a"), Values{});
+    EXPECT_EQ(parsePresets("x.bqp 001=one two 002=three"), (Lines{"one two", "three"}));
+    EXPECT_EQ(parsePresets("x.bqp 001=a 003=c"), Lines{"a 003=c"});
+    EXPECT_EQ(parsePresets("x.bqp 001=a=b 002= 003="), (Lines{"a=b", "", ""}));
+    EXPECT_EQ(parsePresets("x.bqp 001=002=b"), (Lines{"", "b"}));
+    EXPECT_EQ(parsePresets("x.bqp 001=é002=b"), (Lines{"", "b"}));  // the character before a key is dropped
+    EXPECT_EQ(parsePresets("x.bqp 001=a 002=tell 001=b"), (Lines{"a", "tell 001=b"}));
+    EXPECT_EQ(parsePresets("x.bqp001=a"), Lines{});
 }
 
 TEST(CommandLine, AThousandthPresetIsPartOfTheLastOne) {
@@ -48,7 +46,7 @@ TEST(CommandLine, TheProgramsPathEndsAtItsMarker) {
 TEST_F(ProgramTest, TheTokenOfTheProgramDirectoryStandsInPaths) {
     const FileArgument argument = parseFileArgument("$EXEPATH$/x.bqp 001=$exepath$");
     EXPECT_EQ(argument.path, folder() + "/x.bqp");
-    EXPECT_EQ(argument.presets, Values{"$exepath$"});
+    EXPECT_EQ(argument.presets, Lines{"$exepath$"});
 }
 
 TEST_F(ProgramTest, AddressesOfFilesArePaths) {
@@ -59,7 +57,7 @@ TEST_F(ProgramTest, AddressesOfFilesArePaths) {
     EXPECT_EQ(path("file://host/p"), "file://host/p");
     EXPECT_EQ(path("file:x.bqp"), "file:x.bqp");
     EXPECT_EQ(replaceAll(listFilePath("-f file:///p/a%20b.txt"), "\\", "/"), "/p/a b.txt");
-    EXPECT_EQ(parseFileArgument("file:///p 001=file:///x 002=%20").presets, (Values{"file:///x", "%20"}));
+    EXPECT_EQ(parseFileArgument("file:///p 001=file:///x 002=%20").presets, (Lines{"file:///x", "%20"}));
 }
 
 }  // namespace

@@ -12,8 +12,6 @@ const std::string separator(1, static_cast<char>(std::filesystem::path::preferre
 /// A body whose batch line makes a file named after the value of "x".
 const std::string makeFileX = "line\n.text=echo made>\"$exepath$" + separator + "$x$.txt\"";
 
-using Lines = std::vector<std::string>;
-
 TEST(Executable, AnswersOptionsOnTheStreamsItIsGiven) {
     ProgramRun program;
     EXPECT_EQ(program.run("--version"), 0);

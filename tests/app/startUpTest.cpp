@@ -17,8 +17,6 @@ namespace {
 
 class StartUp : public ProgramTest {
   protected:
-    using Lines = std::vector<std::string>;
-
     void SetUp() override {
         write("Brasquelin.ini", {"[config]", "ProfilePath = \\p", "LibraryPath = \\p", "[/config]"});
         writeSayLibrary("p/say.bqs");

@@ -14,8 +14,6 @@
 namespace brasquelin {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class EditorActions : public ProgramTest {
   protected:
     EditorActions() {
@@ -104,15 +102,6 @@ TEST_F(EditorActions, AFileThatIsNoProfileIsReplacedOnlyAfterAQuestion) {
     EXPECT_EQ(messages().size(), 1U);
 }
 
-TEST_F(EditorActions, TheOpenedProfileIsShownBeforeItsPluginsRun) {
-    write("p.bqp", {"#Brasquelin Profile Pp", "[library]", ":plugin $scriptpath$/slow.exe", "[/library]"});
-    answerFile(folder() + "/p.bqp");
-    std::string order;
-    onCommand("slow.exe", [&] { order += "plugin "; });
-    openProfile([&] { order += document.profileName + " "; });
-    EXPECT_EQ(order, "Pp plugin ");
-}
-
 TEST_F(EditorActions, AFileThatIsNoTextIsNotOpened) {
     answerFile(profile());
     openProfile([] {});
@@ -146,13 +135,15 @@ TEST_F(EditorActions, AddsIncludesPluginsAndChecks) {
     EXPECT_EQ(desktop_.questions[0], "Parameters: Enter parameters for launching plugin (Empty=NoParameters) []");
 }
 
-TEST_F(EditorActions, The257thPluginIsToldAndNotAdded) {
+TEST_F(EditorActions, TooManyPluginsOrGroupsAreTold) {
     editorState.activeList = EditorList::include;
     for (int i = 0; i < 256; ++i) document.pluginNames.append("p");
     answerFile("/bin/veto.exe");
     addLines();
     EXPECT_TRUE(document.listInclude.empty());
-    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 9 : Subscript out of range"});
+    document.listCommand.assign(257, "call");
+    EXPECT_EQ(moveSelectedDown(3), 3U);
+    EXPECT_EQ(messages(), Lines(2, "Brasquelin Error: Error 9 : Subscript out of range"));
 }
 
 TEST_F(EditorActions, EveryActionWorksOnTheActiveList) {
@@ -226,12 +217,6 @@ TEST_F(EditorActions, ACommandLineIsEditedUnlessCanceled) {
     editCommandLine({});
     EXPECT_EQ(document.listCommand, (Lines{"", "c"}));
     EXPECT_EQ(prompts(), (Lines{"Edit this value : [b]", "Edit this value : [b]", "Edit this value : [a]"}));
-}
-
-TEST_F(EditorActions, TooManyGroupsToMoveAreTold) {
-    document.listCommand.assign(257, "call");
-    EXPECT_EQ(moveSelectedDown(3), 3U);
-    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 9 : Subscript out of range"});
 }
 
 TEST_F(EditorActions, LeavingUnloadsTheDialogsAndShowsTheMainWindow) {

@@ -11,8 +11,6 @@
 namespace brasquelin {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class NewLines : public ProgramTest {
   protected:
     ProfileDocument document;
@@ -88,18 +86,15 @@ TEST_F(NewLines, OffersIncludesFunctionsAndPluginsInThisOrder) {
     EXPECT_TRUE(messages().empty());
 }
 
-TEST_F(NewLines, AMissingFunctionListIsToldAndTheRestIsOffered) {
+TEST_F(NewLines, AMissingFunctionListOrABadDeclarationIsOnlyTold) {
     settings.basicFunctionPath = folder() + "/none.ini";
     document.pluginNames.append("zip");
     EXPECT_EQ(callableEntries(document).size(), 1U);
     EXPECT_EQ(messages(),
               Lines{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/none.ini'"});
-}
-
-TEST_F(NewLines, ABadDeclarationOfAnIncludeIsOnlyReported) {
     write("bad.bqs", {"#", "[var]", "a", ".Type=Text", ".Info=", "b", ".Type=List(x", "[/var]"});
     EXPECT_TRUE(variablesOfInclude(folder() + "/bad.bqs").empty());
-    EXPECT_EQ(messages().size(), 1U);
+    EXPECT_EQ(messages().size(), 2U);
 }
 
 TEST_F(NewLines, EachCallerGetsItsOwnReferences) {

@@ -11,8 +11,6 @@
 namespace brasquelin {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class ProfileDocumentTest : public ProgramTest {
   protected:
     std::string path(const std::string& name = "test.bqp") const { return folder() + "/" + name; }
@@ -156,17 +154,12 @@ TEST_F(ProfileDocumentTest, GroupsMoveWholeAndTheSelectionFollows) {
     EXPECT_EQ(document.listCommand, (Lines{"call", ".a=1", ".b=2", "For", ".VarName=i", "Next"}));
     EXPECT_EQ(moveGroupUp(document, 1), 1U);
     EXPECT_EQ(moveGroupDown(document, 5), 5U);
+    EXPECT_EQ(moveGroupUp(document, {}), std::nullopt);
     EXPECT_EQ(document.listCommand.front(), "call");
     EXPECT_EQ(moveGroupDown(document, 3), 4U);
     EXPECT_EQ(document.listCommand, (Lines{"call", ".a=1", ".b=2", "Next", "For", ".VarName=i"}));
-}
-
-TEST_F(ProfileDocumentTest, WithNothingSelectedTheFirstGroupMovesDownButNotUp) {
-    document.listCommand = {"a", ".x=1", "b"};
-    EXPECT_EQ(moveGroupUp(document, {}), std::nullopt);
-    EXPECT_EQ(document.listCommand.front(), "a");
-    EXPECT_EQ(moveGroupDown(document, {}), 1U);
-    EXPECT_EQ(document.listCommand, (Lines{"b", "a", ".x=1"}));
+    EXPECT_EQ(moveGroupDown(document, {}), 1U) << "with nothing selected the first group, but only down";
+    EXPECT_EQ(document.listCommand.front(), "Next");
     document.listCommand.clear();
     EXPECT_EQ(moveGroupDown(document, {}), std::nullopt);
 }
@@ -175,12 +168,11 @@ TEST_F(ProfileDocumentTest, MovesUpTo256GroupsOf256Lines) {
     document.listCommand.assign(256, "call");
     document.listCommand.insert(document.listCommand.end(), 255, ".x=1");
     EXPECT_EQ(moveGroupUp(document, 300), 299U);
-    const auto before = document.listCommand;
     document.listCommand.emplace_back("one more");
     EXPECT_EQ(errorOf([&] { moveGroupUp(document, 5); }), ErrorNumber::subscriptOutOfRange);
-    document.listCommand = {"a", "call"};
-    document.listCommand.resize(2 + 256, ".x=1");
-    const auto longGroup = document.listCommand;
+    Lines longGroup(2 + 256, ".x=1");
+    longGroup[0] = longGroup[1] = "call";
+    document.listCommand = longGroup;
     EXPECT_EQ(errorOf([&] { moveGroupDown(document, 0); }), ErrorNumber::subscriptOutOfRange);
     EXPECT_EQ(document.listCommand, longGroup);
 }

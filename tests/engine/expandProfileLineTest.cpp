@@ -101,9 +101,8 @@ TEST_F(ExpandProfileLine, AnUndeclaredNameEndsTheProgramFromAnyLine) {
     engineTables.fileStack = {{"outer.bqp", 12}, {"inner.bqp", 3}};
     assign("ghost=1");
     EXPECT_EQ(exitStatusOf([] { expand("no reference"); }), 1);
-    EXPECT_EQ(messages(),
-              std::vector<std::string>{"Brasquelin: Error : unknown var 'ghost'\r\nFrom file 'outer.bqp' at "
-                                       "line 12\r\nIn file 'inner.bqp'"});
+    EXPECT_EQ(messages(), Lines{"Brasquelin: Error : unknown var 'ghost'\r\nFrom file 'outer.bqp' at "
+                                "line 12\r\nIn file 'inner.bqp'"});
 }
 
 }  // namespace

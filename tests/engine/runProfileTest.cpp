@@ -41,16 +41,15 @@ class RunProfile : public ProgramTest {
         variableTables.values[1].append(variable + "=" + value);
     }
     std::string profile() const { return folder() + "/test.bqp"; }
-    using Jobs = std::vector<std::string>;
 };
 
 TEST_F(RunProfile, CallsALibraryWithDefaultsAndParameters) {
     EXPECT_TRUE(run("Echo\nECHO\n.text=$Out$=$index$\n.Number=2\n\n.stray=attribute\necho\nEcho\n.text=a\n.text=b"));
-    EXPECT_EQ(jobs(), (Jobs{"echo nothing ", "echo /out=1 2", "echo nothing ", "echo b "}));
+    EXPECT_EQ(jobs(), (Lines{"echo nothing ", "echo /out=1 2", "echo nothing ", "echo b "}));
 }
 
 TEST_F(RunProfile, Loops) {
-    const std::vector<std::pair<std::string, Jobs>> cases{
+    const std::vector<std::pair<std::string, Lines>> cases{
         {loop("i", "1", "3") + "Echo\n.text=$i$\nnext", {"echo 1 ", "echo 2 ", "echo 3 "}},
         {loop("i", "3", "1", "-2") + "Echo\n.text=$i$\nNEXT", {"echo 3 ", "echo 1 "}},
         {loop("i", "5", "1") + "Echo\n.text=$i$\nNext", {"echo 5 "}},
@@ -63,19 +62,19 @@ TEST_F(RunProfile, Loops) {
         engineTables.loops[1] = Loops();
         const auto before = static_cast<std::ptrdiff_t>(jobs().size());
         EXPECT_TRUE(run(body));
-        EXPECT_EQ(Jobs(jobs().begin() + before, jobs().end()), expected) << body;
+        EXPECT_EQ(Lines(jobs().begin() + before, jobs().end()), expected) << body;
     }
 }
 
 TEST_F(RunProfile, ALoopHeaderIsExpandedAtItsOwnDepth) {
     give("i", "7");
     run(loop("i", "1", "3") + "Next\n" + loop("j", "$i$", "7") + "Echo\n.text=$j$\nNext");
-    EXPECT_EQ(jobs(), (Jobs{"echo 4 ", "echo 5 ", "echo 6 ", "echo 7 "}));
+    EXPECT_EQ(jobs(), (Lines{"echo 4 ", "echo 5 ", "echo 6 ", "echo 7 "}));
     variableTables.reset();
     give("i", "2");
     engineTables.loops[1] = Loops();
     run(loop("k", "1", "2") + loop("i", "$i$", "4") + "Echo\n.text=$k$$i$\nNext\nNext");
-    EXPECT_EQ(Jobs(jobs().begin() + 4, jobs().end()), (Jobs{"echo 12 ", "echo 13 ", "echo 14 ", "echo 25 "}));
+    EXPECT_EQ(Lines(jobs().begin() + 4, jobs().end()), (Lines{"echo 12 ", "echo 13 ", "echo 14 ", "echo 25 "}));
 }
 
 TEST_F(RunProfile, ADepthThatHeldNoLoopYetHasNoCounter) {
@@ -83,7 +82,7 @@ TEST_F(RunProfile, ADepthThatHeldNoLoopYetHasNoCounter) {
     give("b", "2");
     EXPECT_FALSE(run(loop("i", "one", "12") + "Next"));
     EXPECT_TRUE(run(loop("i", "$a$$b$", "12") + "Echo\n.text=$i$\nNext"));
-    EXPECT_EQ(jobs(), Jobs{"echo 12 "});
+    EXPECT_EQ(jobs(), Lines{"echo 12 "});
 }
 
 TEST_F(RunProfile, LoopsOpen255DeepAndOneThatNeverEndsCanBeLeft) {
@@ -100,10 +99,10 @@ TEST_F(RunProfile, BadLoopsStopTheRunAndKeepTheJobs) {
     EXPECT_FALSE(run("Echo\n" + loop("i", "one ", "3")));
     EXPECT_FALSE(run(loop("i", "1", "40000")));
     EXPECT_FALSE(run("Next"));
-    EXPECT_EQ(jobs(), Jobs{"echo nothing "});
-    EXPECT_EQ(messages(), (Jobs{"Brasquelin Error: Error 13 : Type mismatch" + at + "9\r\n'one ' is no whole number.",
-                                "Brasquelin Error: Error 6 : Overflow" + at + "9\r\n'40000' is beyond 16 bits.",
-                                "Brasquelin Error: Error 5 : Invalid procedure call or argument" + at + "6"}));
+    EXPECT_EQ(jobs(), Lines{"echo nothing "});
+    EXPECT_EQ(messages(), (Lines{"Brasquelin Error: Error 13 : Type mismatch" + at + "9\r\n'one ' is no whole number.",
+                                 "Brasquelin Error: Error 6 : Overflow" + at + "9\r\n'40000' is beyond 16 bits.",
+                                 "Brasquelin Error: Error 5 : Invalid procedure call or argument" + at + "6"}));
     write("test.bqp", {"#Brasquelin Profile x", "[profile]", "For", ".VarName=i"});
     EXPECT_FALSE(runProfile(profile(), 1));
     EXPECT_NE(messages().back().find("Error 62 : Input past end of file"), std::string::npos);
@@ -116,7 +115,7 @@ TEST_F(RunProfile, ANestedProfileGetsItsParametersAndKeepsTheCallersTables) {
               "name\n.Type=Text\n.Info=none\n.Default=none\n[/var]\n[profile]\nEcho\n.text=$size$ $name$ $index$");
     run("Inner one\ninner ONE\n.name=first\n.name=second\n.size=list(2)\nEcho\n.text=$index$",
         ":include $scriptpath$/inner.bqp");
-    EXPECT_EQ(jobs(), (Jobs{"echo small none 2 ", "echo large first 3 ", "echo 1 "}));
+    EXPECT_EQ(jobs(), (Lines{"echo small none 2 ", "echo large first 3 ", "echo 1 "}));
 }
 
 TEST_F(RunProfile, AnUndeclaredParameterIsNamedWithItsCaller) {
@@ -126,15 +125,15 @@ TEST_F(RunProfile, AnUndeclaredParameterIsNamedWithItsCaller) {
     engineTables.fileStack.clear();
     EXPECT_EQ(exitStatusOf([&] { run("Echo\n.ghost=1"); }), 1);
     const std::string from = "Brasquelin: Error : unknown var 'ghost'\r\nFrom file '" + profile() + "' at line ";
-    EXPECT_EQ(messages(), (Jobs{from + "8\r\nIn file '" + folder() + "/inner.bqp'",
-                                from + "6\r\nIn file '" + folder() + "/echo.bqs'"}));
+    EXPECT_EQ(messages(), (Lines{from + "8\r\nIn file '" + folder() + "/inner.bqp'",
+                                 from + "6\r\nIn file '" + folder() + "/echo.bqs'"}));
 }
 
 TEST_F(RunProfile, RecursionFailsBehindLevel100) {
     EXPECT_FALSE(run("Echo\nTest profile", ":include $exepath$/test.bqp"));
     EXPECT_EQ(jobs().size(), 100U);
-    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 9 : Subscript out of range\r\nWhile loading '" + profile() +
-                               "' at line 8"});
+    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 9 : Subscript out of range\r\nWhile loading '" + profile() +
+                                "' at line 8"});
     EXPECT_TRUE(engineTables.fileStack.empty());
 }
 
@@ -143,9 +142,9 @@ TEST_F(RunProfile, UnknownNamesAndBadParameterLinesEndTheProgram) {
         EXPECT_EQ(exitStatusOf([&] { run(body); }), 1) << body;
     }
     const std::string in = "' in file '" + profile() + "' at line ";
-    EXPECT_EQ(messages(), (Jobs{"Brasquelin: Error : unknown function 'Nobody 1" + in + "7",
-                                "Brasquelin: Error : unknown function 'none" + in + "6",
-                                "Brasquelin: Parse error in file '" + profile() + "' at line 7"}));
+    EXPECT_EQ(messages(), (Lines{"Brasquelin: Error : unknown function 'Nobody 1" + in + "7",
+                                 "Brasquelin: Error : unknown function 'none" + in + "6",
+                                 "Brasquelin: Parse error in file '" + profile() + "' at line 7"}));
 }
 
 TEST_F(RunProfile, AMissingOrEmptyIncludeOrConfigurationStopsTheRun) {
@@ -156,10 +155,10 @@ TEST_F(RunProfile, AMissingOrEmptyIncludeOrConfigurationStopsTheRun) {
     EXPECT_FALSE(run("Echo"));
     const std::string missing = "Brasquelin Error: Error 53 : File not found\r\nWhile loading '";
     const std::string from = "'\r\nFrom file '" + profile() + "'";
-    EXPECT_EQ(messages(), (Jobs{missing + folder() + "/none.bqs" + from + " at line 4",
-                                "Brasquelin Error: Error 62 : Input past end of file\r\nWhile loading '" + folder() +
-                                    "/empty.bqs" + from + " at line 4",
-                                missing + configFilePath() + from}));
+    EXPECT_EQ(messages(), (Lines{missing + folder() + "/none.bqs" + from + " at line 4",
+                                 "Brasquelin Error: Error 62 : Input past end of file\r\nWhile loading '" + folder() +
+                                     "/empty.bqs" + from + " at line 4",
+                                 missing + configFilePath() + from}));
 }
 
 TEST_F(RunProfile, ATableOfCallablesHolds256Rows) {
@@ -178,8 +177,8 @@ TEST_F(RunProfile, APluginsAnswersReachTheLines) {
     write("info.exe", {"program"});
     onCommand("info.exe", [this] { write("info.var", {"files = 3", "note = a = b"}); });
     run("Echo\n.text=$files$ $NOTE$", ":PLUGIN $exepath$/info.exe [Param=$exepath$ x]");
-    EXPECT_EQ(jobs(), Jobs{"echo 3 a = b "});
-    EXPECT_EQ(commands(), Jobs{"\"" + folder() + "/info.exe\" $exepath$ x"});
+    EXPECT_EQ(jobs(), Lines{"echo 3 a = b "});
+    EXPECT_EQ(commands(), Lines{"\"" + folder() + "/info.exe\" $exepath$ x"});
     EXPECT_FALSE(exists("info.var"));
 }
 
@@ -188,7 +187,7 @@ TEST_F(RunProfile, APluginStatementRunsItAgainAndAddsToItsAnswers) {
     int runs = 0;
     onCommand("info.exe", [&] { write("info.var", {"run" + std::to_string(++runs) + " = yes"}); });
     run("Plugin.INFO=again $index$\nEcho\n.text=$run1$ $run2$", ":plugin $exepath$/info.exe");
-    EXPECT_EQ(jobs(), (Jobs{"// Plugin INFO loaded ...", "echo yes yes "}));
+    EXPECT_EQ(jobs(), (Lines{"// Plugin INFO loaded ...", "echo yes yes "}));
     EXPECT_EQ(commands()[1], "\"" + folder() + "/info.exe\" again 1");
 }
 
@@ -200,11 +199,11 @@ TEST_F(RunProfile, StaleAnswersAreNeverReadAndOneWithoutItsSignIsQuoted) {
     EXPECT_FALSE(run("Echo", ":plugin $exepath$/info.exe"));
     const std::string from = "\r\nFrom file '" + profile() + "' at line 4\r\n";
     EXPECT_EQ(messages(),
-              (Jobs{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/info.var'" + from +
-                        "The answers of '" + folder() +
-                        "/info.exe' are read from there: its path with \"var\" for the last three characters.",
-                    "Brasquelin Error: Error 5 : Invalid procedure call or argument\r\nWhile loading '" + folder() +
-                        "/info.var' at line 1" + from + "The line 'files=1 ' holds no \" = \"."}));
+              (Lines{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/info.var'" + from +
+                         "The answers of '" + folder() +
+                         "/info.exe' are read from there: its path with \"var\" for the last three characters.",
+                     "Brasquelin Error: Error 5 : Invalid procedure call or argument\r\nWhile loading '" + folder() +
+                         "/info.var' at line 1" + from + "The line 'files=1 ' holds no \" = \"."}));
 }
 
 TEST_F(RunProfile, AProgramLineWithoutAPathTouchesNothing) {
@@ -252,7 +251,7 @@ class RunFunction : public RunProfile {
 
 TEST_F(RunFunction, ParametersNameVariablesOrFillTheFirstOne) {
     run("BasicFunction.copy\nBasicFunction.COPY=b=c\nBasicFunction.copy=from=x||y||Mode=-f||path=C:\\d\\\\e");
-    EXPECT_EQ(jobs(), (Jobs{"cp -s a  Safe 2", "cp -s b=c  Safe 2", "cp -f x||y C:\\\\d\\\\e Fast 1"}));
+    EXPECT_EQ(jobs(), (Lines{"cp -s a  Safe 2", "cp -s b=c  Safe 2", "cp -f x||y C:\\\\d\\\\e Fast 1"}));
 }
 
 TEST_F(RunFunction, OnlyDigitsAloneAreAnItemNumber) {
@@ -261,13 +260,13 @@ TEST_F(RunFunction, OnlyDigitsAloneAreAnItemNumber) {
                            "type=shell", "command=cp $mode$", "mode=" + value, "[/command]"});
         run("BasicFunction.copy");
     }
-    EXPECT_EQ(jobs(), (Jobs{"cp -s", "cp  2", "cp +2", "cp -s"}));
+    EXPECT_EQ(jobs(), (Lines{"cp -s", "cp  2", "cp +2", "cp -s"}));
 }
 
 TEST_F(RunFunction, WritesAFileAndSpellsTheBuiltInsInItsOwnWay) {
     run("BasicFunction.note=memo\nBasicFunction.plain=ignored");
-    EXPECT_EQ(jobs(), (Jobs{"//File saved to " + folder() + "/memo.txt",
-                            "run $exepathdblslash$ " + doubleBackslashes(folder())}));
+    EXPECT_EQ(jobs(), (Lines{"//File saved to " + folder() + "/memo.txt",
+                             "run $exepathdblslash$ " + doubleBackslashes(folder())}));
     EXPECT_EQ(read("memo.txt"), "memo\r\n\r\n" + folder() + " end\r\n");
 }
 
@@ -285,9 +284,9 @@ TEST_F(RunFunction, UnknownNamesAndArguments) {
 TEST_F(RunFunction, AnUnsetListIsNamed) {
     write("Brasquelin.ini", {"[config]", "basicfunctionpath = ", "[/config]"});
     EXPECT_FALSE(run("BasicFunction.copy"));
-    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + profile() +
-                               "' at line 6\r\nThe setting BasicFunctionPath is empty: it names the list file of the "
-                               "basic functions."});
+    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + profile() +
+                                "' at line 6\r\nThe setting BasicFunctionPath is empty: it names the list file of the "
+                                "basic functions."});
 }
 
 TEST_F(RunFunction, AFileWithoutWriteKeepsThePreviousTextAndOtherKindsGiveAnEmptyLine) {
@@ -304,8 +303,8 @@ TEST_F(RunFunction, AnUnwritableFileStopsTheRun) {
                        "command=$exepath$/none/x.txt", "[/command]"});
     EXPECT_FALSE(run("BasicFunction.note=a\nEcho"));
     EXPECT_TRUE(jobs().empty());
-    EXPECT_EQ(messages(), Jobs{"Brasquelin Error: Error 76 : Path not found\r\nWhile writting '" + folder() +
-                               "/none/x.txt'\r\nFrom file '" + profile() + "' at line 6"});
+    EXPECT_EQ(messages(), Lines{"Brasquelin Error: Error 76 : Path not found\r\nWhile writting '" + folder() +
+                                "/none/x.txt'\r\nFrom file '" + profile() + "' at line 6"});
 }
 
 }  // namespace

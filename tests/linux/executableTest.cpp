@@ -15,8 +15,6 @@ namespace {
 
 class LinuxExecutable : public testing::Test {
   protected:
-    using Lines = std::vector<std::string>;
-
     void copySamples() const {
         const auto built = std::filesystem::path(BRASQUELIN_PROGRAM).parent_path();
         for (const char* part :

@@ -2,27 +2,21 @@
 #pragma once
 
 #include <sys/types.h>
-#include <unistd.h>
 
 #include <csignal>
-#include <fstream>
-#include <iterator>
 #include <string>
+
+#include "support/becomesTrue.h"
+#include "support/scratchDirectory.h"
 
 namespace brasquelin {
 
-/// True as well for one that whoever inherited it has not collected yet.
-inline bool hasEnded(pid_t process) {
-    if (kill(process, 0) != 0) return true;
-    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
-    const std::string status{std::istreambuf_iterator<char>(file), {}};
-    return status.find(") Z ") != std::string::npos;
-}
-
-/// Waits for it, ten seconds at most.
+/// Waits for its end. True as well for one that whoever inherited it has not collected yet.
 inline bool ends(pid_t process) {
-    for (int i = 0; i < 5000 && !hasEnded(process); ++i) usleep(2000);
-    return hasEnded(process);
+    return becomesTrue([process] {
+        return kill(process, 0) != 0 ||
+               bytesOf("/proc/" + std::to_string(process) + "/stat").find(") Z ") != std::string::npos;
+    });
 }
 
 }  // namespace brasquelin

@@ -13,7 +13,6 @@ namespace {
 
 class Files : public ProgramTest {
   protected:
-    using Names = std::vector<std::string>;
 };
 
 TEST_F(Files, AreReplacedWhole) {
@@ -22,7 +21,7 @@ TEST_F(Files, AreReplacedWhole) {
     writeFile(path, "first");
     saveFile(path, "second");
     EXPECT_EQ(readFileBytes(path), "second");
-    EXPECT_EQ(listFiles(folder()), Names{name});
+    EXPECT_EQ(listFiles(folder()), Lines{name});
     EXPECT_TRUE(deleteFile(path));
     EXPECT_FALSE(deleteFile(path));
 }
@@ -54,18 +53,18 @@ TEST_F(Files, ErrorsTellWhatIsWrong) {
 
 TEST_F(Files, ListsAreSortedWithoutRegardToLetterCase) {
     for (const char* name : {"b.txt", "A.txt", "c.txt", "dir/x"}) write(name, {});
-    EXPECT_EQ(listFiles(folder()), (Names{"A.txt", "b.txt", "c.txt"}));
-    EXPECT_EQ(listDirectories(folder()), Names{"dir"});
+    EXPECT_EQ(listFiles(folder()), (Lines{"A.txt", "b.txt", "c.txt"}));
+    EXPECT_EQ(listDirectories(folder()), Lines{"dir"});
     EXPECT_TRUE(listFiles(folder() + "/none").empty());
 }
 
 TEST_F(Files, TextIsKeptUntilItChanges) {
     write("x.txt", {"one", "two"});
     const auto first = readTextFile(folder() + "/x.txt");
-    EXPECT_EQ(first->lines, (Names{"one", "two"}));
+    EXPECT_EQ(first->lines, (Lines{"one", "two"}));
     EXPECT_EQ(readTextFile(folder() + "/x.txt"), first);
     writeFile(folder() + "/x.txt", "three");
-    EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, Names{"three"});
+    EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, Lines{"three"});
 }
 
 TEST_F(Files, ShortPathsExist) {
@@ -103,9 +102,9 @@ TEST_F(Files, WhatIsNoTextIsRefusedWithItsLine) {
 
 TEST_F(Files, CarriageReturnsEndLinesWhereNothingElseDoes) {
     writeBytes("x.txt", "one\rtwo\r\rfour");
-    EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, (Names{"one", "two", "", "four"}));
+    EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, (Lines{"one", "two", "", "four"}));
     writeBytes("x.txt", "one\rstill one\ntwo\r");
-    EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, (Names{"one\rstill one", "two\r"}));
+    EXPECT_EQ(readTextFile(folder() + "/x.txt")->lines, (Lines{"one\rstill one", "two\r"}));
 }
 
 /// Files in the Western code pages, read and written again.

@@ -4,8 +4,11 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brasquelin {
+
+using Lines = std::vector<std::string>;
 
 class ScratchDirectory {
   public:

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/scratchDirectory.h"
 #include "text/runTimeError.h"
 #include "text/substitution.h"
 
@@ -41,8 +42,8 @@ TEST(Text, LetterCaseIsFoldedWithoutALocale) {
 }
 
 TEST(Text, LinesEndWithEitherMarkAndTheLastOneWithoutAny) {
-    EXPECT_EQ(splitLines("a\r\nb\n\nc"), (std::vector<std::string>{"a", "b", "", "c"}));
-    EXPECT_EQ(splitLines("a\r\n"), std::vector<std::string>{"a"});
+    EXPECT_EQ(splitLines("a\r\nb\n\nc"), (Lines{"a", "b", "", "c"}));
+    EXPECT_EQ(splitLines("a\r\n"), Lines{"a"});
     EXPECT_TRUE(splitLines("").empty());
 }
 

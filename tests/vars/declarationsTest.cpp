@@ -12,8 +12,6 @@ namespace {
 
 class Declarations : public ProgramTest {
   protected:
-    using Lines = std::vector<std::string>;
-
     void readProfile(const Lines& lines) {
         write("x.bqp", lines);
         readProfileVariables(path(), 1);
@@ -43,11 +41,6 @@ TEST_F(Declarations, AreReadByPositionInsideTheBlockOnly) {
     EXPECT_EQ(profile().row(1).defaultValue, "");
 }
 
-TEST_F(Declarations, TagsStandAloneOnTheirLines) {
-    readProfile({" [var]", "a", ".Type=Text", ".Info="});
-    EXPECT_TRUE(profile().empty());
-}
-
 TEST_F(Declarations, DefaultsKnowBothSpellingsOfTheDoubledDirectories) {
     write("x.bqp", {"[var]", "a", ".Type=Text", ".Info=", ".Default=$scriptpathdbslash$ $SCRIPTPATHDBLSLASH$ $index$"});
     readProfileVariables(path(), 3);
@@ -74,6 +67,8 @@ TEST_F(Declarations, TheReadersDifferAtTheEndOfTheFile) {
               Lines{"Brasquelin Error: Error 62 : Input past end of file\r\nWhile loading '" + path() + "'"});
     readProfile({"[var]", "alone"});
     EXPECT_TRUE(profile().empty());
+    readProfile({" [var]", "a", ".Type=Text", ".Info="});
+    EXPECT_TRUE(profile().empty()) << "a tag stands alone on its line";
 }
 
 TEST_F(Declarations, AParseErrorNamesTheLineAndEndsTheProgram) {
@@ -115,14 +110,14 @@ TEST(TypeSpec, IsChecked) {
 }
 
 TEST(TypeSpec, ChoicesBeginWithAnEmptyEntry) {
-    std::vector<std::string> labels;
-    std::vector<std::string> values;
+    Lines labels;
+    Lines values;
     fillCombChoices(choiceText("Comb(Fast[-O2]||None[])"), labels, values);
-    EXPECT_EQ(labels, (std::vector<std::string>{"", "Fast", "None"}));
-    EXPECT_EQ(values, (std::vector<std::string>{"", "-O2", ""}));
+    EXPECT_EQ(labels, (Lines{"", "Fast", "None"}));
+    EXPECT_EQ(values, (Lines{"", "-O2", ""}));
     labels.clear();
     fillListChoices(choiceText("list(a||||b)"), labels);
-    EXPECT_EQ(labels, (std::vector<std::string>{"", "a", "", "b"}));
+    EXPECT_EQ(labels, (Lines{"", "a", "", "b"}));
 }
 
 }  // namespace

@@ -11,8 +11,6 @@ namespace {
 
 class LoadPrompt : public ProgramTest {
   protected:
-    using Lines = std::vector<std::string>;
-
     void load(PromptKind kind, const Lines& presets = {}, bool named = false) {
         writeText("x.bqp",
                   "#Brasquelin Profile  My tool\n[var]\n"
@@ -97,16 +95,6 @@ TEST_F(LoadPrompt, PresetsConfirmUnseenAlsoWhenTheyCoverOnlySomeRows) {
     EXPECT_EQ(given.back(), (Lines{"title=T", "color=red", "speed=-f", "input=/in", "log=old"}));
 }
 
-TEST_F(LoadPrompt, AskLeavesTheRowToTheUser) {
-    load(PromptKind::profile, {"T", "#Ask#"});
-    EXPECT_EQ(windowCalls(), Lines{"show frmVarProfile modal"});
-    EXPECT_TRUE(given.empty());
-    EXPECT_TRUE(form().rows[1].askUser);
-    EXPECT_EQ(form().rows[1].selected, 2);
-    EXPECT_FALSE(form().rows[0].backdropVisible);
-    EXPECT_TRUE(form().rows[1].backdropVisible);
-}
-
 TEST_F(LoadPrompt, BadNumbersOfChoicesAreErrors) {
     EXPECT_EQ(errorOf([&] { load(PromptKind::profile, {"T", "red"}); }), ErrorNumber::typeMismatch);
     EXPECT_EQ(errorOf([&] { load(PromptKind::profile, {"T", "3"}); }), ErrorNumber::subscriptOutOfRange);
@@ -141,15 +129,19 @@ TEST_F(LoadPrompt, PopOpensTheFileDialogOfAPath) {
     EXPECT_EQ(read("pop.tmp"), "in=" + folder() + "/in.txt\r\n");
 }
 
-TEST_F(LoadPrompt, OnlyRowsThatTookAValueLoseTheirBackdrop) {
+TEST_F(LoadPrompt, AskLeavesTheRowToTheUserAndOnlyRowsThatTookAValueLoseTheirBackdrop) {
     const auto visible = [this] {
         std::string rows;
         for (const auto& row : form().rows) rows += row.backdropVisible ? 'x' : '-';
         return rows;
     };
     answerFile("");
-    load(PromptKind::profile, {"T", "#pop#", "#ask#", "#pop:in", "C:\\x"});
+    load(PromptKind::profile, {"T", "#pop#", "#Ask#", "#pop:in", "C:\\x"});
     EXPECT_EQ(visible(), "-xxx-");
+    EXPECT_EQ(windowCalls(), Lines{"show frmVarProfile modal"});
+    EXPECT_TRUE(given.empty());
+    EXPECT_TRUE(form().rows[2].askUser);
+    EXPECT_EQ(form().rows[1].selected, 2);
     load(PromptKind::function, {"", "0", "#ask#", "/in", "C:\\x"});
     EXPECT_EQ(visible(), "--x-x");
 }

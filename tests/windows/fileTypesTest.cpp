@@ -42,26 +42,23 @@ class Registry : public testing::Test {
     }
 };
 
-TEST_F(Registry, aTextKeepsEveryCharacter) {
-    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType\\sub", "", registryText, "caf\u00E9 %1");
-    const StoredValue value = stored(L"Brasquelin.TestType\\sub", nullptr);
-    EXPECT_EQ(value.type, static_cast<DWORD>(REG_SZ));
-    EXPECT_EQ(textOf(value), L"caf\u00E9 %1");
+TEST_F(Registry, ValuesHaveTheTypeThatIsMeant) {
+    const std::string key = "Brasquelin.TestType";
+    setRegistryValue(RegistryHive::classesRoot, key + "\\sub", "", registryText, "caf\u00E9 %1");
+    setRegistryValue(RegistryHive::classesRoot, key, "expand", REG_EXPAND_SZ, "%ComSpec%");
+    setRegistryValue(RegistryHive::classesRoot, key, "n", registryNumber, "258");
+    setRegistryValue(RegistryHive::classesRoot, std::string(100000, 'x'), "", registryText, "x");
+    setRegistryValue(RegistryHive::classesRoot, key, "bad", registryNumber, "none");
+    const StoredValue text = stored(L"Brasquelin.TestType\\sub", nullptr);
+    EXPECT_EQ(text.type, static_cast<DWORD>(REG_SZ));
+    EXPECT_EQ(textOf(text), L"caf\u00E9 %1");
+    EXPECT_EQ(stored(testKey, L"expand").type, static_cast<DWORD>(REG_SZ)) << "any other type is written as text";
+    EXPECT_EQ(stored(testKey, L"n").type, static_cast<DWORD>(REG_DWORD));
+    EXPECT_EQ(stored(testKey, L"n").data, (std::vector<BYTE>{2, 1, 0, 0}));
+    EXPECT_EQ(stored(testKey, L"bad").type, 0U) << "failures are silent";
 }
 
-TEST_F(Registry, anyOtherTypeIsWrittenAsText) {
-    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType", "expand", REG_EXPAND_SZ, "%ComSpec%");
-    EXPECT_EQ(stored(testKey, L"expand").type, static_cast<DWORD>(REG_SZ));
-}
-
-TEST_F(Registry, aNumberHasFourBytes) {
-    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType", "n", registryNumber, "258");
-    const StoredValue value = stored(testKey, L"n");
-    EXPECT_EQ(value.type, static_cast<DWORD>(REG_DWORD));
-    EXPECT_EQ(value.data, (std::vector<BYTE>{2, 1, 0, 0}));
-}
-
-TEST_F(Registry, whoMayNotWriteForAllWritesForOneself) {
+TEST_F(Registry, WhoMayNotWriteForAllWritesForOneself) {
     // Below a key that is gone nothing can be created.
     constexpr const wchar_t* goneKey = L"Software\\Brasquelin.Gone";
     HKEY gone = nullptr;
@@ -77,12 +74,6 @@ TEST_F(Registry, whoMayNotWriteForAllWritesForOneself) {
                  text, &size);
     EXPECT_STREQ(text, L"own");
     RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\Brasquelin.TestType");
-}
-
-TEST_F(Registry, failuresAreSilent) {
-    setRegistryValue(RegistryHive::classesRoot, std::string(100000, 'x'), "", registryText, "x");
-    setRegistryValue(RegistryHive::classesRoot, "Brasquelin.TestType", "bad", registryNumber, "none");
-    EXPECT_EQ(stored(testKey, L"bad").type, 0U);
 }
 
 }  // namespace

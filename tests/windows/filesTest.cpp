@@ -38,7 +38,7 @@ TEST_F(WindowsFiles, HiddenOnesAreNotListedAndDevicesAreWrittenDirectly) {
     SetFileAttributesW(fromUtf8(folder() + "/hidden.bqp").c_str(), FILE_ATTRIBUTE_HIDDEN);
     changeDirectory(folder());
     writeFile("NUL", "gone");
-    EXPECT_EQ(listFiles(folder()), std::vector<std::string>{"b.bqp"});
+    EXPECT_EQ(listFiles(folder()), Lines{"b.bqp"});
     EXPECT_TRUE(listFiles("").empty());
 }
 

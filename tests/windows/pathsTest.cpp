@@ -20,7 +20,7 @@ TEST_F(WindowsPaths, ShortFormOfADirectoryWithBlanks) {
 
 TEST_F(WindowsPaths, ShortFormBeyondTheFirstBuffer) {
     std::string deep = "\\\\?\\" + utf8(std::filesystem::weakly_canonical(fromUtf8(folder())));
-    // Names that are their own short form, so that the result is long, too.
+    // Lines that are their own short form, so that the result is long, too.
     for (int level = 0; level < 150; ++level) deep += "\\ABCDEFG" + std::to_string(level % 10);
     std::error_code failed;
     std::filesystem::create_directories(fromUtf8(deep), failed);

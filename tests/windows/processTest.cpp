@@ -23,8 +23,7 @@ class WindowsProcesses : public ProgramTest {
 TEST_F(WindowsProcesses, ABatchFileWithBlanksRunsWithItsArguments) {
     writeBytes("say it.bat", "@echo %1-%2>\"%~dp0said.txt\"\r\n@if \"%1\"==\"\" echo a-b>\"%~dp0said.txt\"\r\n");
     const std::string batch = joinPath(folder(), "say it.bat");
-    const std::vector<std::string> commands{batch + " a b", '"' + batch + "\" a b", shortPath(batch) + " a b",
-                                            "cmd /c " + batch};
+    const Lines commands{batch + " a b", '"' + batch + "\" a b", shortPath(batch) + " a b", "cmd /c " + batch};
     for (const std::string& command : commands) {
         remove("said.txt");
         EXPECT_TRUE(runs(command));

@@ -12,7 +12,7 @@ TEST_F(DesktopWindows, SavingAsksForTheNameWithItsExtension) {
     const FileDialogRequest request{FileDialogMode::save, "Save", "Profile Files|*.bqp", ""};
     windows.fileAnswers = {inDirectory("settings"), dotted};
     EXPECT_EQ(dotted + ".bqp", windows.askFile(request));
-    EXPECT_EQ(std::vector<std::string>{"Brasquelin: '" + existing + "' exists already. Replace it?"}, modals.messages);
+    EXPECT_EQ(Lines{"Brasquelin: '" + existing + "' exists already. Replace it?"}, modals.messages);
     EXPECT_EQ(existing, windows.fileRequests.back().startName);
     modals.yesNo = {true};
     windows.fileAnswers = {existing};

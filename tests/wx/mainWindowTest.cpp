@@ -19,7 +19,7 @@ namespace {
 
 using MainWindow = WindowTest;
 
-const std::vector<std::string> commandCaptions{
+const Lines commandCaptions{
     "Add Library", "Add Profile",    "-",       "Clear JobList", "-", "Execute this line", "Execute Joblist",
     "-",           "Profile Editor", "Options", "About"};
 
@@ -31,19 +31,19 @@ TEST_F(MainWindow, OffersItsCommandsInTheMenuThePopUpMenuAndTheToolbar) {
     inBar.resize(commandCaptions.size());
     EXPECT_EQ(commandCaptions, inBar);
 
-    std::vector<std::string> popUp;
+    Lines popUp;
     setMenuPresenter([&](wxWindow&, wxMenu& menu, const wxPoint&) { popUp = captionsOf(menu); });
     rightClick(control<JobListView>(frame, "JobList"));
     EXPECT_EQ(commandCaptions, popUp);
 
     auto& toolbar = control<wxToolBar>(frame, "Toolbar1");
-    std::vector<std::string> tools;
+    Lines tools;
     for (std::size_t i = 0; i < toolbar.GetToolsCount(); ++i) {
         const auto* tool = toolbar.GetToolByPos(static_cast<int>(i));
         tools.push_back(tool->IsSeparator() ? "-" : fromWx(tool->GetLabel()));
     }
-    EXPECT_EQ((std::vector<std::string>{"Add Library", "Add Profile", "-", "Clear Joblist", "-", "Execute Line",
-                                        "Execute Joblist", "-", "Profile Editor", "Options", "About"}),
+    EXPECT_EQ((Lines{"Add Library", "Add Profile", "-", "Clear Joblist", "-", "Execute Line", "Execute Joblist", "-",
+                     "Profile Editor", "Options", "About"}),
               tools);
 }
 
@@ -59,7 +59,7 @@ TEST_F(MainWindow, EachPlaceOpensTheSameWindows) {
         choosePopUps(caption);
         rightClick(control<JobListView>(frame, "JobList"));
     }
-    const std::vector<std::string> windowOf{"frmAddFunction", "frmAddProfile", "frmOption", "frmAbout"};
+    const Lines windowOf{"frmAddFunction", "frmAddProfile", "frmOption", "frmAbout"};
     ASSERT_EQ(12U, modals.shown.size());
     for (std::size_t i = 0; i < 12; ++i) EXPECT_EQ(windowOf[i / 3], modals.shown[i]);
 }
@@ -68,7 +68,7 @@ TEST_F(MainWindow, FilesDroppedOnItOpenOneAfterTheOtherUnlessOneIsRun) {
     wxFrame& frame = start();
     auto* target = dynamic_cast<wxFileDropTarget*>(frame.GetDropTarget());
     ASSERT_NE(nullptr, target);
-    const auto drop = [&](const std::vector<std::string>& paths) {
+    const auto drop = [&](const Lines& paths) {
         wxArrayString names;
         for (const auto& path : paths) names.push_back(toWx(path));
         EXPECT_TRUE(target->OnDropFiles(0, 0, names));
@@ -81,7 +81,7 @@ TEST_F(MainWindow, FilesDroppedOnItOpenOneAfterTheOtherUnlessOneIsRun) {
         click(prompt, "cmdOK");
     });
     drop({a, inDirectory("Brasquelin.ini"), b});
-    EXPECT_EQ((std::vector<std::string>{"echo one", "echo two"}), jobList.lines());
+    EXPECT_EQ((Lines{"echo one", "echo two"}), jobList.lines());
     modals.shown.clear();
     runState.running = true;
     clickTool(frame, "Add Profile");
@@ -118,16 +118,6 @@ TEST_F(MainWindow, ShowsTheJobListAndClearsIt) {
     EXPECT_FALSE(list.selectedLine());
 }
 
-TEST_F(MainWindow, RightButtonSelectsTheLineUnderThePointer) {
-    wxFrame& frame = start();
-    auto& list = control<JobListView>(frame, "JobList");
-    jobList.append("echo a");
-    pump();
-    choosePopUps("Execute this line");
-    rightClick(list);
-    EXPECT_EQ(std::vector<std::string>{"echo a"}, processes.commands);
-}
-
 TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {
     wxFrame& frame = start();
     jobList.append("echo a");
@@ -135,12 +125,12 @@ TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {
                          {"brasquelin.bat", [] { throw RunTimeError(ErrorNumber::fileNotFound, "xterm"); }}};
     pump();
     clickTool(frame, "Execute Line");  // nothing is selected
-    control<JobListView>(frame, "JobList").Select(0);
-    clickTool(frame, "Execute Line");
+    choosePopUps("Execute this line");
+    rightClick(control<JobListView>(frame, "JobList"));  // selects the line under the pointer
+    EXPECT_EQ(Lines{"echo a"}, processes.commands);
     EXPECT_EQ(std::nullopt, endOf([&] { clickTool(frame, "Execute Joblist"); }));
-    EXPECT_EQ((std::vector<std::string>{"Brasquelin Error: Error 5 : Invalid procedure call or argument",
-                                        "Brasquelin Error: of another kind",
-                                        "Brasquelin Error: Error 53 : File not found\n'xterm'"}),
+    EXPECT_EQ((Lines{"Brasquelin Error: Error 5 : Invalid procedure call or argument",
+                     "Brasquelin Error: of another kind", "Brasquelin Error: Error 53 : File not found\n'xterm'"}),
               modals.messages);
     EXPECT_EQ(1U, jobList.size());
     EXPECT_TRUE(frame.IsShown());
@@ -149,7 +139,7 @@ TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {
 TEST_F(MainWindow, ExecutingTheJobListWritesStartsAndEnds) {
     wxFrame& frame = start();
     EXPECT_EQ(std::nullopt, endOf([&] { clickTool(frame, "Execute Joblist"); }));
-    EXPECT_EQ(std::vector<std::string>{"Error: Joblist empty !"}, modals.messages);
+    EXPECT_EQ(Lines{"Error: Joblist empty !"}, modals.messages);
 
     jobList.append("echo one");
     EXPECT_EQ(0, endOf([&] { clickTool(frame, "Execute Joblist"); }));
@@ -180,7 +170,7 @@ TEST_F(MainWindow, AWindowThatIsOpenIsNotShownTwice) {
         options.Close();
     });
     windows.showWindow(ProgramWindow::options, true);
-    EXPECT_EQ(std::vector<std::string>{"frmOption"}, modals.shown);
+    EXPECT_EQ(Lines{"frmOption"}, modals.shown);
     windows.showWindow(ProgramWindow::main, false);
     EXPECT_EQ(&frame, loadedWindow("frmMain"));
 }

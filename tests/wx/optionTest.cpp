@@ -18,14 +18,15 @@ class Options : public WindowTest {
     }
 };
 
-std::vector<std::string> entries(wxWindow& window) {
-    std::vector<std::string> texts;
+Lines entries(wxWindow& window) {
+    Lines texts;
     for (const auto& entry : control<wxListBox>(window, "List1").GetStrings()) texts.emplace_back(entry.utf8_string());
     return texts;
 }
 
 TEST_F(Options, EditsAndSavesTheConfiguration) {
     start();
+    windows.fileAnswers = {inDirectory("data/Select this directory"), inDirectory("functions.ini")};
     modals.textAnswers = {"tool", "gcc", "Other", "x", "clang"};
     open([&](wxDialog& window) {
         for (const char* needsSelection : {"Command7", "Command8"}) {
@@ -36,31 +37,28 @@ TEST_F(Options, EditsAndSavesTheConfiguration) {
         EXPECT_TRUE(modals.textQuestions.empty());
         EXPECT_EQ(exeDirectory() + "/profiles", fromWx(control<wxTextCtrl>(window, "Text2").GetValue()));
         type(window, "Text1", "/new/libraries");
+        click(window, "Command3");
+        click(window, "Command4");
+        EXPECT_EQ(shortPath(inDirectory("functions.ini")), fromWx(control<wxTextCtrl>(window, "Text4").GetValue()));
         click(window, "Command5");
         click(window, "Command5");
-        EXPECT_EQ((std::vector<std::string>{"tool=gcc", "Other=x"}), entries(window));
+        EXPECT_EQ((Lines{"tool=gcc", "Other=x"}), entries(window));
         choose(window, "List1", 0);
         click(window, "Command8");
         choose(window, "List1", 1);
         pressKey(*findControl(window, "List1"), WXK_DELETE);
-        EXPECT_EQ(std::vector<std::string>{"tool=clang"}, entries(window));
+        EXPECT_EQ(Lines{"tool=clang"}, entries(window));
         click(window, "Command6");
     });
     EXPECT_EQ("/new/libraries", settings.libraryPath);
-    EXPECT_EQ("clang", settings.globalVars[0].value);
-}
-
-TEST_F(Options, ChoosesDirectoriesAndTheListFile) {
-    start();
-    windows.fileAnswers = {inDirectory("data/Select this directory"), inDirectory("functions.ini")};
-    open([&](wxDialog& window) {
-        click(window, "Command3");
-        click(window, "Command4");
-        EXPECT_EQ(shortPath(inDirectory("data")), fromWx(control<wxTextCtrl>(window, "Text3").GetValue()));
-        EXPECT_EQ(shortPath(inDirectory("functions.ini")), fromWx(control<wxTextCtrl>(window, "Text4").GetValue()));
+    EXPECT_EQ(0U, settings.pluginPath.find(exeDirectory())) << settings.pluginPath;
+    EXPECT_TRUE(settings.pluginPath.ends_with("data"));
+    open([](wxDialog& window) {
+        type(window, "Text1", "/lost");
         window.Close();
     });
-    EXPECT_EQ("", settings.pluginPath) << "closing discards";
+    EXPECT_EQ("/new/libraries", settings.libraryPath) << "closing discards";
+    EXPECT_EQ("clang", settings.globalVars[0].value);
 }
 
 TEST_F(Options, AFileThatCannotBeWrittenIsToldAndTheWindowStays) {

@@ -27,7 +27,7 @@ TEST_F(Picker, ListsTitlesAndLoadsTheSelectedFile) {
         chooseFromMenu(frame, "Add Profile");
         EXPECT_EQ(nullptr, loadedWindow("frmAddProfile"));
     }
-    EXPECT_EQ((std::vector<std::string>{"echo b", "echo b", "echo b"}), jobList.lines());
+    EXPECT_EQ((Lines{"echo b", "echo b", "echo b"}), jobList.lines());
 }
 
 TEST_F(Picker, NothingToLoadKeepsTheWindowOpen) {
@@ -41,7 +41,7 @@ TEST_F(Picker, NothingToLoadKeepsTheWindowOpen) {
         pressKey(picker, WXK_ESCAPE);
     });
     chooseFromMenu(frame, "Add Library");
-    EXPECT_EQ(std::vector<std::string>{"frmAddFunction"}, modals.shown);
+    EXPECT_EQ(Lines{"frmAddFunction"}, modals.shown);
 }
 
 TEST_F(Picker, AFileThatCannotBeOpenedIsToldAndTheProgramGoesOn) {

@@ -48,27 +48,21 @@ TEST_F(Start, ShowsTheMainWindowWithItsPicturesAndMeasuresTheBorders) {
     EXPECT_GT(picture.GetWidth(), 16);
 }
 
-TEST_F(Start, AFileNamedOnTheCommandLineIsAskedRunAndEnds) {
-    start(writeOneVariable());
-    ASSERT_NE(nullptr, loadedWindow("frmVarProfile")) << testing::PrintToString(modals.messages);
-    wxWindow& prompt = *loadedWindow("frmVarProfile");
-    EXPECT_TRUE(prompt.IsShown());
-    type(prompt, "textType", "typed");
-    EXPECT_EQ(0, endOf([&] { click(prompt, "cmdOK"); }));
-    EXPECT_EQ("echo typed\r\n", readFile("brasquelin.bat"));
-    EXPECT_EQ(1U, processes.commands.size());
-}
-
-TEST_F(Start, CancelOfThatPromptKeepsTheMainWindowItsCloseBoxEnds) {
+TEST_F(Start, AFileNamedOnTheCommandLineIsAskedFor) {
     const std::string profile = writeOneVariable();
     wxFrame& frame = start(profile);
+    ASSERT_NE(nullptr, loadedWindow("frmVarProfile")) << testing::PrintToString(modals.messages);
     EXPECT_EQ(std::nullopt, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdCancel"); }));
     EXPECT_TRUE(frame.IsShown());
     EXPECT_EQ(nullptr, loadedWindow("frmVarProfile"));
-
     start(profile);
     EXPECT_EQ(0, endOf([] { loadedWindow("frmVarProfile")->Close(); }));
     EXPECT_TRUE(jobList.empty());
+    start(profile);
+    type(*loadedWindow("frmVarProfile"), "textType", "typed");
+    EXPECT_EQ(0, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
+    EXPECT_EQ("echo typed\r\n", readFile("brasquelin.bat"));
+    EXPECT_EQ(1U, processes.commands.size());
 }
 
 TEST_F(Start, AnotherFileTakesThePlaceOfThePrompt) {
@@ -89,24 +83,16 @@ TEST_F(Start, AnotherFileTakesThePlaceOfThePrompt) {
     EXPECT_EQ(nullptr, loadedWindow("frmVarProfile"));
 }
 
-TEST_F(Start, AFileWithoutVariablesLeavesThePromptAsItWas) {
+TEST_F(Start, AFileWithoutVariablesLeavesThePromptAndWhileOneIsRunItsOkIsRefused) {
     start(writeOneVariable());
     openPicked(writeProfile("profiles/none.bqp", "None", "", "none"));
     pump();
-    EXPECT_EQ("echo none", jobList.line(0));
-    EXPECT_EQ(0, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
-    EXPECT_EQ("echo none\r\necho d\r\n", readFile("brasquelin.bat"));
-}
-
-TEST_F(Start, OkIsRefusedWhileAnotherFileIsRun) {
-    start(writeOneVariable());
     runState.running = true;
     EXPECT_EQ(std::nullopt, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
-    EXPECT_EQ(std::vector<std::string>{"Brasquelin: Another file is still being run."}, modals.messages);
+    EXPECT_EQ(Lines{"Brasquelin: Another file is still being run."}, modals.messages);
     runState.running = false;
-    ASSERT_NE(nullptr, loadedWindow("frmVarProfile"));
     EXPECT_EQ(0, endOf([] { click(*loadedWindow("frmVarProfile"), "cmdOK"); }));
-    EXPECT_EQ("echo d\r\n", readFile("brasquelin.bat"));
+    EXPECT_EQ("echo none\r\necho d\r\n", readFile("brasquelin.bat"));
 }
 
 TEST_F(Start, ALongPluginIsToldAndMayBeEnded) {

@@ -235,8 +235,8 @@ void chooseFromMenu(wxFrame& frame, const std::string& caption) {
     send(frame, wxEVT_MENU, menu.FindItem(toWx(caption)));
 }
 
-std::vector<std::string> captionsOf(const wxMenu& menu) {
-    std::vector<std::string> captions;
+Lines captionsOf(const wxMenu& menu) {
+    Lines captions;
     for (const auto* item : menu.GetMenuItems()) {
         captions.push_back(item->IsSeparator() ? "-" : fromWx(item->GetItemLabelText()));
     }

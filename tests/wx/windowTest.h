@@ -29,7 +29,7 @@ class TestDesktop : public ProgramWindows {
 
     std::deque<std::string> fileAnswers;
     std::vector<FileDialogRequest> fileRequests;
-    std::vector<std::string> links;
+    Lines links;
 
   protected:
     ChosenFile chooseFile(const FileDialogRequest& request) override;
@@ -48,12 +48,12 @@ using ModalStep = std::function<void(wxDialog&)>;
 /// step, or left open by it, fails the test.
 class ModalScript : public wxModalDialogHook {
   public:
-    std::vector<std::string> messages;
+    Lines messages;
     std::deque<bool> yesNo;
     std::deque<std::optional<std::string>> textAnswers;
-    std::vector<std::string> textQuestions;
+    Lines textQuestions;
     std::deque<ModalStep> steps;
-    std::vector<std::string> shown;  // the names of the windows
+    Lines shown;  // the names of the windows
 
   protected:
     int Enter(wxDialog* dialog) override;
@@ -115,7 +115,7 @@ void choose(wxWindow& window, const std::string& list, int position);
 void doubleClick(wxWindow& window, const std::string& list);
 void pressKey(wxWindow& target, int keyCode);
 void chooseFromMenu(wxFrame& frame, const std::string& caption);
-std::vector<std::string> captionsOf(const wxMenu& menu);
+Lines captionsOf(const wxMenu& menu);
 /// Opens the list's pop-up menu.
 void rightClick(wxWindow& list);
 /// From now on each pop-up menu is answered by this choice.

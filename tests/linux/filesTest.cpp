@@ -1,0 +1,111 @@
+#include "platform/files.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "config/clearDirectory.h"
+#include "platform/paths.h"
+#include "support/programTest.h"
+
+namespace brasquelin {
+namespace {
+
+class LinuxFiles : public ProgramTest {
+  protected:
+    void link(const std::string& target, const std::string& name) const {
+        ASSERT_EQ(symlink(target.c_str(), (folder() + "/" + name).c_str()), 0);
+    }
+};
+
+TEST_F(LinuxFiles, PathsAreFoundInAnyLetterCaseAndWithEitherSeparator) {
+    write("Lib/Été.txt", {"x"});
+    write("both/a", {"lower"});
+    write("both/A", {"upper"});
+    EXPECT_EQ(resolvePath(folder() + "\\LIB\\éTÉ.TXT"), folder() + "/Lib/Été.txt");
+    EXPECT_EQ(resolvePath(folder() + "/both/a"), folder() + "/both/a");
+    EXPECT_EQ(resolvePath(folder() + "/LIB/new.txt"), folder() + "/Lib/new.txt");
+    EXPECT_EQ(shortPath(folder() + "\\lib\\"), folder() + "/Lib");
+    writeFile(folder() + "\\LIB\\ÉTÉ.TXT", "y");
+    EXPECT_EQ(read("Lib/Été.txt"), "y");
+    EXPECT_TRUE(isFileSystemRoot("/"));
+}
+
+TEST_F(LinuxFiles, ReplacingKeepsPermissionsDevicesAndLinksOfAnyLetterCase) {
+    write("real.txt", {"x"});
+    chmod((folder() + "/real.txt").c_str(), 0640);
+    link("real.txt", "Link.txt");
+    write("LINK.TXT", {"another file"});
+    saveFile(folder() + "/Link.txt", "new");
+    EXPECT_TRUE(isLink(folder() + "/Link.txt"));
+    EXPECT_EQ(read("real.txt"), "new");
+    struct stat status {};
+    stat((folder() + "/real.txt").c_str(), &status);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+    EXPECT_NO_THROW(writeFile("/dev/null", "x"));
+    EXPECT_EQ(errorOf([] { writeFile("/dev/full", "x"); }), ErrorNumber::diskFull);
+}
+
+TEST_F(LinuxFiles, AWriteThatFailsLeavesTheOldFileAlone) {
+    write("kept.txt", {"old"});
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{64, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const ErrorNumber error = errorOf([this] { saveFile(folder() + "/kept.txt", std::string(1000, 'x')); });
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(error, ErrorNumber::pathFileAccess);
+    EXPECT_EQ(read("kept.txt"), "old\r\n");
+    EXPECT_EQ(listFiles(folder()), Lines{"kept.txt"});
+}
+
+TEST_F(LinuxFiles, OnlyTheDirectoryThatIsNamedExactlyIsCleared) {
+    write("real/prog/keep.txt", {});
+    write("real/keep.txt", {});
+    write("tmp/a.txt", {});
+    link(folder() + "/real/prog", "link");
+    link("/usr", "usr");
+    setProgramDirectory(folder() + "/link");
+    for (const char* guarded : {"/link", "/link/.", "/link/..", "/real", "/real//./", "/tmp/../real/prog/"}) {
+        clearDirectory(folder() + guarded);
+    }
+    clearDirectory(folder() + "/TMP");
+    EXPECT_TRUE(exists("real/prog/keep.txt"));
+    EXPECT_TRUE(exists("real/keep.txt"));
+    EXPECT_TRUE(exists("tmp/a.txt"));
+    clearDirectory(folder() + "/link\\..\\..\\tmp\\");
+    EXPECT_FALSE(exists("tmp/a.txt"));
+    for (const std::string root : {"/", "//", "/.", "/..", "\\"}) EXPECT_TRUE(isFileSystemRoot(root)) << root;
+    EXPECT_TRUE(isFileSystemRoot(folder() + "/usr/.."));
+    EXPECT_FALSE(isFileSystemRoot(folder() + "/usr"));
+}
+
+TEST_F(LinuxFiles, NeitherOtherNamesNorOddOnesLeadClearingElsewhere) {
+    write("keep.txt", {"x"});
+    write("tmp/sub/inner/x", {});  // too deep to go
+    write("tmp/sub\\..\\..\\keep.txt", {"x"});
+    write("tmp/gone.txt", {"x"});
+    clearDirectory(folder() + "/tmp");
+    EXPECT_TRUE(exists("keep.txt"));
+    EXPECT_FALSE(exists("tmp/gone.txt"));
+    write("real/program/keep.txt", {"x"});
+    link("real", "other");
+    link("../../real/program", "real/program/inside");
+    setProgramDirectory(folder() + "/real/program");
+    clearDirectory(folder() + "/other/program");
+    clearDirectory(folder() + "/other/");
+    write("elsewhere/keep.txt", {"x"});
+    link("elsewhere", "link");
+    clearDirectory(folder() + "/link/");
+    EXPECT_TRUE(exists("elsewhere/keep.txt"));
+    clearDirectory(folder() + "/real/program/inside/..");
+    EXPECT_TRUE(exists("real/program/keep.txt"));
+}
+
+}  // namespace
+}  // namespace brasquelin
