@@ -153,7 +153,9 @@ void WxDesktop::presentMessage(std::string_view text, std::string_view title, Ic
 }
 
 bool WxDesktop::askYesNo(std::string_view text, std::string_view title) {
-    wxRichMessageDialog box(newestWindow(), messageText(text), toWx(title), wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION);
+    // The box of Windows itself can be left by its buttons only.
+    wxGenericRichMessageDialog box(newestWindow(), messageText(text), toWx(title),
+                                   wxYES_NO | wxNO_DEFAULT | wxICON_QUESTION);
     box.SetEscapeId(wxID_NO);  // for the close box, too
     keepCentred(box);
     return showModally(box) == wxID_YES;
