@@ -23,12 +23,20 @@ DropDown::DropDown(wxWindow* parent, const std::vector<std::string>& entries, co
 #endif
 }
 
+/// The entries draw themselves by what the control still is.
+DropDown::~DropDown() {
+    if (open_) Dismiss();
+}
+
 /// While the entries are shown, the keys are theirs and not the dialog's.
 void DropDown::handleKey(wxKeyEvent& event) {
     if (!open_) return event.Skip();
 #ifdef __WXGTK__
-    wxKeyEvent key(wxEVT_KEY_DOWN, event);
-    if (GetPopupControl()->GetControl()->HandleWindowEvent(key)) return;
+    for (const auto type : {wxEVT_KEY_DOWN, wxEVT_CHAR}) {
+        wxKeyEvent key(type, event);
+        key.StopPropagation();  // the entries' window would send it to the entries, again and again
+        if (GetPopupControl()->GetControl()->HandleWindowEvent(key)) return;
+    }
 #endif
     event.DoAllowNextEvent();
 }

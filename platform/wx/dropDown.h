@@ -21,6 +21,7 @@ class DropDown : public DropDownControl {
   public:
     /// Sends wxEVT_COMBOBOX when the user selects; nothing is selected at first.
     DropDown(wxWindow* parent, const std::vector<std::string>& entries, const wxString& name);
+    ~DropDown() override;
 
     /// The selected entry.
     wxString GetStringSelection() const override { return wxItemContainer::GetStringSelection(); }
