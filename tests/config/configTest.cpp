@@ -102,7 +102,7 @@ TEST_F(Config, SomeDirectoriesAreNeverCleared) {
     clearDirectory(programDirectory() + "/");
     EXPECT_TRUE(exists("keep.txt"));
     clearDirectory(folder() + "/tmp");
-    if (!cannotLink) clearDirectory(folder() + "/link");
+    if (!cannotLink) clearDirectory(folder() + "/link/");
     EXPECT_FALSE(exists("tmp/link"));
     EXPECT_TRUE(exists("outside/a.txt"));
 }

@@ -76,7 +76,12 @@ TEST_F(EditorActions, FailuresNameTheFileAndKeepTheDocument) {
     openProfile([] {});
     answerFile(folder() + "/none/x.bqp");
     saveProfileAs();
-    EXPECT_EQ(messages(),
+    writeBytes("binary.bqp", std::string("#Brasquelin Profile x\n\0\1\2", 25));
+    answerFile(folder() + "/binary.bqp");
+    openProfile([] { FAIL(); });
+    ASSERT_EQ(messages().size(), 3U);
+    EXPECT_NE(messages()[2].find("binary.bqp' at line 2"), std::string::npos);
+    EXPECT_EQ(Lines(messages().begin(), messages().begin() + 2),
               (Lines{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/none.bqp'",
                      "Brasquelin Error: Error 76 : Path not found\r\nWhile writting '" + folder() + "/none/x.bqp'"}));
     EXPECT_EQ(document.listCommand, Lines{"one"});
@@ -100,18 +105,6 @@ TEST_F(EditorActions, AFileThatIsNoProfileIsReplacedOnlyAfterAQuestion) {
     EXPECT_TRUE(exists("letter.bqp"));
     openProfile([] {});
     EXPECT_EQ(messages().size(), 1U);
-}
-
-TEST_F(EditorActions, AFileThatIsNoTextIsNotOpened) {
-    answerFile(profile());
-    openProfile([] {});
-    writeBytes("binary.bqp", std::string("#Brasquelin Profile x\n\0\1\2", 25));
-    answerFile(folder() + "/binary.bqp");
-    openProfile([] { FAIL(); });
-    EXPECT_EQ(document.listCommand, Lines{"one"});
-    EXPECT_EQ(settings.profilePath, profile());
-    ASSERT_EQ(messages().size(), 1U);
-    EXPECT_NE(messages()[0].find("binary.bqp' at line 2"), std::string::npos);
 }
 
 TEST_F(EditorActions, AddsIncludesPluginsAndChecks) {

@@ -1,7 +1,6 @@
 #include "support/programRun.h"
 
 #include "platform/paths.h"
-#include "text/text.h"
 
 namespace brasquelin {
 
@@ -17,10 +16,6 @@ ProgramRun::~ProgramRun() {
 
 bool ProgramRun::exists(std::string_view name) const {
     return std::filesystem::exists(path() / fromUtf8(name));
-}
-
-std::string ProgramRun::writeLines(std::string_view name, std::string_view lines) const {
-    return write(name, replaceAll(lines, "\n", "\r\n") + "\r\n");
 }
 
 void ProgramRun::writeLineLibrary() const {

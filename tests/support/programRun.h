@@ -20,8 +20,6 @@ class ProgramRun : public ScratchDirectory {
     const std::string& shortDirectory() const { return shortDirectory_; }
     bool exists(std::string_view name) const;
 
-    /// Writes a file, each line ended by CR LF.
-    std::string writeLines(std::string_view name, std::string_view lines) const;
     /// A library "line" whose job is the text that it is given.
     void writeLineLibrary() const;
     /// A profile with a text variable "x", further lines of its library section, and this body, which may call "line".

@@ -5,7 +5,6 @@
 #include "engine/runProfile.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
-#include "text/text.h"
 
 namespace brasquelin {
 
@@ -41,7 +40,7 @@ void ProgramTest::writeBytes(const std::string& name, const std::string& bytes) 
 }
 
 void ProgramTest::writeText(const std::string& name, const std::string& lines) const {
-    write(name, splitLines(lines));
+    directory_.writeLines(name, lines);
 }
 
 void ProgramTest::writeSayLibrary(const std::string& name) const {

@@ -6,6 +6,7 @@
 
 #include "platform/paths.h"
 #include "platform/textFiles.h"
+#include "text/text.h"
 
 namespace brasquelin {
 
@@ -32,6 +33,12 @@ std::string ScratchDirectory::write(std::string_view name, std::string_view byte
     std::ofstream(file, std::ios::binary) << bytes;
     forgetTextFiles();
     return *this / name;
+}
+
+std::string ScratchDirectory::writeLines(std::string_view name, std::string_view lines) const {
+    std::string bytes;
+    for (const auto& line : splitLines(lines)) bytes += line + "\r\n";
+    return write(name, bytes);
 }
 
 std::string ScratchDirectory::read(std::string_view name) const {

@@ -22,6 +22,8 @@ class ScratchDirectory {
     std::string operator/(std::string_view name) const;
     /// Writes bytes as they are, in a subdirectory if need be. Gives the file's full name.
     std::string write(std::string_view name, std::string_view bytes) const;
+    /// Writes lines that are separated by "\n", each ended by CR LF.
+    std::string writeLines(std::string_view name, std::string_view lines) const;
     /// The bytes of a file; empty when there is none.
     std::string read(std::string_view name) const;
 

@@ -74,15 +74,6 @@ TEST_F(WindowsExecutable, RegistersItsFileTypesAtEveryStart) {
     EXPECT_TRUE(isNoLongerExecuted("Brasquelin.exe")) << "it ends by itself once the batch file has run";
 }
 
-TEST_F(WindowsExecutable, ThePathOfItsDirectoryIsShort) {
-    const std::string profile = program.writeProfile("p.bqp", "", "line\n.text=rem $exepath$");
-    EXPECT_EQ(program.run(profile + " 001=x"), 0);
-    const std::string batch = decodeOem(program.read("brasquelin.bat"));
-    const std::string path = batch.substr(4, batch.size() - 6);
-    EXPECT_EQ(path.find(' '), std::string::npos) << path;
-    EXPECT_TRUE(std::filesystem::equivalent(fromUtf8(path), program.path())) << path;
-}
-
 TEST_F(WindowsExecutable, EndsItsChildWithItsMainWindow) {
     useSleepingLauncher();
     program.start(program.writeProfile("p.bqp", "", "line\n.text=rem"));
@@ -102,13 +93,6 @@ TEST_F(WindowsExecutable, EndsItsChildWhenItIsEndedByForce) {
     ASSERT_TRUE(launcherIsUp());
     program.endByForce();
     EXPECT_TRUE(isNoLongerExecuted("sleeper.exe"));
-}
-
-TEST_F(WindowsExecutable, TellsAboutAListThatIsMissingAndStaysOpen) {
-    program.start("-f C:\\missing list.txt");
-    PostMessageW(awaitWindow(L"Brasquelin Error"), WM_CLOSE, 0, 0);
-    PostMessageW(awaitWindow(L"Brasquelin"), WM_CLOSE, 0, 0);
-    program.waitForEnd();
 }
 
 }  // namespace

@@ -238,10 +238,8 @@ TEST_F(Editor, DeclaresAVariable) {
         EXPECT_EQ("Add var to project", window.GetTitle());
         type(window, "Text1", "mode");
         choose(window, "Combo1", 1);
-        nextInput("fast");
-        nextInput("-O2");
+        for (const char* answer : {"fast", "-O2", "unused"}) nextInput(answer);
         click(window, "Command2");
-        nextInput("unused");
         click(window, "Command1");
         EXPECT_EQ("fast[-O2]", control<wxListBox>(window, "Combo4").GetString(0));
         EXPECT_EQ("unused", control<wxListBox>(window, "Combo2").GetString(0));

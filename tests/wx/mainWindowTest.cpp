@@ -136,17 +136,6 @@ TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {
     EXPECT_TRUE(frame.IsShown());
 }
 
-TEST_F(MainWindow, ExecutingTheJobListWritesStartsAndEnds) {
-    wxFrame& frame = start();
-    EXPECT_EQ(std::nullopt, endOf([&] { clickTool(frame, "Execute Joblist"); }));
-    EXPECT_EQ(Lines{"Error: Joblist empty !"}, modals.messages);
-
-    jobList.append("echo one");
-    EXPECT_EQ(0, endOf([&] { clickTool(frame, "Execute Joblist"); }));
-    EXPECT_EQ("echo one\r\n", readFile("brasquelin.bat"));
-    EXPECT_EQ(1U, processes.commands.size());
-}
-
 TEST_F(MainWindow, ClosingEndsTheProgramUnlessTheEditorIsVisible) {
     wxFrame* frame = &start();
     EXPECT_EQ(0, endOf([&] { frame->Close(); }));

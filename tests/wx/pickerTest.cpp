@@ -44,14 +44,5 @@ TEST_F(Picker, NothingToLoadKeepsTheWindowOpen) {
     EXPECT_EQ(Lines{"frmAddFunction"}, modals.shown);
 }
 
-TEST_F(Picker, AFileThatCannotBeOpenedIsToldAndTheProgramGoesOn) {
-    writeProfile("profiles/a.bqp", "Choice", "v\n.Type=List(a||b)\n.Info=i\n.Default=9\n", "$v$");
-    wxFrame& frame = start();
-    next([](wxDialog& picker) { click(picker, "cmdLoad"); });
-    EXPECT_EQ(std::nullopt, endOf([&] { chooseFromMenu(frame, "Add Profile"); }));
-    ASSERT_EQ(1U, modals.messages.size());
-    EXPECT_NE(std::string::npos, modals.messages[0].find("Error 9 : Subscript out of range"));
-}
-
 }  // namespace
 }  // namespace brasquelin

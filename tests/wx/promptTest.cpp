@@ -175,20 +175,5 @@ TEST_F(Prompt, AnErrorInTheProfileEndsTheProgramThroughEveryLoop) {
     EXPECT_NE(std::string::npos, modals.messages[0].find("unknown function"));
 }
 
-TEST_F(Prompt, LibraryIsAskedForAndAppended) {
-    start();
-    const std::string library =
-        writeFile("libraries/copy.bqs",
-                  "#Brasquelin Library Copy a file\n[var]\nfrom\n.Type=Text\n.Info=i\n.Default=\n"
-                  "[/var]\n[command]\nType=shell\nCommand=cp $from$ .\n[/command]\n");
-    next([](wxDialog& prompt) {
-        EXPECT_EQ("frmVarFunction", prompt.GetName());
-        type(prompt, "textType", "a.txt");
-        click(prompt, "cmdOK");
-    });
-    openPicked(library);
-    EXPECT_EQ(1U, jobList.size());
-}
-
 }  // namespace
 }  // namespace brasquelin

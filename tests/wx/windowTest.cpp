@@ -27,15 +27,6 @@ namespace brasquelin {
 
 namespace {
 
-std::string withCrLf(const std::string& text) {
-    std::string lines;
-    for (const char character : text) {
-        if (character == '\n') lines += '\r';
-        lines += character;
-    }
-    return lines;
-}
-
 /// Below a file nothing can be written: the registration of file types fails, silently, and leaves no process behind.
 void keepOutOfUserData(const std::string& directory) {
     wxSetEnv("HOME", toWx(directory));
@@ -142,7 +133,7 @@ std::string WindowTest::inDirectory(const std::string& name) const {
 }
 
 std::string WindowTest::writeFile(const std::string& name, const std::string& text) {
-    return directory_.write(name, withCrLf(text));
+    return directory_.writeLines(name, text);
 }
 
 std::string WindowTest::readFile(const std::string& name) {
