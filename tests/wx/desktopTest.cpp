@@ -25,7 +25,7 @@ TEST_F(DesktopWindows, TheWaitingWindowOfARunCannotBeClosed) {
     auto* wait = new FrmWait([&] { hasRun = true; });
     wait->Show();
     wait->Close();
-    EXPECT_EQ(wait, loadedWindow("frmWait"));
+    ASSERT_EQ(wait, loadedWindow("frmWait"));
     EXPECT_TRUE(becomesTrue([&] { return hasRun; }));
     EXPECT_EQ(nullptr, loadedWindow("frmWait"));
 }

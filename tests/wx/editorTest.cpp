@@ -196,13 +196,16 @@ TEST_F(Editor, TheLoopDialogComesBehindTheMenu) {
     wxFrame& frame = open();
     auto& commands = list(frame, "listCommand");
     modals.textAnswers = {"i"};
-    for (const char* answer : {"1", "$index$", "1"}) nextInput(answer);
+    const std::string wide(300, 'w');
+    for (const std::string& answer : {std::string("1"), std::string("$index$"), wide}) nextInput(answer);
     choosePopUp(commands, "For ...");
     EXPECT_TRUE(modals.shown.empty());
     waitForModals();
     choosePopUp(commands, "... Next");
-    EXPECT_EQ((Lines{"For", "    .VarName=i", "    .VarStart=1", "    .VarEnd=$index$", "    .VarStep=1", "Next"}),
-              shownIn(commands));
+    EXPECT_EQ(
+        (Lines{"For", "    .VarName=i", "    .VarStart=1", "    .VarEnd=$index$", "    .VarStep=" + wide, "Next"}),
+        shownIn(commands));
+    EXPECT_GE(commands.GetColumnWidth(0), commands.GetTextExtent(toWx(wide)).x);
 }
 
 TEST_F(Editor, ACommandLineIsEditedWithReferences) {
