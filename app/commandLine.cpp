@@ -21,6 +21,13 @@ std::string presetKey(int number) {
     return key;
 }
 
+/// The texts that end the program's own path in a line of a list, in lower case. A list of Windows is read everywhere.
+const std::vector<std::string_view>& programMarkers() {
+    static const std::vector<std::string_view> windows{"\\brasquelin.exe "};
+    static const std::vector<std::string_view> linux{"\\brasquelin.exe ", "/brasquelin.exe ", "/brasquelin "};
+    return pathSeparator == '/' ? linux : windows;
+}
+
 }  // namespace
 
 std::vector<std::string> parsePresets(std::string_view argumentText) {

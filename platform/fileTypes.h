@@ -1,20 +1,22 @@
-// The shell's registry of file types.
+// What the desktop knows about the program's own kinds of files.
 #pragma once
 
-#include <cstdint>
-#include <string_view>
+#include <string>
+#include <vector>
 
 namespace brasquelin {
 
-enum class RegistryHive { classesRoot };
-inline constexpr std::uint32_t registryText = 1;    // REG_SZ
-inline constexpr std::uint32_t registryNumber = 4;  // REG_DWORD
+struct FileType {
+    std::string name;                     // "Maker.Kind"
+    std::string description;              // for the user
+    std::vector<std::string> extensions;  // each with its dot
+    std::string program;                  // opens a file of this type, which is its only argument
+    std::string icon;                     // a picture file
+};
 
-/// Writes one value; every failure is ignored. Windows without the right to write for all users writes below the
-/// user's own classes. Linux keeps the file associations as a desktop entry and a MIME package
-/// under the user's data directory: the default values of ".bqs", ".bqp" and of the open command make them up, and
-/// anything else is dropped.
-void setRegistryValue(RegistryHive hive, std::string_view keyPath, std::string_view valueName, std::uint32_t valueType,
-                      std::string_view value) noexcept;
+/// Makes the program the one that opens these files; what another program registered is replaced. Failures are silent.
+/// Windows: in the registry, for all users where that is allowed, else for this one; the shell needs neither
+/// description nor icon. Linux: a desktop entry and a MIME package below XDG_DATA_HOME.
+void registerFileType(const FileType& type) noexcept;
 
 }  // namespace brasquelin

@@ -3,12 +3,14 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace brasquelin {
 
 /// Put between the parts of paths that the program composes itself: "\" or "/".
 extern const char pathSeparator;
+
+/// "Brasquelin.exe" or "brasquelin".
+extern const std::string_view programFileName;
 
 /// directory + separator + name.
 std::string joinPath(std::string_view directory, std::string_view name);
@@ -45,16 +47,10 @@ std::string exactDirectory(std::string_view path);
 /// True for "/", "C:\" and the like, however they are spelled: a directory that has no parent.
 bool isFileSystemRoot(std::string_view path);
 
-/// The texts that end the program's own path in a line of a list file, in lower case, such as "\brasquelin.exe ".
-const std::vector<std::string>& programMarkers();
-
 /// The command line without the program's own path; leading blanks are stripped.
 std::string processCommandLine(int argc, const char* const* argv);
 
 /// True when windows can be shown.
 bool displayAvailable();
-
-/// The user's directory for application data (Linux: XDG_DATA_HOME or its default; elsewhere empty).
-std::string userDataDirectory();
 
 }  // namespace brasquelin

@@ -1,14 +1,11 @@
 #include "platform/fileTypes.h"
 
-#include <fcntl.h>
 #include <spawn.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "platform/files.h"
 #include "platform/paths.h"
@@ -21,8 +18,10 @@ namespace brasquelin {
 
 namespace {
 
-constexpr std::string_view openCommandKey = "Brasquelin.Script\\shell\\open\\command";
-constexpr std::string_view mimeType = "application/x-brasquelin-script";
+/// "application/x-maker-kind".
+std::string mimeTypeOf(const FileType& type) {
+    return "application/x-" + replaceAll(lowerCase(type.name), ".", "-");
+}
 
 /// A word of a desktop entry's Exec line. No path holds a back-slash here.
 std::string quotedForExec(std::string_view word) {
@@ -35,21 +34,28 @@ std::string quotedForExec(std::string_view word) {
     return quoted + "\"";
 }
 
-std::string desktopEntry() {
+std::string desktopEntry(const FileType& type) {
     return "[Desktop Entry]\nType=Application\nName=Brasquelin\nComment=Builds command lines and runs them as a batch\n"
            "Exec=" +
-           quotedForExec(joinPath(exeDirectory(), "brasquelin")) +
-           " %f\nIcon=" + joinPath(exeDirectory(), "brasquelin.svg") +
-           "\nTerminal=false\nCategories=Utility;\nMimeType=" + std::string(mimeType) + ";\n";
+           quotedForExec(type.program) + " %f\nIcon=" + type.icon +
+           "\nTerminal=false\nCategories=Utility;\nMimeType=" + mimeTypeOf(type) + ";\n";
 }
 
-std::string mimePackage(const std::vector<std::string>& extensions) {
+std::string mimePackage(const FileType& type) {
     std::string text =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
         "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n  <mime-type type=\"" +
-        std::string(mimeType) + "\">\n    <comment>Brasquelin profile or library</comment>\n";
-    for (const auto& extension : extensions) text += "    <glob pattern=\"*" + extension + "\"/>\n";
+        mimeTypeOf(type) + "\">\n    <comment>" + type.description + "</comment>\n";
+    for (const auto& extension : type.extensions) text += "    <glob pattern=\"*" + extension + "\"/>\n";
     return text + "  </mime-type>\n</mime-info>\n";
+}
+
+/// The user's directory for application data; empty when there is none.
+std::string userDataDirectory() {
+    const char* data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && *data == '/') return data;
+    const char* home = std::getenv("HOME");
+    return home != nullptr && *home == '/' ? std::string(home) + "/.local/share" : std::string();
 }
 
 /// True when the file did not have this text before.
@@ -73,27 +79,25 @@ void runInBackground(const std::string& program, const std::string& directory) {
     if (posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ) == 0) waitpid(child, nullptr, 0);
 }
 
-void writeAssociation() {
+void writeAssociation(const FileType& type) {
     const std::string data = userDataDirectory();
-    if (data.empty() || exeDirectory().empty()) return;
+    if (data.empty()) return;
     const std::string applications = joinPath(data, "applications");
     const std::string mime = joinPath(data, "mime");
-    if (rewrite(joinPath(mime, "packages/brasquelin.xml"), mimePackage({".bqs", ".bqp"}))) {
+    if (rewrite(joinPath(mime, "packages/brasquelin.xml"), mimePackage(type))) {
         runInBackground("update-mime-database", mime);
     }
-    if (rewrite(joinPath(applications, "brasquelin.desktop"), desktopEntry())) {
+    if (rewrite(joinPath(applications, "brasquelin.desktop"), desktopEntry(type))) {
         runInBackground("update-desktop-database", applications);
     }
 }
 
 }  // namespace
 
-void setRegistryValue(RegistryHive /*hive*/, std::string_view keyPath, std::string_view valueName,
-                      std::uint32_t valueType, std::string_view /*value*/) noexcept {
-    // The open command is written last and completes the association.
-    if (keyPath != openCommandKey || !valueName.empty() || valueType != registryText) return;
+void registerFileType(const FileType& type) noexcept {
+    if (dirOf(type.program).empty()) return;  // whoever started the program has moved it away
     try {
-        writeAssociation();
+        writeAssociation(type);
     } catch (...) {  // a start without an association is a start all the same
     }
 }

@@ -18,6 +18,7 @@
 namespace brasquelin {
 
 const char pathSeparator = '/';
+const std::string_view programFileName = "brasquelin";
 
 namespace {
 
@@ -126,11 +127,6 @@ bool isFileSystemRoot(std::string_view path) {
     return isSameDirectory(path, "/");
 }
 
-const std::vector<std::string>& programMarkers() {
-    static const std::vector<std::string> markers{"\\brasquelin.exe ", "/brasquelin.exe ", "/brasquelin "};
-    return markers;
-}
-
 std::string processCommandLine(int argc, const char* const* argv) {
     std::string commandLine;
     for (int i = 1; i < argc; ++i) commandLine.append(i > 1 ? " " : "").append(argv[i]);
@@ -143,13 +139,6 @@ bool displayAvailable() {
         return value != nullptr && *value != '\0';
     };
     return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
-}
-
-std::string userDataDirectory() {
-    const char* data = std::getenv("XDG_DATA_HOME");
-    if (data != nullptr && *data == '/') return data;
-    const char* home = std::getenv("HOME");
-    return home != nullptr && *home == '/' ? std::string(home) + "/.local/share" : std::string();
 }
 
 }  // namespace brasquelin

@@ -15,6 +15,7 @@
 namespace brasquelin {
 
 const char pathSeparator = '\\';
+const std::string_view programFileName = "Brasquelin.exe";
 
 namespace {
 
@@ -115,11 +116,6 @@ bool isFileSystemRoot(std::string_view path) {
     return PathIsRootW(withoutLongPrefix(full).c_str()) != 0;
 }
 
-const std::vector<std::string>& programMarkers() {
-    static const std::vector<std::string> markers{"\\brasquelin.exe "};
-    return markers;
-}
-
 std::string processCommandLine(int /*argc*/, const char* const* /*argv*/) {
     std::wstring_view line = behindProgram(GetCommandLineW());
     line.remove_prefix(std::min(line.find_first_not_of(L" \t"), line.size()));
@@ -128,10 +124,6 @@ std::string processCommandLine(int /*argc*/, const char* const* /*argv*/) {
 
 bool displayAvailable() {
     return true;
-}
-
-std::string userDataDirectory() {
-    return {};
 }
 
 }  // namespace brasquelin

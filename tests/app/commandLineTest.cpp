@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/paths.h"
 #include "support/programTest.h"
 #include "text/text.h"
 
@@ -40,6 +41,7 @@ TEST(CommandLine, TheProgramsPathEndsAtItsMarker) {
     EXPECT_EQ(argumentOfListLine("C:\\tools\\BRASQUELIN.EXE C:\\p\\x.bqp 001=a"), "C:\\p\\x.bqp 001=a");
     EXPECT_EQ(argumentOfListLine("C:\\brasquelin.exe a \\brasquelin.exe b"), "a \\brasquelin.exe b");
     EXPECT_EQ(argumentOfListLine("0123456789abcdefgh.bqp"), "fgh.bqp");
+    EXPECT_EQ(argumentOfListLine("0/brasquelin 3456789"), pathSeparator == '/' ? "3456789" : "56789");
     EXPECT_EQ(argumentOfListLine(""), "");
 }
 

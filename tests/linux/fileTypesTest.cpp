@@ -47,10 +47,14 @@ TEST_F(LinuxFileTypes, AreKeptBelowTheUsersData) {
     registerFileTypes();
     EXPECT_EQ(toolCalls(2), 2U);
     const std::string entry = read("data/applications/brasquelin.desktop");
-    EXPECT_NE(entry.find("Exec=\"" + folder() + "/a \\\\$b 5%%/brasquelin\" %f\n"), std::string::npos) << entry;
+    EXPECT_NE(entry.find("Exec=\"" + folder() + "/a \\\\$b 5%%/brasquelin\" %f\nIcon=" + folder() +
+                         "/a $b 5%/brasquelin.svg\n"),
+              std::string::npos)
+        << entry;
+    EXPECT_NE(entry.find("\nMimeType=application/x-brasquelin-script;\n"), std::string::npos);
     const std::string package = read("data/mime/packages/brasquelin.xml");
-    EXPECT_NE(package.find("\"*.bqp\""), std::string::npos);
-    EXPECT_NE(package.find("\"*.bqs\""), std::string::npos);
+    EXPECT_NE(package.find("type=\"application/x-brasquelin-script\""), std::string::npos);
+    EXPECT_NE(package.find("\"*.bqs\"/>\n    <glob pattern=\"*.bqp\""), std::string::npos);
 }
 
 TEST_F(LinuxFileTypes, UpdateTheDatabasesOnlyAfterAChange) {

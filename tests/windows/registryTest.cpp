@@ -1,4 +1,4 @@
-#include "platform/fileTypes.h"
+#include "platform/windows/registry.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
