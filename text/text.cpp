@@ -64,6 +64,33 @@ std::size_t matchIgnoringCase(std::string_view text, std::size_t start, std::str
     return at;
 }
 
+char32_t upperCase(char32_t codePoint) {
+    if (codePoint < 0x80) return codePoint >= 'a' && codePoint <= 'z' ? codePoint - ('a' - 'A') : codePoint;
+    for (const CaseRange& range : caseRanges) {
+        const auto upper = static_cast<char32_t>(static_cast<int>(codePoint) - range.distance);
+        if (upper >= range.first && upper <= range.last && (upper - range.first) % range.step == 0) return upper;
+    }
+    return codePoint;
+}
+
+/// What is no well-formed UTF-8 stays.
+template <typename Mapping>
+std::string mapCase(std::string_view text, Mapping mapped) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t start = i;
+        const char32_t codePoint = nextCodePoint(text, i);
+        const char32_t other = mapped(codePoint);
+        if (other == codePoint) {
+            result.append(text.substr(start, i - start));
+        } else {
+            appendUtf8(result, other);
+        }
+    }
+    return result;
+}
+
 std::string_view trimmedBlanks(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos) return {};
@@ -109,23 +136,11 @@ char32_t lowerCase(char32_t codePoint) {
 }
 
 std::string lowerCase(std::string_view text) {
-    std::string lower;
-    lower.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();) {
-        if (static_cast<unsigned char>(text[i]) < 0x80) {
-            lower.push_back(asciiLowerCase(text[i++]));
-            continue;
-        }
-        const std::size_t start = i;
-        const char32_t codePoint = nextCodePoint(text, i);
-        const char32_t folded = lowerCase(codePoint);
-        if (folded == codePoint) {
-            lower.append(text.substr(start, i - start));
-        } else {
-            appendUtf8(lower, folded);
-        }
-    }
-    return lower;
+    return mapCase(text, [](char32_t each) { return lowerCase(each); });
+}
+
+std::string upperCase(std::string_view text) {
+    return mapCase(text, [](char32_t each) { return upperCase(each); });
 }
 
 bool isAscii(std::string_view text) {

@@ -28,6 +28,9 @@ std::string_view withoutLast(std::string_view text, std::size_t count = 1);
 char32_t lowerCase(char32_t codePoint);
 std::string lowerCase(std::string_view text);
 
+/// Each code point in the upper case that has it as its lower case; unchanged where there is none.
+std::string upperCase(std::string_view text);
+
 bool isAscii(std::string_view text);
 bool equalIgnoringCase(std::string_view left, std::string_view right);
 bool startsWithIgnoringCase(std::string_view text, std::string_view prefix);

@@ -14,10 +14,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/fileFilter.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/wx/application.h"
-#include "platform/wx/fileFilter.h"
 #include "platform/wx/frmRunning.h"
 #include "platform/wx/messageLines.h"
 #include "platform/wx/oneLine.h"

@@ -1,11 +1,7 @@
-#include "platform/wx/fileFilter.h"
-
-#include <wx/string.h>
-#include <wx/wxcrt.h>
+#include "platform/fileFilter.h"
 
 #include <vector>
 
-#include "platform/wx/wxText.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -44,16 +40,18 @@ std::string inEitherCase(std::string_view pairs) {
     std::string patterns;
     bool pattern = false;
     bool set = false;  // within the brackets of a pattern
-    for (const wxUniChar character : toWx(pairs)) {
-        if (character == '|') pattern = !pattern;
-        const bool opens = character == '[';
-        const bool closes = character == ']';
+    while (!pairs.empty()) {
+        const std::string_view character = firstCharacters(pairs, 1);
+        pairs.remove_prefix(character.size());
+        if (character == "|") pattern = !pattern;
+        const bool opens = character == "[";
+        const bool closes = character == "]";
         if (pattern && (opens || closes)) set = opens;
-        const wxUniChar lower = wxTolower(character);
-        const wxUniChar upper = wxToupper(character);
-        const wxString either = lower == upper ? wxString(character) : wxString(lower) + upper;
+        const std::string lower = lowerCase(character);
+        const std::string upper = upperCase(character);
         const bool letter = pattern && lower != upper;
-        patterns += fromWx(letter && !set ? "[" + either + "]" : letter ? either : wxString(character));
+        const std::string either = letter ? lower + upper : std::string(character);
+        patterns += letter && !set ? "[" + either + "]" : either;
     }
     return patterns;
 }
