@@ -22,6 +22,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/reporting.h"
+#include "platform/standardStreams.h"
 #include "platform/textFiles.h"
 #include "text/substitution.h"
 #include "text/text.h"
@@ -133,7 +134,7 @@ void tellSkipped(const std::string& listPath, const SkippedLines& skipped) {
     const std::string list = "'" + listPath + "'";
     std::string shown = "Skipped in " + list + ":";
     for (std::size_t i = 0; i < skipped.size(); ++i) {
-        writeToStandardError("Brasquelin", list + " " + skipped[i]);
+        writeMessage("Brasquelin", list + " " + skipped[i]);
         if (i < mostShown) shown.append("\r\n").append(skipped[i]);
     }
     if (skipped.size() > mostShown) shown += "\r\n... and " + std::to_string(skipped.size() - mostShown) + " more";
@@ -145,7 +146,7 @@ void tellSkipped(const std::string& listPath, const SkippedLines& skipped) {
     loading(path, [&] { list = readOemTextFile(path); });
     const auto skipped = replayLines(list.lines);
     if (!skipped) {
-        writeToStandardError("Brasquelin", "'" + path + "' was cancelled; nothing was executed.");
+        writeMessage("Brasquelin", "'" + path + "' was cancelled; nothing was executed.");
         throw EndProgram(1);
     }
     runBatchAndWait();

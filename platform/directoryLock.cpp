@@ -1,6 +1,5 @@
 #include "platform/directoryLock.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <string>
@@ -9,6 +8,7 @@
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/paths.h"
+#include "platform/standardStreams.h"
 #include "platform/systemLock.h"
 #include "platform/waitingNotice.h"
 #include "text/runTimeError.h"
@@ -38,7 +38,7 @@ void tellOnce(std::uint64_t waited, bool& told) {
     if (told || waited < noticeAfter) return;
     told = true;
     if (desktop().hasWindows()) return;
-    std::fprintf(stderr, "Brasquelin: Waiting for another start of the program in '%s'.\n", programDirectory().c_str());
+    writeMessage("Brasquelin", "Waiting for another start of the program in '" + programDirectory() + "'.");
 }
 
 /// Pending events may take and give back the lock themselves.

@@ -7,8 +7,14 @@ namespace brasquelin {
 
 enum class StandardStream { output, error };
 
-/// Prints the text, whose lines end with "\n". Windows: where the stream leads nowhere, to the console of whoever
+/// Writes the text, whose lines end with "\n". False where the stream leads nowhere (Windows, unless redirected).
+bool writeTo(StandardStream stream, std::string_view text);
+
+/// The answer to an option of the command line. Windows: where the stream leads nowhere, to the console of whoever
 /// started the program, or in a message box when there is none.
 void print(StandardStream stream, std::string_view text);
+
+/// "title: text" and the end of a line on standard error, lost where that leads nowhere; any carriage returns go.
+void writeMessage(std::string_view title, std::string_view text);
 
 }  // namespace brasquelin

@@ -1,23 +1,17 @@
 #include "platform/console/consoleDesktop.h"
 
-#include <algorithm>
-#include <cstdio>
 #include <string>
+
+#include "platform/standardStreams.h"
 
 namespace brasquelin {
 
-void writeToStandardError(std::string_view title, std::string_view text) {
-    std::string line = std::string(title) + ": " + std::string(text) + "\n";
-    line.erase(std::remove(line.begin(), line.end(), '\r'), line.end());
-    std::fwrite(line.data(), 1, line.size(), stderr);
-}
-
 void ConsoleDesktop::presentMessage(std::string_view text, std::string_view title, Icon /*icon*/) {
-    writeToStandardError(title, text);
+    writeMessage(title, text);
 }
 
 void ConsoleDesktop::decline(std::string_view title, const std::string& text) {
-    writeToStandardError(title, text);
+    writeMessage(title, text);
     noteFailure(text);
 }
 

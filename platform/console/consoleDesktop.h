@@ -5,9 +5,6 @@
 
 namespace brasquelin {
 
-/// Writes "title: text" to standard error.
-void writeToStandardError(std::string_view title, std::string_view text);
-
 class ConsoleDesktop : public Desktop {
   public:
     bool hasWindows() const override { return false; }

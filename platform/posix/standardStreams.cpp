@@ -4,10 +4,13 @@
 
 namespace brasquelin {
 
-void print(StandardStream stream, std::string_view text) {
+bool writeTo(StandardStream stream, std::string_view text) {
     std::FILE* file = stream == StandardStream::output ? stdout : stderr;
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::fflush(file);
+    return std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0;
+}
+
+void print(StandardStream stream, std::string_view text) {
+    writeTo(stream, text);
 }
 
 }  // namespace brasquelin

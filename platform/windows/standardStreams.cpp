@@ -12,14 +12,6 @@ namespace brasquelin {
 
 namespace {
 
-/// A program with windows has a stream only where somebody redirected it. False when this one leads nowhere.
-bool writeRedirected(DWORD stream, const std::string& text) {
-    const HANDLE file = GetStdHandle(stream);
-    if (file == nullptr || file == INVALID_HANDLE_VALUE) return false;
-    DWORD written = 0;
-    return WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0;
-}
-
 bool writeToParentConsole(const std::wstring& text) {
     if (AttachConsole(ATTACH_PARENT_PROCESS) == 0) return false;
     const SystemHandle console = ownHandle(
@@ -33,12 +25,20 @@ bool writeToParentConsole(const std::wstring& text) {
 
 }  // namespace
 
-void print(StandardStream stream, std::string_view text) {
+/// A program with windows has a stream only where somebody redirected it.
+bool writeTo(StandardStream stream, std::string_view text) {
+    const HANDLE file = GetStdHandle(stream == StandardStream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
+    if (file == nullptr || file == INVALID_HANDLE_VALUE) return false;
     const std::string lines = replaceAll(text, "\n", "\r\n");
-    const bool output = stream == StandardStream::output;
-    if (writeRedirected(output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE, lines)) return;
-    const std::wstring wide = toWide(lines);
+    DWORD written = 0;
+    return WriteFile(file, lines.data(), static_cast<DWORD>(lines.size()), &written, nullptr) != 0;
+}
+
+void print(StandardStream stream, std::string_view text) {
+    if (writeTo(stream, text)) return;
+    const std::wstring wide = toWide(replaceAll(text, "\n", "\r\n"));
     if (writeToParentConsole(wide)) return;
+    const bool output = stream == StandardStream::output;
     MessageBoxW(nullptr, wide.c_str(), L"Brasquelin", MB_OK | (output ? MB_ICONINFORMATION : MB_ICONERROR));
 }
 
