@@ -35,8 +35,9 @@ void writeFile(std::string_view path, std::string_view bytes);
 /// The same for a file that holds a user's work: the bytes are on the disk before the old file goes.
 void saveFile(std::string_view path, std::string_view bytes);
 
-/// False when the file or directory could not be removed; never raises.
+/// A link goes, not what it leads to. False when there is nothing to be removed or it could not be; never raises.
 bool deleteFile(std::string_view path) noexcept;
+/// The same for an empty directory.
 bool removeDirectory(std::string_view path) noexcept;
 
 /// Names (without the directory), sorted without regard to letter case; hidden ones are left out. An unreadable
@@ -46,6 +47,5 @@ std::vector<std::string> listDirectories(std::string_view directory);
 
 /// Raises 76 when there is no such directory.
 void changeDirectory(std::string_view path);
-std::string currentDirectory();
 
 }  // namespace brasquelin

@@ -25,6 +25,9 @@ const std::string& exeDirectory();
 /// Windows: the short (8.3) form. Linux: the absolute path. Empty when the path does not exist.
 std::string shortPath(std::string_view path);
 
+/// False for a path that starts at the current directory. Windows: "\x" and "C:x" count as absolute.
+bool isAbsolutePath(std::string_view path);
+
 /// The path itself when it is absolute, else directory + separator + path.
 std::string pathRelativeTo(std::string_view directory, std::string_view path);
 

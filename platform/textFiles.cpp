@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "text/runTimeError.h"
 #include "text/text.h"
 
@@ -43,10 +44,6 @@ Cache cache;
 constexpr std::size_t mostFiles = 1024;
 constexpr std::uint64_t mostBytes = 64ULL << 20;
 
-bool isAbsolute(std::string_view path) {
-    return path.starts_with('/') || path.starts_with('\\') || (path.size() > 2 && path[1] == ':');
-}
-
 void keep(std::string_view path, const FileStamp& stamp, const std::shared_ptr<const TextFile>& file) {
     if (cache.files.size() >= mostFiles || cache.bytes + stamp.size > mostBytes) cache.clear();
     cache.bytes += stamp.size;
@@ -83,7 +80,7 @@ std::shared_ptr<const TextFile> readTextFile(std::string_view path) {
     }
     const std::string bytes = readFileBytes(path);
     auto file = std::make_shared<const TextFile>(linesOf(decodeFile(bytes), path, encodingOf(bytes)));
-    if (stamp && isAbsolute(path)) keep(path, *stamp, file);
+    if (stamp && isAbsolutePath(path)) keep(path, *stamp, file);
     return file;
 }
 

@@ -2,16 +2,14 @@
 
 #include <dirent.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <climits>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
 
-#include "platform/executableDirectory.h"
 #include "platform/files.h"
+#include "platform/systemFiles.h"
 #include "text/substitution.h"
 #include "text/text.h"
 
@@ -69,9 +67,9 @@ std::string resolveByComponent(const std::string& path) {
 }  // namespace
 
 std::string executableDirectory() {
-    char target[PATH_MAX];
-    const ssize_t length = readlink("/proc/self/exe", target, sizeof target);
-    return length > 0 ? dirOf(std::string_view(target, static_cast<std::size_t>(length))) : std::string(".");
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? "." : dirOf(program.string());
 }
 
 std::string shortPath(std::string_view path) {
@@ -83,15 +81,12 @@ std::string shortPath(std::string_view path) {
     return error ? std::string() : absolute;
 }
 
-std::string pathRelativeTo(std::string_view directory, std::string_view path) {
-    const bool absolute = path.starts_with('/') || path.starts_with('\\');
-    if (absolute || directory.empty()) return std::string(path);
-    return joinPath(directory, path);
+bool isAbsolutePath(std::string_view path) {
+    return path.starts_with('/') || path.starts_with('\\');
 }
 
 std::string anchoredPath(std::string_view path) {
-    const bool relative = !path.starts_with('/') && !path.starts_with('\\');
-    if (!relative || path.find_first_of("\\/") == std::string_view::npos) return std::string(path);
+    if (isAbsolutePath(path) || path.find_first_of("\\/") == std::string_view::npos) return std::string(path);
     std::string absolute = shortPath(path);
     return absolute.empty() ? std::string(path) : absolute;
 }

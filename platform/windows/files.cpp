@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/paths.h"
+#include "platform/systemFiles.h"
 #include "platform/windows/systemError.h"
 #include "platform/windows/systemHandle.h"
 #include "platform/windows/wideText.h"
@@ -18,10 +18,6 @@ namespace {
     throw RunTimeError(directory ? ErrorNumber::pathFileAccess : fileErrorOf(code), std::string(path));
 }
 
-DWORD attributesOf(std::string_view path) {
-    return GetFileAttributesW(toWide(path).c_str());
-}
-
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 SystemHandle openExisting(const std::wstring& path, DWORD access, DWORD flags = FILE_ATTRIBUTE_NORMAL) {
@@ -32,16 +28,51 @@ std::uint64_t join(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32U) | low;
 }
 
-}  // namespace
-
-bool fileExists(std::string_view path) {
-    const DWORD attributes = attributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+bool isLinkEntry(const WIN32_FIND_DATAW& entry) {
+    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+    return entry.dwReserved0 == IO_REPARSE_TAG_SYMLINK || entry.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT;
 }
 
-bool directoryExists(std::string_view path) {
-    const DWORD attributes = attributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+bool isListed(const WIN32_FIND_DATAW& entry) {
+    const std::wstring_view name = entry.cFileName;
+    return name != L"." && name != L".." &&
+           (entry.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) == 0;
+}
+
+}  // namespace
+
+/// The C library under std::filesystem takes no drive alone for a directory and finds nothing below "\\?\".
+FileKind fileKindOf(std::string_view path) {
+    const DWORD attributes = GetFileAttributesW(toWide(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return FileKind::none;
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileKind::directory : FileKind::file;
+}
+
+/// One search tells names and attributes, also of paths longer than the C library can read.
+std::vector<DirectoryEntry> entriesIn(std::string_view directory) {
+    std::vector<DirectoryEntry> entries;
+    if (directory.empty()) return entries;
+    WIN32_FIND_DATAW entry;
+    const HANDLE search = FindFirstFileW(toWide(std::string(directory) + "\\*").c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) return entries;
+    do {
+        const bool directoryItself = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && !isLinkEntry(entry);
+        if (isListed(entry)) entries.push_back({fromWide(entry.cFileName), directoryItself});
+    } while (FindNextFileW(search, &entry) != 0);
+    FindClose(search);
+    return entries;
+}
+
+bool isLink(std::string_view path) {
+    while (path.size() > 1 && (path.back() == '\\' || path.back() == '/')) path.remove_suffix(1);
+    const std::wstring wide = toWide(path);
+    const DWORD attributes = GetFileAttributesW(wide.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+    WIN32_FIND_DATAW entry;
+    const HANDLE search = FindFirstFileW(wide.c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) return false;
+    FindClose(search);
+    return isLinkEntry(entry);
 }
 
 bool isSameDirectory(std::string_view left, std::string_view right) {
@@ -86,20 +117,6 @@ std::optional<FileStamp> fileStamp(std::string_view path) {
     stamp.modified = static_cast<std::int64_t>(time * 100);  // the system counts tenths of a microsecond
     stamp.identity = join(info.nFileIndexHigh, info.nFileIndexLow);
     return stamp;
-}
-
-void changeDirectory(std::string_view path) {
-    // A drive alone means its root; the system would take the directory last used there.
-    const std::string root = path.size() == 2 && path[1] == ':' ? std::string(path) + "\\" : std::string(path);
-    if (SetCurrentDirectoryW(toWide(root).c_str()) == 0) {
-        throw RunTimeError(ErrorNumber::pathNotFound, std::string(path));
-    }
-}
-
-std::string currentDirectory() {
-    std::wstring directory(GetCurrentDirectoryW(0, nullptr), L'\0');
-    directory.resize(GetCurrentDirectoryW(static_cast<DWORD>(directory.size()), directory.data()));
-    return fromWide(directory);
 }
 
 }  // namespace brasquelin

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "platform/executableDirectory.h"
 #include "platform/files.h"
+#include "platform/systemFiles.h"
 #include "platform/windows/systemHandle.h"
 #include "platform/windows/wideText.h"
 #include "text/substitution.h"
@@ -64,6 +64,10 @@ std::string executableDirectory() {
     return dirOf(fromWide(name));
 }
 
+std::filesystem::path systemPath(std::string_view path) {
+    return toWide(withRoot(path));
+}
+
 std::string shortPath(std::string_view path) {
     const std::wstring wide = toWide(path);
     std::wstring buffer(1024, L' ');
@@ -75,15 +79,12 @@ std::string shortPath(std::string_view path) {
     return fromWide(std::wstring_view(buffer).substr(0, length));
 }
 
-std::string pathRelativeTo(std::string_view directory, std::string_view path) {
-    const bool absolute = path.starts_with('\\') || path.starts_with('/') || hasDrive(path);
-    if (absolute || directory.empty()) return std::string(path);
-    return joinPath(directory, path);
+bool isAbsolutePath(std::string_view path) {
+    return hasDrive(path) || (!path.empty() && isSeparator(path.front()));
 }
 
 std::string anchoredPath(std::string_view path) {
-    const bool relative = !path.empty() && !isSeparator(path.front()) && !hasDrive(path);
-    if (!relative || path.find_first_of("\\/") == std::string_view::npos) return std::string(path);
+    if (isAbsolutePath(path) || path.find_first_of("\\/") == std::string_view::npos) return std::string(path);
     if (!fileExists(path) && !directoryExists(path)) return std::string(path);
     return fromWide(fullPath(toWide(path)));
 }

@@ -103,5 +103,22 @@ TEST_F(LinuxFiles, NeitherOtherNamesNorOddOnesLeadClearingElsewhere) {
     EXPECT_TRUE(exists("real/program/keep.txt"));
 }
 
+TEST_F(LinuxFiles, NamesKeepTheirBytesAndLinksAreFiles) {
+    const std::string directory = folder() + "/caf\xE9 \xFF";
+    ASSERT_EQ(mkdir(directory.c_str(), 0755), 0);
+    ASSERT_EQ(symlink(folder().c_str(), (directory + "/\xFE").c_str()), 0);
+    ASSERT_EQ(symlink("nowhere", (directory + "/lost").c_str()), 0);
+    writeFile(directory + "/.hidden", "");
+    EXPECT_EQ(listDirectories(folder()), std::vector<std::string>{"caf\xE9 \xFF"});
+    EXPECT_EQ(listFiles(directory), (std::vector<std::string>{"lost", "\xFE"}));
+    EXPECT_TRUE(listDirectories(directory).empty());
+    EXPECT_FALSE(fileExists(directory + "/lost"));
+    EXPECT_FALSE(removeDirectory(directory + "/\xFE"));
+    for (const char* name : {"/lost", "/\xFE", "/.hidden"}) EXPECT_TRUE(deleteFile(directory + name)) << name;
+    EXPECT_NO_THROW(changeDirectory(directory));
+    EXPECT_TRUE(removeDirectory(directory));
+    EXPECT_TRUE(listFiles(directory).empty());
+}
+
 }  // namespace
 }  // namespace brasquelin

@@ -58,6 +58,17 @@ TEST_F(Files, ListsAreSortedWithoutRegardToLetterCase) {
     EXPECT_TRUE(listFiles(folder() + "/none").empty());
 }
 
+TEST_F(Files, AreRemovedAsWhatTheyAre) {
+    for (const char* name : {"file.txt", "full/Été 日本.txt"}) write(name, {});
+    std::filesystem::create_directory(folder() + "/empty");
+    for (const char* kept : {"/empty", "/full", "/none", "/file.txt/none"}) EXPECT_FALSE(deleteFile(folder() + kept));
+    for (const char* kept : {"/file.txt", "/full", "/none"}) EXPECT_FALSE(removeDirectory(folder() + kept)) << kept;
+    EXPECT_TRUE(deleteFile(folder() + "/file.txt"));
+    EXPECT_TRUE(deleteFile(folder() + "/full/Été 日本.txt"));
+    for (const char* gone : {"/full", "/empty"}) EXPECT_TRUE(removeDirectory(folder() + gone)) << gone;
+    EXPECT_TRUE(listDirectories(folder()).empty());
+}
+
 TEST_F(Files, TextIsKeptUntilItChanges) {
     write("x.txt", {"one", "two"});
     const auto first = readTextFile(folder() + "/x.txt");
@@ -80,7 +91,7 @@ TEST_F(Files, OnlyExistingRelativePathsWithADirectoryAreAnchored) {
     write("sub/x.bqp", {});
     write("x.bqp", {});
     changeDirectory(folder());
-    EXPECT_EQ(anchoredPath("sub\\x.bqp"), joinPath(joinPath(currentDirectory(), "sub"), "x.bqp"));
+    EXPECT_EQ(anchoredPath("sub\\x.bqp"), joinPath(joinPath(utf8(std::filesystem::current_path()), "sub"), "x.bqp"));
     for (const char* same : {"x.bqp", "sub\\none.bqp", "C:\\windows", "\\windows"}) EXPECT_EQ(anchoredPath(same), same);
 }
 

@@ -1,5 +1,8 @@
-#include "platform/executableDirectory.h"
 #include "platform/paths.h"
+
+#include <utility>
+
+#include "platform/systemFiles.h"
 
 namespace brasquelin {
 
@@ -16,6 +19,10 @@ std::string& keptExeDirectory() {
 
 std::string joinPath(std::string_view directory, std::string_view name) {
     return std::string(directory) + pathSeparator + std::string(name);
+}
+
+std::string pathRelativeTo(std::string_view directory, std::string_view path) {
+    return isAbsolutePath(path) || directory.empty() ? std::string(path) : joinPath(directory, path);
 }
 
 const std::string& programDirectory() {

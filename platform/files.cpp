@@ -1,0 +1,66 @@
+#include "platform/files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "platform/systemFiles.h"
+#include "text/runTimeError.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+namespace {
+
+std::vector<std::string> namesIn(std::string_view directory, bool directories) {
+    std::vector<std::pair<std::string, std::string>> keyed;  // in lower case, and as they are
+    for (const DirectoryEntry& entry : entriesIn(directory)) {
+        if (entry.isDirectory == directories) keyed.emplace_back(lowerCase(entry.name), entry.name);
+    }
+    std::sort(keyed.begin(), keyed.end());
+    std::vector<std::string> names;
+    names.reserve(keyed.size());
+    for (auto& [key, name] : keyed) names.push_back(std::move(name));
+    return names;
+}
+
+/// The system's own removal takes files and empty directories alike.
+bool removeEntry(std::string_view path) {
+    std::error_code error;
+    return std::filesystem::remove(systemPath(path), error);
+}
+
+}  // namespace
+
+bool fileExists(std::string_view path) {
+    return fileKindOf(path) == FileKind::file;
+}
+
+bool directoryExists(std::string_view path) {
+    return fileKindOf(path) == FileKind::directory;
+}
+
+bool deleteFile(std::string_view path) noexcept {
+    return (!directoryExists(path) || isLink(path)) && removeEntry(path);
+}
+
+bool removeDirectory(std::string_view path) noexcept {
+    return directoryExists(path) && !isLink(path) && removeEntry(path);
+}
+
+std::vector<std::string> listFiles(std::string_view directory) {
+    return namesIn(directory, false);
+}
+
+std::vector<std::string> listDirectories(std::string_view directory) {
+    return namesIn(directory, true);
+}
+
+void changeDirectory(std::string_view path) {
+    std::error_code error;
+    std::filesystem::current_path(systemPath(path), error);
+    if (error) throw RunTimeError(ErrorNumber::pathNotFound, std::string(path));
+}
+
+}  // namespace brasquelin

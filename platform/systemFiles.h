@@ -1,0 +1,31 @@
+// What each system does in its own way about files and paths; files.h and paths.h are for everybody else.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brasquelin {
+
+enum class FileKind { none, file, directory };
+
+/// What the path leads to; a device is a file. A link that leads nowhere is nothing on Linux and what it was made for
+/// on Windows.
+FileKind fileKindOf(std::string_view path);
+
+struct DirectoryEntry {
+    std::string name;
+    bool isDirectory = false;  // a link is none
+};
+
+/// In no order, without the hidden ones. Empty for a directory that cannot be read.
+std::vector<DirectoryEntry> entriesIn(std::string_view directory);
+
+/// The path for std::filesystem: resolved (see paths.h), in the system's own encoding, and a drive alone as its root.
+std::filesystem::path systemPath(std::string_view path);
+
+/// Where the running program is, without a trailing separator. Tests may redirect programDirectory, not this.
+std::string executableDirectory();
+
+}  // namespace brasquelin
