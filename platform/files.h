@@ -9,6 +9,7 @@
 
 namespace brasquelin {
 
+/// A device is a file, too.
 bool fileExists(std::string_view path);
 bool directoryExists(std::string_view path);
 bool isLink(std::string_view path);
