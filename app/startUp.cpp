@@ -73,7 +73,8 @@ std::string inOneLine(std::string_view message) {
     return replaceAll(message, "\r\n", " ");
 }
 
-/// Why the file of a list line was not run; nothing when it was, and for a line that names no file.
+/// Why the file of a list line was not run; nothing when it was, and for a line that names neither a profile nor a
+/// library, which is ignored on purpose.
 std::optional<std::string> replayLine(std::string_view line) {
     const FileArgument argument = parseFileArgument(argumentOfListLine(line));
     const std::size_t before = desktop().failures().size();
@@ -81,9 +82,9 @@ std::optional<std::string> replayLine(std::string_view line) {
     loading(argument.path, [&] { enterDirectoryOf(argument.path); });
     const bool known = openFile(argument.path, argument.presets);
     desktop().closePrompt();
-    if (runState.completed || argument.path.empty()) return std::nullopt;
+    if (runState.completed || !known) return std::nullopt;
     if (desktop().failures().size() > before) return inOneLine(desktop().failures()[before]);
-    return known ? "It was cancelled." : "'" + argument.path + "' is no profile and no library.";
+    return "It was cancelled.";
 }
 
 /// Keeps the waiting window alive without asking the toolkit after every line.
