@@ -142,6 +142,7 @@ TEST_F(StartUp, AListThatIsCancelledExecutesNothing) {
     };
     EXPECT_EQ(replay(), 1);
     EXPECT_EQ(desktop_.running, Lines{"'slow.exe' is running."});
+    EXPECT_EQ(jobList.lines(), Lines{"echo 1"});
     EXPECT_EQ(commands().size(), 1U);
     EXPECT_FALSE(exists("brasquelin.bat"));
     EXPECT_TRUE(messages().empty());
