@@ -187,16 +187,6 @@ TEST_F(StartUp, TheJobListIsExecutedOnlyWhenItHoldsSomething) {
     EXPECT_FALSE(jobList.longestLine().has_value());
 }
 
-TEST_F(StartUp, TheLastChildEndsWithTheMainWindow) {
-    endLastChild();
-    EXPECT_TRUE(processes_.terminated.empty());
-    processes_.endsAfterPolls = 3;
-    shellAndWait("x", WindowStyle::hidden, "x");
-    EXPECT_EQ(processes_.polls, 4);
-    endLastChild();
-    EXPECT_EQ(processes_.terminated, std::vector<std::uint32_t>{1});
-}
-
 TEST_F(StartUp, PickersOfferTitlesAndFiles) {
     startUp("");
     write("p/short.bqp", {"#Brasquelin"});

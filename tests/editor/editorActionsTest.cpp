@@ -2,12 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "config/configFile.h"
 #include "editor/addCommand.h"
 #include "editor/addVariable.h"
-#include "platform/files.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
 
@@ -253,20 +250,6 @@ TEST_F(EditorActions, ACallAsksForEachVariable) {
     EXPECT_EQ(Lines(asked.begin(), asked.begin() + 4),
               (Lines{"src []", "dst []", "Basic Function parameter : []", "Plugin Command Line : []"}));
     EXPECT_EQ(desktop_.valueQuestions.back().references, dialog.references());
-}
-
-TEST_F(EditorActions, EverySampleProfileComesBackAsItWas) {
-    int samples = 0;
-    for (const auto& file : std::filesystem::directory_iterator(BRASQUELIN_SAMPLES "/profiles")) {
-        std::string bytes = readFileBytes(file.path().string());
-        writeBytes("sample.bqp", bytes);
-        answerFile(folder() + "/sample.bqp");
-        openProfile([] {});
-        saveProfile();
-        EXPECT_EQ(read("sample.bqp"), bytes) << file.path();
-        ++samples;
-    }
-    EXPECT_GE(samples, 4);
 }
 
 }  // namespace

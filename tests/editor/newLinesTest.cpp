@@ -16,13 +16,6 @@ class NewLines : public ProgramTest {
     ProfileDocument document;
 };
 
-TEST_F(NewLines, ADeclarationIsFourLines) {
-    VariableFields fields;
-    fields.name = "dir";
-    fields.type = "PathSave";
-    EXPECT_EQ(declarationLines(fields), (Lines{"dir", ".Type=PathSave(All Files|*.*)", ".Info=none", ".Default="}));
-}
-
 TEST_F(NewLines, EachTypeTakesItsOwnFields) {
     VariableFields fields;
     fields.listChoices = {"", "a", "b"};

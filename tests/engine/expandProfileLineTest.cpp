@@ -71,21 +71,6 @@ TEST_F(ExpandProfileLine, ChoiceErrorsShowOnlyWhereTheLineRefersToTheVariable) {
     EXPECT_EQ(errorOf([] { expand("no reference at all"); }), ErrorNumber::subscriptOutOfRange);
 }
 
-TEST_F(ExpandProfileLine, CountersOfOpenAndEndedLoops) {
-    auto& loops = engineTables.loops[1];
-    loops.depth = 1;
-    loops.started = 3;
-    loops.records.resize(2);
-    loops.records[0].variable = "i";
-    loops.records[0].currentText = "5";
-    loops.records[1].variable = "j";
-    loops.records[1].currentText = "9";
-    ReferenceText open("$i$ $j$");
-    expandCounters(open, 1);
-    EXPECT_EQ(open.text(), "5 $j$");
-    EXPECT_EQ(expand("$I$ $j$"), "5 9");
-}
-
 TEST_F(ExpandProfileLine, PluginVariablesComeLastAndTheRowBehindThemCountsToo) {
     EXPECT_EQ(expand("a$$b $x$"), "ab $x$");  // the unused row is an empty name
     variableTables.pluginResults[1].append({"x", "1"});
@@ -95,14 +80,6 @@ TEST_F(ExpandProfileLine, PluginVariablesComeLastAndTheRowBehindThemCountsToo) {
     std::string line = "$x$ $index$";
     EXPECT_EQ(expandProfileLine(line, 1, "a.bqp", 3), "1 3");
     EXPECT_EQ(line, "$x$ 3");
-}
-
-TEST_F(ExpandProfileLine, AnUndeclaredNameEndsTheProgramFromAnyLine) {
-    engineTables.fileStack = {{"outer.bqp", 12}, {"inner.bqp", 3}};
-    assign("ghost=1");
-    EXPECT_EQ(exitStatusOf([] { expand("no reference"); }), 1);
-    EXPECT_EQ(messages(), Lines{"Brasquelin: Error : unknown var 'ghost'\r\nFrom file 'outer.bqp' at "
-                                "line 12\r\nIn file 'inner.bqp'"});
 }
 
 }  // namespace

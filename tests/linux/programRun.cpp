@@ -29,12 +29,15 @@ namespace {
     _exit(99);
 }
 
-void redirect(const ProgramRun& program) {
+pid_t startShell(const ProgramRun& program, const std::string& script) {
+    const pid_t child = fork();
+    if (child != 0) return child;
     dup2(open("/dev/null", O_RDONLY), 0);
     int descriptor = 1;
     for (const char* name : {"out.txt", "err.txt"}) {
         dup2(open((program / name).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644), descriptor++);
     }
+    becomeShell(program, script);
 }
 
 }  // namespace
@@ -51,11 +54,7 @@ LinuxRun::~LinuxRun() {
 
 int LinuxRun::runShell(const std::string& script) {
     endByForce();
-    process_ = fork();
-    if (process_ == 0) {
-        redirect(*this);
-        becomeShell(*this, script);
-    }
+    process_ = startShell(*this, script);
     return waitForEnd();
 }
 
@@ -68,10 +67,7 @@ void LinuxRun::startAtTerminal(const std::string& commandLine) {
 
 void ProgramRun::start(const std::string& commandLine) {
     endByForce();
-    process_ = fork();
-    if (process_ != 0) return;
-    redirect(*this);
-    becomeShell(*this, "exec ./brasquelin " + commandLine);
+    process_ = startShell(*this, "exec ./brasquelin " + commandLine);
 }
 
 int ProgramRun::waitForEnd() {

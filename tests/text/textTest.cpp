@@ -103,14 +103,5 @@ TEST(Substitution, DirectoriesAndDoubledBackslashes) {
     EXPECT_EQ(doubleBackslashes("/data/a\\b"), "/data/a\\b");
 }
 
-TEST(RunTimeErrors, TellTheFileTheyAreAbout) {
-    const RunTimeError own(ErrorNumber::fileNotFound, "lib.bqs");
-    EXPECT_EQ(own.reportWhileLoading("x.bqp", 4),
-              "Error 53 : File not found\r\nWhile loading 'lib.bqs'\r\nFrom file 'x.bqp' at line 4");
-    EXPECT_EQ(RunTimeError(ErrorNumber::typeMismatch).reportWhileLoading("x.bqp", 7),
-              "Error 13 : Type mismatch\r\nWhile loading 'x.bqp' at line 7");
-    EXPECT_EQ(own.reportWhileLoading({}), "Error 53 : File not found\r\nWhile loading 'lib.bqs'");
-}
-
 }  // namespace
 }  // namespace brasquelin

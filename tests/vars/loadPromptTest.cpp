@@ -196,12 +196,5 @@ TEST_F(LoadPrompt, WithoutVariablesAProfileRunsAtOnceAndALibraryIsShown) {
     EXPECT_EQ(given.size(), 1U);
 }
 
-TEST_F(LoadPrompt, ClosingThePromptOfTheNamedFileEndsTheProgram) {
-    load(PromptKind::profile, {}, true);
-    EXPECT_EQ(exitStatusOf([&] { promptClosed(form()); }), 0);
-    load(PromptKind::profile);
-    EXPECT_NO_THROW(promptClosed(form()));
-}
-
 }  // namespace
 }  // namespace brasquelin

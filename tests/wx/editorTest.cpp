@@ -183,7 +183,6 @@ TEST_F(Editor, GroupsMoveByButtonsAndKeysAndStaySelected) {
     commands.selectLine(6);
     click(frame, "cmdUp");
     EXPECT_EQ(1U, commands.selectedLine());
-    EXPECT_EQ("call", commands.GetItemText(0));
     EXPECT_EQ("    .x=$i$", commands.GetItemText(1));
     pressKey(commands, WXK_DOWN, true);
     click(frame, "cmdDown");
