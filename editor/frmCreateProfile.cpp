@@ -1,6 +1,7 @@
 #include "editor/frmCreateProfile.h"
 
 #include <wx/menu.h>
+#include <wx/panel.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -62,10 +63,10 @@ void fillContextMenu(wxMenu& menu, bool hasSelection, bool isCommandList) {
 
 FrmCreateProfile::FrmCreateProfile()
     : wxFrame(nullptr, wxID_ANY, "Profile Editor", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE,
-              "frmCreateProfile") {
+              "frmCreateProfile"),
+      parts_(new wxPanel(this)) {
     enterEditor();
     SetIcons(programIcons());
-    SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
     makeMenu();
     bindMenus();
     bindTimers();
@@ -83,7 +84,7 @@ FrmCreateProfile::FrmCreateProfile()
                   wxSizerFlags(1).Expand());
     commands->Add(makeMoveButtons(), wxSizerFlags().CenterVertical().Border(wxLEFT));
     all->Add(commands, wxSizerFlags(below).Proportion(4));
-    SetSizer(all);
+    parts_->SetSizer(all);
     Bind(wxEVT_CLOSE_WINDOW, &FrmCreateProfile::closing, this);
 
     SetMinSize(FromDIP(wxSize(420, 420)));
@@ -150,22 +151,22 @@ void FrmCreateProfile::bindTimers() {
 }
 
 wxSizer* FrmCreateProfile::makeName() {
-    profileName_ = makeTextBox(this, "profileName", editorState.document.profileName,
+    profileName_ = makeTextBox(parts_, "profileName", editorState.document.profileName,
                                [](const std::string& name) { editorState.document.rename(name); });
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(new wxStaticText(this, wxID_ANY, "Profile name :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
+    row->Add(new wxStaticText(parts_, wxID_ANY, "Profile name :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
     row->Add(profileName_, wxSizerFlags(1).CenterVertical());
     return row;
 }
 
 wxSizer* FrmCreateProfile::makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
                                     const char* section) {
-    auto* tags = new wxStaticText(this, wxID_ANY, section);
+    auto* tags = new wxStaticText(parts_, wxID_ANY, section);
     tags->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     auto* captions = new wxBoxSizer(wxHORIZONTAL);
-    captions->Add(new wxStaticText(this, wxID_ANY, caption), wxSizerFlags(1));
+    captions->Add(new wxStaticText(parts_, wxID_ANY, caption), wxSizerFlags(1));
     captions->Add(tags);
-    list = new EditorListView(this, which, name);
+    list = new EditorListView(parts_, which, name);
     bindList(*list);
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(captions, wxSizerFlags().Expand().Border(wxBOTTOM));
@@ -184,7 +185,7 @@ wxSizer* FrmCreateProfile::makeMoveButtons() {
     for (const auto& [name, tip, look, move] :
          {Button{"cmdUp", "Move up (Ctrl+Up)", Picture::moveUp, moveSelectedUp},
           Button{"cmdDown", "Move down (Ctrl+Down)", Picture::moveDown, moveSelectedDown}}) {
-        auto* button = makePictureButton(this, look, 20, name, tip, [this, step = move] { moveGroup(step); });
+        auto* button = makePictureButton(parts_, look, 20, name, tip, [this, step = move] { moveGroup(step); });
         column->Add(button, wxSizerFlags().Border(wxBOTTOM));
     }
     return column;

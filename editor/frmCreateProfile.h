@@ -9,6 +9,7 @@
 
 #include "editor/editorActions.h"
 
+class wxPanel;
 class wxSizer;
 class wxTextCtrl;
 
@@ -50,6 +51,7 @@ class FrmCreateProfile : public wxFrame {
     EditorListView& activeList() const;
     std::array<EditorListView*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
 
+    wxPanel* parts_;  // the Tab key needs it
     wxTextCtrl* profileName_ = nullptr;
     EditorListView* listInclude_ = nullptr;
     EditorListView* listVar_ = nullptr;
