@@ -44,15 +44,7 @@ FrmMain::FrmMain()
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(JobList_, wxSizerFlags(1).Expand());
     SetSizer(sizer);
-
-    for (const auto& command : mainCommands()) {
-        Bind(
-            wxEVT_MENU, [this, &command](wxCommandEvent&) { run(command); }, idOf(command));
-        Bind(
-            wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(mainCommandsEnabled()); }, idOf(command));
-    }
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+    bindCommands();
     Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         JobList_->showChanges();
@@ -100,6 +92,17 @@ void FrmMain::makeToolbar() {
     }
     toolbar->Realize();
     SetToolBar(toolbar);
+}
+
+void FrmMain::bindCommands() {
+    for (const auto& command : mainCommands()) {
+        Bind(
+            wxEVT_MENU, [this, &command](wxCommandEvent&) { run(command); }, idOf(command));
+        Bind(
+            wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(mainCommandsEnabled()); }, idOf(command));
+    }
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
 }
 
 void FrmMain::run(const MainCommand& command) {

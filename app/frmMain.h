@@ -18,6 +18,7 @@ class FrmMain : public wxFrame {
     void makePlace();
     void makeMenu();
     void makeToolbar();
+    void bindCommands();
     void run(const MainCommand& command);
     void showMenu(wxContextMenuEvent& event);
     void closing(wxCloseEvent& event);

@@ -12,31 +12,37 @@
 namespace brasquelin {
 
 FrmOption::FrmOption() : ProgramDialog("frmOption", "Options") {
+    auto* all = new wxBoxSizer(wxVERTICAL);
+    all->Add(makePaths(), wxSizerFlags().Expand().DoubleBorder(wxALL));
+    all->Add(makeVariables(), wxSizerFlags(1).Expand().DoubleBorder(wxLEFT | wxRIGHT));
+    all->Add(makeEnd(), wxSizerFlags().Expand().DoubleBorder(wxALL));
+    SetSizer(all);
+    fit(FromDIP(wxSize(620, 460)));
+    showVariables(wxNOT_FOUND);
+}
+
+wxSizer* FrmOption::makePaths() {
     auto* grid = new wxFlexGridSizer(3, wxSize(FromDIP(8), FromDIP(6)));
     grid->AddGrowableCol(1);
     addPathRow(*grid, OptionsModel::library, "Library path :", "Text1", "Command1");
     addPathRow(*grid, OptionsModel::profile, "Profile path :", "Text2", "Command2");
     addPathRow(*grid, OptionsModel::plugin, "Plugin path :", "Text3", "Command3");
     addPathRow(*grid, OptionsModel::basicFunction, "BasicFunction path :", "Text4", "Command4");
+    return grid;
+}
 
-    auto* variables = makeVariables();
+/// What saving does stands beside its button.
+wxSizer* FrmOption::makeEnd() {
     auto* cancel = makeCancelButton(this);
     auto* saving = makeButton(this, "Save setting", "Command6", [this] { save(); });
-
     auto* note =
         new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_MIDDLE, "savingNote");
     note->SetLabelText(toWxLines(OptionsModel::savingNote()));
     note->SetToolTip(note->GetLabelText());
-    auto* closing = new wxBoxSizer(wxHORIZONTAL);
-    closing->Add(note, wxSizerFlags(1).CenterVertical().Border(wxRIGHT));
-    closing->Add(makeButtonRow(cancel, saving), wxSizerFlags().CenterVertical());
-    auto* all = new wxBoxSizer(wxVERTICAL);
-    all->Add(grid, wxSizerFlags().Expand().DoubleBorder(wxALL));
-    all->Add(variables, wxSizerFlags(1).Expand().DoubleBorder(wxLEFT | wxRIGHT));
-    all->Add(closing, wxSizerFlags().Expand().DoubleBorder(wxALL));
-    SetSizer(all);
-    fit(FromDIP(wxSize(620, 460)));
-    showVariables(wxNOT_FOUND);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(note, wxSizerFlags(1).CenterVertical().Border(wxRIGHT));
+    row->Add(makeButtonRow(cancel, saving), wxSizerFlags().CenterVertical());
+    return row;
 }
 
 void FrmOption::addPathRow(wxFlexGridSizer& grid, OptionsModel::Field field, const char* label, const char* boxName,

@@ -18,7 +18,9 @@ class FrmOption : public ProgramDialog {
   private:
     void addPathRow(wxFlexGridSizer& grid, OptionsModel::Field field, const char* label, const char* boxName,
                     const char* buttonName);
+    wxSizer* makePaths();
     wxSizer* makeVariables();
+    wxSizer* makeEnd();
     void showVariables(int selection);
     void add();
     void remove();

@@ -1,7 +1,6 @@
 // The dialog that declares a variable, without its window.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <vector>
 

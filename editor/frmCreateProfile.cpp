@@ -70,6 +70,17 @@ FrmCreateProfile::FrmCreateProfile()
     makeMenu();
     bindMenus();
     bindTimers();
+    makeParts();
+    Bind(wxEVT_CLOSE_WINDOW, &FrmCreateProfile::closing, this);
+
+    SetMinSize(FromDIP(wxSize(420, 420)));
+    SetSize(FromDIP(wxSize(760, 700)));
+    placeOnScreen(*this);
+    showDocument();
+    listInclude_->SetFocus();
+}
+
+void FrmCreateProfile::makeParts() {
     auto* all = new wxBoxSizer(wxVERTICAL);
     all->Add(makeName(), wxSizerFlags().Expand().DoubleBorder(wxALL));
     const auto below = wxSizerFlags(2).Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM);
@@ -85,13 +96,6 @@ FrmCreateProfile::FrmCreateProfile()
     commands->Add(makeMoveButtons(), wxSizerFlags().CenterVertical().Border(wxLEFT));
     all->Add(commands, wxSizerFlags(below).Proportion(4));
     parts_->SetSizer(all);
-    Bind(wxEVT_CLOSE_WINDOW, &FrmCreateProfile::closing, this);
-
-    SetMinSize(FromDIP(wxSize(420, 420)));
-    SetSize(FromDIP(wxSize(760, 700)));
-    placeOnScreen(*this);
-    showDocument();
-    listInclude_->SetFocus();
 }
 
 void FrmCreateProfile::makeMenu() {

@@ -26,6 +26,7 @@ class FrmCreateProfile : public wxFrame {
 
     void makeMenu();
     void bindMenus();
+    void makeParts();
     wxSizer* makeName();
     wxSizer* makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
                       const char* section);

@@ -31,15 +31,6 @@ wxColour mixed(const wxColour& base, const wxColour& tint, double share) {
     return wxColour(mix(base.Red(), tint.Red()), mix(base.Green(), tint.Green()), mix(base.Blue(), tint.Blue()));
 }
 
-void setRect(wxWindow& control, wxRect place, int scrolledBy) {
-    place.Offset(0, -scrolledBy);
-    control.SetSize(place);
-}
-
-wxRect pixels(const TwipScale& scale, const Box& box) {
-    return scale.rect(box.left, box.top, box.width, box.height);
-}
-
 /// "archive (PathSave)", then what the declaration tells.
 std::string nameTip(const PromptRow& row) {
     const std::string type = row.typeSpec.substr(0, row.typeSpec.find('('));
@@ -100,32 +91,27 @@ void PromptRowView::browseForPath() {
 
 void PromptRowView::place(const TwipScale& scale, const ExtraWidths& extra, int scrolledBy) {
     const RowPlacement at;
-    const auto onBackdrop = [&](Box box) {
+    const auto moved = [&](Box box, int movedBy, int wider) {
         box.top += row_.place.graph1.top - at.graph1.top;
-        return pixels(scale, box);
-    };
-    const auto value = [&](const Box& box) {
-        wxRect place = onBackdrop(box);
-        place.x += extra.name;
-        place.width += extra.value;
+        wxRect place = scale.rect(box.left, box.top, box.width, box.height);
+        place.Offset(movedBy, -scrolledBy);
+        place.width += wider;
         return place;
     };
-    wxRect name = onBackdrop(at.varName);
-    name.width += extra.name;
-    setRect(*varName_, name, scrolledBy);
+    const auto value = [&](const Box& box) { return moved(box, extra.name, extra.value); };
+    varName_->SetSize(moved(at.varName, 0, extra.name));
     if (getPath_) {
-        wxRect button = onBackdrop(at.getPath);
-        button.x += extra.name + extra.value;
+        const wxRect button = moved(at.getPath, extra.name + extra.value, 0);
         wxRect box = value(at.pathType);
         box.SetRight(button.x - 1);  // the button stands over the end of the box
-        setRect(*text_, box, scrolledBy);
-        setRect(*getPath_, button, scrolledBy);
+        text_->SetSize(box);
+        getPath_->SetSize(button);
     } else if (text_) {
-        setRect(*text_, value(at.textType), scrolledBy);
+        text_->SetSize(value(at.textType));
     } else if (listType_) {
         wxRect box = value(at.listType);
         box.height = std::max(box.height, listType_->GetBestSize().y);
-        setRect(*listType_, box, scrolledBy);
+        listType_->SetSize(box);
     }
 }
 
