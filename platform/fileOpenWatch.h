@@ -1,6 +1,7 @@
 // Tells when another program has opened a file.
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 namespace brasquelin {
@@ -18,7 +19,8 @@ class FileOpenWatch {
     bool wasOpened();
 
   private:
-    int watch_ = -1;
+    struct System;
+    std::unique_ptr<System> system_;  // null where nothing is watched
     bool opened_ = false;
 };
 

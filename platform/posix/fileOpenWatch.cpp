@@ -1,30 +1,38 @@
+#include "platform/fileOpenWatch.h"
+
 #include <sys/inotify.h>
 #include <unistd.h>
 
-#include "platform/fileOpenWatch.h"
 #include "platform/paths.h"
 
 namespace brasquelin {
 
-FileOpenWatch::FileOpenWatch(std::string_view path) : watch_(inotify_init1(IN_CLOEXEC | IN_NONBLOCK)) {
-    if (watch_ < 0 || inotify_add_watch(watch_, resolvePath(path).c_str(), IN_OPEN) >= 0) return;
-    close(watch_);
-    watch_ = -1;
+/// Closes what it holds.
+struct FileOpenWatch::System {
+    explicit System(int watch) : descriptor(watch) {}
+    ~System() { close(descriptor); }
+    System(const System&) = delete;
+    System& operator=(const System&) = delete;
+    int descriptor;
+};
+
+FileOpenWatch::FileOpenWatch(std::string_view path) {
+    const int watch = inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+    if (watch < 0) return;
+    system_ = std::make_unique<System>(watch);
+    if (inotify_add_watch(watch, resolvePath(path).c_str(), IN_OPEN) < 0) system_.reset();
 }
 
-FileOpenWatch::~FileOpenWatch() {
-    if (watch_ >= 0) close(watch_);
-}
+FileOpenWatch::~FileOpenWatch() = default;
 
 bool FileOpenWatch::canTell() const {
-    return opened_ || watch_ >= 0;
+    return opened_ || system_;
 }
 
 bool FileOpenWatch::wasOpened() {
     alignas(inotify_event) char events[4096];
-    if (watch_ < 0 || read(watch_, events, sizeof events) <= 0) return opened_;
-    close(watch_);  // the system has only so many
-    watch_ = -1;
+    if (!system_ || read(system_->descriptor, events, sizeof events) <= 0) return opened_;
+    system_.reset();  // the system has only so many
     return opened_ = true;
 }
 

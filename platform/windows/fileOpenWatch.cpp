@@ -2,13 +2,15 @@
 
 namespace brasquelin {
 
-// The command interpreter opens a batch file again for each line.
+// The command interpreter opens a batch file again for each line, so nothing is watched.
+struct FileOpenWatch::System {};
+
 FileOpenWatch::FileOpenWatch(std::string_view /*path*/) {}
 
 FileOpenWatch::~FileOpenWatch() = default;
 
 bool FileOpenWatch::canTell() const {
-    return watch_ >= 0;
+    return system_ != nullptr;
 }
 
 bool FileOpenWatch::wasOpened() {
