@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/dryRunOption.h"
 #include "platform/standardStreams.h"
 
 namespace brasquelin {
@@ -16,6 +17,9 @@ constexpr std::string_view help =
     "  brasquelin FILE 001=value 002=...    the same with the values of its variables, in the order of declaration;\n"
     "                                       \"#ask#\" leaves one to the user, \"#pop:key\" asks once and remembers\n"
     "  brasquelin -f LIST                   replays a list of such command lines as one batch, unattended\n"
+    "  brasquelin --dry-run [--with-plugins] FILE [001=value ...]\n"
+    "  brasquelin --dry-run [--with-plugins] -f LIST\n"
+    "                                       prints the finished lines and runs nothing\n"
     "  brasquelin --help                    prints this text\n"
     "  brasquelin --version                 prints the version\n"
     "\n"
@@ -30,6 +34,8 @@ std::optional<int> answerOption(std::string_view commandLine) {
         print(StandardStream::output, help);
     } else if (option == "--version") {
         print(StandardStream::output, "Brasquelin " BRASQUELIN_VERSION "\n");
+    } else if (option == "--dry-run") {
+        return dryRun(commandLine.substr(option.size()));
     } else {
         print(StandardStream::error,
               "brasquelin: unknown option '" + std::string(option) + "'; --help lists what there is\n");

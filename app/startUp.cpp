@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "app/batchFile.h"
-#include "app/commandLine.h"
 #include "app/jobList.h"
 #include "app/openFile.h"
 #include "config/configFile.h"
@@ -64,8 +63,7 @@ void enterDirectoryOf(const std::string& path) {
 void openNamedFile(const std::string& commandLine) {
     const FileArgument argument = parseFileArgument(commandLine);
     runState.currentFile = argument.path;
-    loading(argument.path, [&] { enterDirectoryOf(argument.path); });
-    openFile(argument.path, argument.presets);
+    openArgument(argument);
 }
 
 /// The first line of a message, without the line breaks of the others.
@@ -79,8 +77,7 @@ std::optional<std::string> replayLine(std::string_view line) {
     const FileArgument argument = parseFileArgument(argumentOfListLine(line));
     const std::size_t before = desktop().failures().size();
     runState.completed = false;
-    loading(argument.path, [&] { enterDirectoryOf(argument.path); });
-    const bool known = openFile(argument.path, argument.presets);
+    const bool known = openArgument(argument);
     desktop().closePrompt();
     if (runState.completed || !known) return std::nullopt;
     if (desktop().failures().size() > before) return inOneLine(desktop().failures()[before]);
@@ -175,6 +172,11 @@ void resetTables() {
     forgetTextFiles();
     childProcessId = 0;
     setJobSink([](std::string line) { jobList.append(std::move(line)); });
+}
+
+bool openArgument(const FileArgument& argument) {
+    loading(argument.path, [&] { enterDirectoryOf(argument.path); });
+    return openFile(argument.path, argument.presets);
 }
 
 bool startUp(const std::string& commandLine, const std::function<void()>& detectBorders) {

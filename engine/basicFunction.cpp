@@ -6,6 +6,7 @@
 #include "config/configFile.h"
 #include "engine/expandProfileLine.h"
 #include "engine/resolvedVariable.h"
+#include "platform/onlooker.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
@@ -255,6 +256,7 @@ bool runNamedFunction(std::string_view name, std::string_view parameter, const F
 }
 
 void saveTextFile(std::string_view path, std::string_view text) {
+    if (onlooker() && !onlooker()->mayWrite(path)) return;
     std::vector<std::string> lines;
     for (const auto piece : split(text, itemSeparator)) lines.emplace_back(piece);
     writeLines(path, lines);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/onlooker.h"
 #include "text/table.h"
 
 namespace brasquelin {
@@ -40,19 +41,13 @@ struct Loops {
     std::vector<LoopRecord> records;  // outermost first; behind the open ones, those of ended loops keep their values
 };
 
-/// A file that is being interpreted, for messages.
-struct SourceLine {
-    std::string path;
-    int line = 0;
-};
-
 struct EngineTables {
     PerLevel<Table<Callable>> callables;
     PerLevel<Table<Program>> plugins;
     PerLevel<Table<Program>> checks;
     PerLevel<Table<NamedValue>> checkResults;
     PerLevel<Loops> loops;
-    std::vector<SourceLine> fileStack;  // innermost last
+    std::vector<SourceLine> fileStack;  // what is being interpreted, innermost last
     std::string runCounter = "0";       // decimal text
 
     void reset();

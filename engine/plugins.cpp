@@ -4,6 +4,7 @@
 #include "platform/childProcess.h"
 #include "platform/directoryLock.h"
 #include "platform/files.h"
+#include "platform/onlooker.h"
 #include "platform/textFiles.h"
 #include "text/substitution.h"
 #include "text/text.h"
@@ -52,6 +53,7 @@ bool namesProgram(std::string_view programPath) {
 
 void runProgram(std::string_view programPath, std::string_view parameters, Table<NamedValue>& results) {
     if (!namesProgram(programPath)) throw RunTimeError(ErrorNumber::fileNotFound);
+    if (onlooker() && !onlooker()->mayRunProgram(programPath)) return;
     const std::string resultPath = std::string(withoutLast(programPath, extensionLength)) + "var";
     DirectoryLock lock;
     lock.coverStartedPrograms();

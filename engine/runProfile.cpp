@@ -1,6 +1,7 @@
 #include "engine/runProfile.h"
 
 #include <charconv>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "engine/librarySection.h"
 #include "engine/plugins.h"
 #include "platform/desktop.h"
+#include "platform/onlooker.h"
 #include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
@@ -51,6 +53,7 @@ class ProfileRun {
     void handleLine();
     void startLoop();
     LoopRecord readLoopHeader();
+    int loopNumber(const std::string& text, int whenUnknown) const;
     void endLoop();
     void stayResponsive();
     void runFunctionStatement();
@@ -155,15 +158,23 @@ LoopRecord ProfileRun::readLoopHeader() {
         const std::string line = expanded(line_);
         return std::string(valueBehind(loopKeys[read++], line));
     };
+    constexpr int unknown = std::numeric_limits<int>::min() / 2;  // of no 16-bit number
     LoopRecord record;
     record.bodyLine = position_ + 5;
     record.variable = header();
-    record.start = toInteger16(header());
-    record.end = toInteger16(header());
-    record.step = toInteger16(header());
+    const std::string start = header();
+    record.start = loopNumber(start, unknown);
+    record.end = loopNumber(header(), record.start);
+    record.step = loopNumber(header(), 1);
     record.current = record.start;
-    record.currentText = std::to_string(record.current);
+    record.currentText = record.start == unknown ? start : std::to_string(record.current);
     return record;
+}
+
+/// A loop whose numbers nobody can tell is gone through once.
+int ProfileRun::loopNumber(const std::string& text, int whenUnknown) const {
+    const bool isUnknown = onlooker() && onlooker()->isUnknown(text, engineTables.fileStack.back());
+    return isUnknown ? whenUnknown : toInteger16(text);
 }
 
 void ProfileRun::endLoop() {

@@ -4,6 +4,7 @@
 
 #include "platform/desktop.h"
 #include "platform/files.h"
+#include "platform/onlooker.h"
 #include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
@@ -113,6 +114,7 @@ void loadFunction(const std::string& path, PromptOptions options) {
 }
 
 bool refusesConfirmation(const PromptForm& form) {
+    if (onlooker() && !onlooker()->mayConfirm()) return true;
     return form.mayConfirm && !form.mayConfirm();
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/directoryLock.h"
 #include "platform/files.h"
+#include "platform/onlooker.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/text.h"
@@ -34,6 +35,7 @@ std::optional<std::string> recallValue(std::string_view key) {
 }
 
 void rememberValue(std::string_view key, std::string_view value) {
+    if (onlooker() && !onlooker()->mayWrite(memoryPath())) return;
     const DirectoryLock lock;
     std::vector<std::string> lines = rememberedLines();
     lines.insert(lines.begin(), std::string(key) + "=" + std::string(value));

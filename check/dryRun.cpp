@@ -1,0 +1,107 @@
+#include "check/dryRun.h"
+
+#include <algorithm>
+
+#include "check/leftReferences.h"
+#include "engine/runProfile.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/standardStreams.h"
+#include "text/runTimeError.h"
+#include "text/substitution.h"
+#include "vars/promptForm.h"
+
+namespace brasquelin {
+
+namespace {
+
+void tell(const std::string& text) {
+    writeMessage("Brasquelin", text);
+}
+
+/// A program that is named without a directory may stand anywhere on the search path.
+bool isMissing(std::string_view programPath) {
+    return programPath.find_first_of("\\/") != std::string_view::npos && resolveProgram(programPath).empty();
+}
+
+}  // namespace
+
+DryRun::DryRun(bool withPlugins) : withPlugins_(withPlugins), lookingOn_(*this), desktopBefore_(desktop()) {
+    setDesktop(*this);
+    setJobSink([this](std::string line) { take(std::move(line)); });
+}
+
+DryRun::~DryRun() {
+    setJobSink({});
+    setDesktop(desktopBefore_);
+}
+
+void DryRun::beginFile() {
+    asked_ = skippedProgram_ = false;
+}
+
+void DryRun::take(std::string line) {
+    if (skippedProgram_) {
+        for (const auto& reference : leftReferences(line)) left_.emplace(reference.name);
+    }
+    lines_.push_back(std::move(line));
+}
+
+void DryRun::tellLeft() const {
+    std::string names;
+    for (const auto& name : left_) names += (names.empty() ? "$" : ", $") + name + "$";
+    if (!names.empty()) tell("left as they are, for a plugin may know them: " + names);
+}
+
+bool DryRun::mayRunProgram(std::string_view path) {
+    if (withPlugins_) return true;
+    if (isMissing(path)) throw RunTimeError(ErrorNumber::fileNotFound, std::string(path));
+    skippedProgram_ = true;
+    if (skipped_.emplace(path).second) tell("'" + std::string(path) + "' was not run; --with-plugins runs it.");
+    return false;
+}
+
+bool DryRun::mayWrite(std::string_view path) {
+    const std::string directory = dirOf(path);
+    if (directory.empty() || directoryExists(directory)) return false;
+    throw RunTimeError(ErrorNumber::pathNotFound, std::string(path)).ofWriting();
+}
+
+bool DryRun::isUnknown(std::string_view number, const SourceLine& place) {
+    if (!skippedProgram_ || leftReferences(number).empty()) return false;
+    const std::string loop = "'" + place.path + "' line " + std::to_string(place.line);
+    if (unknownLoops_.insert(loop).second) {
+        tell(loop + ": only a plugin knows '" + std::string(number) + "'; the loop is gone through once.");
+    }
+    return true;
+}
+
+void DryRun::tellAsked(std::string_view about) {
+    const std::string text = std::string(about.substr(0, about.find('\r'))) + " would have to be asked for.";
+    tell(text);
+    noteFailure(text);
+    asked_ = true;
+}
+
+void DryRun::showPrompt(std::shared_ptr<PromptForm> form, bool /*modal*/) {
+    const bool someOnly =
+        std::any_of(form->rows.begin(), form->rows.end(), [](const PromptRow& row) { return row.askUser; });
+    for (const auto& row : form->rows) {
+        if (row.askUser || !someOnly) tellAsked(form->about(row));
+    }
+    if (form->rows.empty()) tellAsked("The confirmation of '" + form->path + "'");
+}
+
+std::optional<std::string> DryRun::askText(std::string_view prompt, std::string_view /*title*/,
+                                           std::string_view defaultText) {
+    constexpr std::string_view gap = "\r\n\r\n";  // between the row's label and what it is about
+    tellAsked(prompt.substr(prompt.find(gap) + gap.size()));
+    return std::string(defaultText);
+}
+
+std::string DryRun::askFile(const FileDialogRequest& request) {
+    tellAsked(request.note);
+    return {};
+}
+
+}  // namespace brasquelin

@@ -1,0 +1,61 @@
+// A dry run: what files would put into the batch file, without a trace outside the program's own tables.
+#pragma once
+
+#include <cstddef>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/console/consoleDesktop.h"
+#include "platform/onlooker.h"
+
+namespace brasquelin {
+
+/// While it lives it takes the finished lines and every message, starts nothing (plugins and checks only when told so),
+/// writes nothing and asks nothing. It is made once the tables have been reset.
+class DryRun : public Onlooker, public ConsoleDesktop {
+  public:
+    explicit DryRun(bool withPlugins);
+    ~DryRun() override;
+    DryRun(const DryRun&) = delete;
+    DryRun& operator=(const DryRun&) = delete;
+
+    /// Tells that another file begins. What was asked and what was not run counts by file.
+    void beginFile();
+
+    /// The finished lines. A file that would have to ask adds none.
+    const std::vector<std::string>& lines() const { return lines_; }
+
+    /// Tells which references are left because plugins were not run.
+    void tellLeft() const;
+
+    // What the run asks of it
+    bool mayRunProgram(std::string_view path) override;
+    bool mayWrite(std::string_view path) override;
+    bool mayConfirm() override { return !asked_; }
+    bool isUnknown(std::string_view number, const SourceLine& place) override;
+
+    /// A prompt counts as one that may be shown, so that its rows are told one by one.
+    bool hasWindows() const override { return true; }
+    void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
+    std::optional<std::string> askText(std::string_view prompt, std::string_view title,
+                                       std::string_view defaultText) override;
+    std::string askFile(const FileDialogRequest& request) override;
+
+  private:
+    void take(std::string line);
+    void tellAsked(std::string_view about);
+
+    bool withPlugins_;
+    LookingOn lookingOn_;
+    Desktop& desktopBefore_;
+    std::vector<std::string> lines_;
+    bool asked_ = false;           // by the file in hand
+    bool skippedProgram_ = false;  // likewise
+    std::set<std::string, std::less<>> skipped_;
+    std::set<std::string, std::less<>> left_;
+    std::set<std::string, std::less<>> unknownLoops_;
+};
+
+}  // namespace brasquelin
