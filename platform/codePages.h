@@ -30,4 +30,7 @@ std::string decodeOem(std::string_view bytes);
 /// hold. Linux: UTF-8.
 std::string encodeOem(std::string_view text);
 
+/// A piece of what a console program prints. Windows: from the OEM page. Linux: the bytes as they are.
+std::string decodePrinted(std::string_view bytes);
+
 }  // namespace brasquelin

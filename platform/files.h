@@ -1,6 +1,7 @@
 // Files and directories. Every path goes through the system's own resolver (see paths.h).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -18,6 +19,9 @@ bool isSameDirectory(std::string_view left, std::string_view right);
 
 /// The bytes of a file. Raises 53, 70, 75 or 76 with the path as given.
 std::string readFileBytes(std::string_view path);
+
+/// At most `most` bytes from position `begin` on; fewer at the end of the file. Raises as readFileBytes.
+std::string readFilePart(std::string_view path, std::uint64_t begin, std::size_t most);
 
 /// What tells two versions of a file apart without reading it.
 struct FileStamp {

@@ -26,6 +26,19 @@ bool statusOf(std::string_view path, struct stat& status) {
     return !name.empty() && stat(name.c_str(), &status) == 0;
 }
 
+/// The number of the open file, for a Descriptor.
+int openForReading(std::string_view path) {
+    const std::string resolved = resolvePath(path);
+    if (directoryExists(resolved)) throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path));
+    const int file = open(resolved.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file >= 0) return file;
+    const int error = errno;
+    const std::string directory = dirOf(resolved);
+    const bool noDirectory = error == ENOENT && !directory.empty() && !directoryExists(directory);
+    throw RunTimeError(noDirectory ? ErrorNumber::pathNotFound : errorNumberOf(error, FileUse::reading),
+                       std::string(path));
+}
+
 }  // namespace
 
 FileKind fileKindOf(std::string_view path) {
@@ -68,16 +81,7 @@ bool isLink(std::string_view path) {
 }
 
 std::string readFileBytes(std::string_view path) {
-    const std::string resolved = resolvePath(path);
-    if (directoryExists(resolved)) throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path));
-    const Descriptor file(open(resolved.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file) {
-        const int error = errno;
-        const std::string directory = dirOf(resolved);
-        const bool noDirectory = error == ENOENT && !directory.empty() && !directoryExists(directory);
-        throw RunTimeError(noDirectory ? ErrorNumber::pathNotFound : errorNumberOf(error, FileUse::reading),
-                           std::string(path));
-    }
+    const Descriptor file(openForReading(path));
     struct stat status {};
     std::string bytes;
     if (fstat(file.get(), &status) == 0) bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
@@ -88,6 +92,20 @@ std::string readFileBytes(std::string_view path) {
         if (length < 0 && errno != EINTR) raise(errno, FileUse::reading, path);
         if (length > 0) bytes.append(buffer, static_cast<std::size_t>(length));
     }
+}
+
+std::string readFilePart(std::string_view path, std::uint64_t begin, std::size_t most) {
+    const Descriptor file(openForReading(path));
+    std::string bytes(most, '\0');
+    std::size_t size = 0;
+    while (size < most) {
+        const ssize_t length = pread(file.get(), bytes.data() + size, most - size, static_cast<off_t>(begin + size));
+        if (length == 0) break;
+        if (length < 0 && errno != EINTR) raise(errno, FileUse::reading, path);
+        if (length > 0) size += static_cast<std::size_t>(length);
+    }
+    bytes.resize(size);
+    return bytes;
 }
 
 std::optional<FileStamp> fileStamp(std::string_view path) {

@@ -89,4 +89,8 @@ std::string encodeOem(std::string_view text) {
     return std::string(text);
 }
 
+std::string decodePrinted(std::string_view bytes) {
+    return std::string(bytes);
+}
+
 }  // namespace brasquelin

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 #include "platform/systemFiles.h"
 #include "platform/windows/systemError.h"
 #include "platform/windows/systemHandle.h"
@@ -104,6 +106,24 @@ std::string readFileBytes(std::string_view path) {
         }
         bytes.resize(size + got);
     } while (got > 0);
+    return bytes;
+}
+
+std::string readFilePart(std::string_view path, std::uint64_t begin, std::size_t most) {
+    const SystemHandle file = openExisting(toWide(path), GENERIC_READ);
+    LARGE_INTEGER position;
+    position.QuadPart = static_cast<LONGLONG>(begin);
+    if (!file || SetFilePointerEx(file.get(), position, nullptr, FILE_BEGIN) == 0) raiseLastError(path);
+    std::string bytes(most, '\0');
+    std::size_t size = 0;
+    while (size < most) {
+        DWORD got = 0;
+        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(most - size, 1U << 24U));
+        if (ReadFile(file.get(), bytes.data() + size, wanted, &got, nullptr) == 0) raiseLastError(path);
+        if (got == 0) break;
+        size += got;
+    }
+    bytes.resize(size);
     return bytes;
 }
 

@@ -27,4 +27,8 @@ std::string encodeOem(std::string_view text) {
     return pageFromWide(toWide(text), GetOEMCP());
 }
 
+std::string decodePrinted(std::string_view bytes) {
+    return isAscii(bytes) ? std::string(bytes) : fromOem(bytes);
+}
+
 }  // namespace brasquelin

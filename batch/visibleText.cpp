@@ -1,0 +1,85 @@
+#include "batch/visibleText.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdio>
+
+#include "text/text.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr char32_t unreadable = 0xFFFD;
+
+struct CodePointRange {
+    char32_t first;
+    char32_t last;
+};
+/// C1 controls, soft hyphen, zero width and direction marks, line separators, marks of byte order and annotation.
+constexpr std::array<CodePointRange, 9> unseen = {{{0x80, 0x9F},
+                                                   {0xAD, 0xAD},
+                                                   {0x61C, 0x61C},
+                                                   {0x180E, 0x180E},
+                                                   {0x200B, 0x200F},
+                                                   {0x2028, 0x202E},
+                                                   {0x2060, 0x206F},
+                                                   {0xFEFF, 0xFEFF},
+                                                   {0xFFF9, 0xFFFB}}};
+
+bool isUnseen(char32_t codePoint) {
+    return std::any_of(unseen.begin(), unseen.end(), [codePoint](const CodePointRange& range) {
+        return codePoint >= range.first && codePoint <= range.last;
+    });
+}
+
+std::size_t lengthOf(unsigned char lead) {
+    return lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+}
+
+}  // namespace
+
+void appendVisible(std::string& text, char32_t codePoint) {
+    constexpr char32_t signsOfControls = 0x2400;
+    if (codePoint < 0x20) return appendUtf8(text, signsOfControls + codePoint);
+    if (codePoint == 0x7F) return appendUtf8(text, 0x2421);
+    if (!isUnseen(codePoint)) return appendUtf8(text, codePoint);
+    char sign[16];
+    std::snprintf(sign, sizeof sign, "<U+%04X>", static_cast<unsigned>(codePoint));
+    text.append(sign);
+}
+
+char32_t takeCodePoint(std::string_view& text) {
+    const auto lead = static_cast<unsigned char>(text.front());
+    const std::size_t length = lengthOf(lead);
+    const std::string_view character = text.substr(0, length);
+    if (length > 1 && !isUtf8(character)) {
+        const bool mayGoOn = lead >= 0xC2 && lead <= 0xF4 && character.size() < length &&
+                             std::all_of(character.begin() + 1, character.end(),
+                                         [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; });
+        if (mayGoOn) return 0;
+        text.remove_prefix(1);
+        return unreadable;
+    }
+    text.remove_prefix(length);
+    char32_t codePoint = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+    for (const char byte : character.substr(1))
+        codePoint = (codePoint << 6) | (static_cast<unsigned char>(byte) & 0x3FU);
+    return codePoint;
+}
+
+std::string visibleText(std::string_view line) {
+    std::string text;
+    text.reserve(line.size());
+    while (!line.empty()) {
+        const std::size_t left = line.size();
+        const char32_t codePoint = takeCodePoint(line);
+        const bool cutOff = codePoint == 0 && line.size() == left;
+        if (cutOff) line.remove_prefix(1);
+        appendVisible(text, cutOff ? unreadable : codePoint);
+    }
+    return text;
+}
+
+}  // namespace brasquelin
