@@ -10,6 +10,9 @@ enum class StandardStream { output, error };
 /// Writes the text, whose lines end with "\n". False where the stream leads nowhere (Windows, unless redirected).
 bool writeTo(StandardStream stream, std::string_view text);
 
+/// The same for bytes that stay as they are.
+bool writeBytes(StandardStream stream, std::string_view bytes);
+
 /// The answer to an option of the command line. Windows: where the stream leads nowhere, to the console of whoever
 /// started the program, or in a message box when there is none.
 void print(StandardStream stream, std::string_view text);

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cerrno>
 
+#include "platform/interruption.h"
 #include "platform/posix/terminalLoan.h"
 
 namespace brasquelin {
@@ -19,6 +20,8 @@ constexpr std::array<int, 3> endingSignals{SIGTERM, SIGINT, SIGHUP};
 
 std::atomic<pid_t> endingGroup{0};
 pthread_t mainThread;
+std::atomic<bool> onlyNoted{false};
+std::atomic<bool> interrupted{false};
 
 /// True once the child was collected and nothing is left of its group.
 bool endsSoon(pid_t child, pid_t target) {
@@ -38,6 +41,8 @@ void endProgram(int signal) {
         pthread_kill(mainThread, signal);
         return;
     }
+    interrupted = true;
+    if (onlyNoted) return;
     if (const pid_t group = endingGroup.exchange(0); group != 0) endChild(group, true);
     takeTerminalBack();
     struct sigaction byDefault {};
@@ -75,6 +80,18 @@ SignalHold::SignalHold() {
 
 SignalHold::~SignalHold() {
     pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+}
+
+void noteInterruption() {
+    const SignalHold hold;
+    onlyNoted = true;
+    struct sigaction ignored {};
+    ignored.sa_handler = SIG_IGN;
+    sigaction(SIGPIPE, &ignored, nullptr);
+}
+
+bool wasInterrupted() {
+    return interrupted;
 }
 
 void endWithProgram(pid_t group) {

@@ -86,11 +86,6 @@ class CommandScanner {
     FirstWord word_;
 };
 
-/// The word as the shell reads it back unchanged.
-std::string quotedForShell(std::string_view word) {
-    return "'" + replaceAll(word, "'", "'\\''") + "'";
-}
-
 bool mayBeRun(const std::string& path) {
     return access(path.c_str(), X_OK) == 0 && !directoryExists(path);
 }
@@ -199,6 +194,10 @@ std::string launcherCommand(std::string_view command) {
 }
 
 }  // namespace
+
+std::string quotedForShell(std::string_view word) {
+    return "'" + replaceAll(word, "'", "'\\''") + "'";
+}
 
 std::vector<std::string> shellArguments(std::string_view command) {
     const std::string_view batchFile = batchFileOf(command);

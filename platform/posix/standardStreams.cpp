@@ -9,6 +9,10 @@ bool writeTo(StandardStream stream, std::string_view text) {
     return std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0;
 }
 
+bool writeBytes(StandardStream stream, std::string_view bytes) {
+    return writeTo(stream, bytes);
+}
+
 void print(StandardStream stream, std::string_view text) {
     writeTo(stream, text);
 }

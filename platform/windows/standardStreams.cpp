@@ -26,12 +26,15 @@ bool writeToParentConsole(const std::wstring& text) {
 }  // namespace
 
 /// A program with windows has a stream only where somebody redirected it.
-bool writeTo(StandardStream stream, std::string_view text) {
+bool writeBytes(StandardStream stream, std::string_view bytes) {
     const HANDLE file = GetStdHandle(stream == StandardStream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
     if (file == nullptr || file == INVALID_HANDLE_VALUE) return false;
-    const std::string lines = replaceAll(text, "\n", "\r\n");
     DWORD written = 0;
-    return WriteFile(file, lines.data(), static_cast<DWORD>(lines.size()), &written, nullptr) != 0;
+    return WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0;
+}
+
+bool writeTo(StandardStream stream, std::string_view text) {
+    return writeBytes(stream, replaceAll(text, "\n", "\r\n"));
 }
 
 void print(StandardStream stream, std::string_view text) {

@@ -1,0 +1,218 @@
+#include "platform/jobShell.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <utility>
+
+#include "platform/posix/descendants.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/shellCommand.h"
+#include "platform/posix/systemError.h"
+#include "text/text.h"
+
+extern char** environ;
+
+namespace brasquelin {
+
+namespace {
+
+constexpr int journalDescriptor = 7;  // the shell knows none above 9
+constexpr int markDescriptor = 8;     // a line may send the shell's own output elsewhere
+
+/// What the shell does behind each line: number, exit status. The journal comes first: it outlives whoever reads the
+/// output.
+constexpr char afterLine[] = R"script(brasquelin_ended() {
+    echo "$1 $2" >&7
+    if [ -e "$brasquelin_stop" ] || { [ "$2" != 0 ] && [ -e "$brasquelin_stop_at_failure" ]; }; then
+        echo "MARK$1 $2 last" >&8
+        exit
+    fi
+    echo "MARK$1 $2" >&8
+}
+)script";
+
+struct Pipe {
+    std::array<int, 2> ends{-1, -1};
+    Pipe() {
+        if (pipe2(ends.data(), O_CLOEXEC) != 0) raise(errno, FileUse::reading, "/bin/sh");
+    }
+};
+
+/// A session of its own has no terminal: nothing can wait for an answer there that nobody gives.
+pid_t spawnShell(const std::string& command, const std::string& batchFile, int output, int journal) {
+    std::array<std::string, 5> texts{"/bin/sh", "-c", command, "brasquelin-batch", batchFile};
+    std::array<char*, 6> arguments{};
+    std::transform(texts.begin(), texts.end(), arguments.begin(), [](std::string& text) { return text.data(); });
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    for (const int descriptor : {STDOUT_FILENO, STDERR_FILENO, markDescriptor}) {
+        posix_spawn_file_actions_adddup2(&actions, output, descriptor);
+    }
+    posix_spawn_file_actions_adddup2(&actions, journal, journalDescriptor);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t defaults;
+    sigemptyset(&defaults);
+    sigaddset(&defaults, SIGPIPE);
+    posix_spawnattr_setsigdefault(&attributes, &defaults);
+    posix_spawnattr_setflags(&attributes, static_cast<short>(POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF));
+    pid_t child = 0;
+    const int error = posix_spawn(&child, "/bin/sh", &actions, &attributes, arguments.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    posix_spawnattr_destroy(&attributes);
+    if (error != 0) raise(error, FileUse::reading, "/bin/sh");
+    return child;
+}
+
+/// Out of the way of the descriptors that the shell gets.
+int aboveNine(int descriptor) {
+    const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, 10);
+    close(descriptor);
+    return moved;
+}
+
+void signalAll(const std::vector<pid_t>& processes, int signal) {
+    for (const pid_t process : processes) kill(process, signal);
+}
+
+class PosixJobShell : public JobShell {
+  public:
+    PosixJobShell(const ShellFiles& files, const std::string& batchFile) {
+        adoptOrphans();
+        Pipe pipe;
+        output_ = aboveNine(pipe.ends[0]);
+        const Descriptor writing(aboveNine(pipe.ends[1]));
+        const Descriptor journal(
+            aboveNine(open(files.journal.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666)));
+        fcntl(output_, F_SETFL, O_NONBLOCK);
+        shell_ = spawnShell(". " + quotedForShell(files.script), batchFile, writing.get(), journal.get());
+    }
+    ~PosixJobShell() override {
+        if (shell_ != 0) end();
+        if (output_ >= 0) close(output_);
+    }
+    PosixJobShell(const PosixJobShell&) = delete;
+    PosixJobShell& operator=(const PosixJobShell&) = delete;
+
+    bool read(std::string& bytes, std::uint32_t milliseconds) override;
+    void end() override;
+    ProcessEnd ended() const override { return end_; }
+    void leave(const std::string& outputFile) override;
+
+  private:
+    void collectEnded();
+    /// False at the end of the output, and when there is nothing for now.
+    bool take(std::string& bytes);
+
+    pid_t shell_ = 0;  // 0 once it was collected
+    int output_ = -1;
+    bool closed_ = false;
+    ProcessEnd end_;
+};
+
+bool PosixJobShell::read(std::string& bytes, std::uint32_t milliseconds) {
+    pollfd waited{closed_ ? -1 : output_, POLLIN, 0};
+    const bool known = shell_ == 0;  // looked at before the last bytes are taken
+    poll(&waited, 1, known ? 0 : static_cast<int>(milliseconds));
+    if (take(bytes)) return true;
+    collectEnded();
+    return !known;
+}
+
+bool PosixJobShell::take(std::string& bytes) {
+    constexpr std::size_t step = 1U << 16U;
+    if (closed_) return false;
+    const std::size_t before = bytes.size();
+    bytes.resize(before + step);
+    const ssize_t taken = ::read(output_, bytes.data() + before, step);
+    bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(taken, 0)));
+    closed_ = taken == 0;
+    return taken > 0;
+}
+
+void PosixJobShell::collectEnded() {
+    int status = 0;
+    for (pid_t child = 0; (child = waitpid(-1, &status, WNOHANG)) > 0;) {
+        if (child != shell_) continue;
+        shell_ = 0;
+        end_ = {WIFEXITED(status) ? WEXITSTATUS(status) : 0, WIFSIGNALED(status) ? WTERMSIG(status) : 0};
+    }
+}
+
+void PosixJobShell::end() {
+    constexpr int patience = 30;
+    constexpr int step = 10;  // milliseconds
+    signalAll(descendants(), SIGTERM);
+    signalAll(descendants(), SIGCONT);  // one that was stopped would not notice
+    for (int i = 0; i < patience && !descendants().empty(); ++i) {
+        poll(nullptr, 0, step);
+        collectEnded();
+    }
+    // What is started meanwhile by one that is about to die is found in the next round.
+    constexpr int rounds = 200;
+    for (int i = 0; i < rounds && !descendants().empty(); ++i) {
+        signalAll(descendants(), SIGKILL);
+        poll(nullptr, 0, step);
+        collectEnded();
+    }
+}
+
+void PosixJobShell::leave(const std::string& outputFile) {
+    constexpr std::size_t step = 1U << 12U;
+    if (closed_ || fork() != 0) return;
+    setsid();
+    fcntl(output_, F_SETFL, 0);
+    const int file = open(outputFile.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    std::array<char, step> piece{};
+    ssize_t taken = 0;
+    while ((taken = ::read(output_, piece.data(), piece.size())) > 0 || (taken < 0 && errno == EINTR)) {
+        for (const int to : {file, STDOUT_FILENO}) {
+            [[maybe_unused]] const ssize_t written = write(to, piece.data(), static_cast<std::size_t>(taken));
+        }
+    }
+    _exit(0);
+}
+
+}  // namespace
+
+std::string endMark(const std::string& token) {
+    return '\x1e' + token + ' ';
+}
+
+bool onlyPreparesShell(std::string_view line) {
+    constexpr std::array<std::string_view, 13> words{"cd",    "pushd", "popd",    "export", "set",    "unset", "alias",
+                                                     "umask", "trap",  "unalias", "ulimit", "source", "."};
+    if (line.find_first_of(";&|<>`(){}") != std::string_view::npos) return false;
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    const std::string_view word = line.substr(0, line.find_first_of(" \t"));
+    if (std::find(words.begin(), words.end(), word) != words.end()) return true;
+    const bool assigns = word.find('=') != std::string_view::npos && word.find('=') != 0;
+    return assigns && line.find_first_of(" \t") == std::string_view::npos;
+}
+
+std::string shellScript(const std::vector<ShellLine>& lines, const ShellFiles& files, const std::string& token) {
+    std::string script = replaceAll(afterLine, "MARK", endMark(token));
+    script.append("brasquelin_stop=").append(quotedForShell(files.stop));
+    script.append("\nbrasquelin_stop_at_failure=").append(quotedForShell(files.stopAtFailure)).append("\n");
+    for (const auto& [number, line] : lines) {
+        // "command" keeps a syntax error in one line from ending the whole batch.
+        script.append("command eval ").append(quotedForShell(line)).append("\n");
+        if (number != 0) script.append("brasquelin_ended ").append(std::to_string(number)).append(" $?\n");
+    }
+    return script;
+}
+
+std::unique_ptr<JobShell> startJobShell(const ShellFiles& files, const std::string& batchFile) {
+    return std::make_unique<PosixJobShell>(files, batchFile);
+}
+
+}  // namespace brasquelin

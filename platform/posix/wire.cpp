@@ -1,0 +1,114 @@
+#include "platform/wire.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+
+#include "platform/posix/descendants.h"
+#include "platform/posix/descriptor.h"
+#include "platform/posix/systemError.h"
+
+extern char** environ;
+
+namespace brasquelin {
+
+namespace {
+
+constexpr int partnerEnd = 3;
+constexpr char ownProgram[] = "/proc/self/exe";
+
+class SocketWire : public Wire {
+  public:
+    explicit SocketWire(int socket) : socket_(socket) { fcntl(socket, F_SETFL, O_NONBLOCK); }
+
+    void send(std::string_view bytes) override {
+        unsent_.append(bytes);
+        push();
+    }
+    std::string receive() override {
+        push();
+        std::string bytes;
+        std::array<char, 1U << 16U> piece{};
+        ssize_t taken = 0;
+        while (open_ && (taken = recv(socket_.get(), piece.data(), piece.size(), 0)) > 0) {
+            bytes.append(piece.data(), static_cast<std::size_t>(taken));
+        }
+        if (taken == 0 || (errno != EAGAIN && errno != EINTR)) open_ = open_ && taken > 0;
+        return bytes;
+    }
+    bool isOpen() const override { return open_; }
+    void flush(unsigned milliseconds) override {
+        constexpr unsigned step = 10;
+        for (unsigned waited = 0; open_ && !unsent_.empty() && waited < milliseconds; waited += step) {
+            pollfd waiting{socket_.get(), POLLOUT, 0};
+            poll(&waiting, 1, static_cast<int>(step));
+            push();
+        }
+    }
+
+  private:
+    void push() {
+        while (open_ && !unsent_.empty()) {
+            const ssize_t sent = ::send(socket_.get(), unsent_.data(), unsent_.size(), MSG_NOSIGNAL);
+            if (sent < 0 && errno == EINTR) continue;
+            if (sent < 0 && errno != EAGAIN) unsent_.clear();
+            if (sent <= 0) return;
+            unsent_.erase(0, static_cast<std::size_t>(sent));
+        }
+    }
+
+    Descriptor socket_;
+    std::string unsent_;
+    bool open_ = true;
+};
+
+pid_t spawnPartner(std::string option, int socket) {
+    std::string program = ownProgram;
+    std::string end = std::to_string(partnerEnd);
+    std::array<char*, 4> arguments{program.data(), option.data(), end.data(), nullptr};
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&actions, socket, partnerEnd);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    posix_spawnattr_setflags(&attributes, static_cast<short>(POSIX_SPAWN_SETSID));
+    pid_t child = 0;
+    const int error = posix_spawn(&child, ownProgram, &actions, &attributes, arguments.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    posix_spawnattr_destroy(&attributes);
+    if (error != 0) raise(error, FileUse::reading, ownProgram);
+    return child;
+}
+
+}  // namespace
+
+std::unique_ptr<Wire> startPartner(std::string_view option) {
+    std::array<int, 2> ends{};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+        raise(errno, FileUse::reading, ownProgram);
+    }
+    auto wire = std::make_unique<SocketWire>(ends[0]);
+    // A descriptor that is its partner's number already would be closed on the way.
+    const Descriptor theirs(fcntl(ends[1], F_DUPFD_CLOEXEC, partnerEnd + 1));
+    close(ends[1]);
+    spare(spawnPartner(std::string(option), theirs.get()));
+    return wire;
+}
+
+std::unique_ptr<Wire> joinPartner(std::string_view end) {
+    int socket = -1;
+    const auto [next, error] = std::from_chars(end.data(), end.data() + end.size(), socket);
+    if (error != std::errc() || next != end.data() + end.size()) return nullptr;
+    if (fcntl(socket, F_SETFD, FD_CLOEXEC) != 0) return nullptr;
+    return std::make_unique<SocketWire>(socket);
+}
+
+}  // namespace brasquelin
