@@ -2,6 +2,7 @@
 
 #include "app/programOptions.h"
 #include "app/programWindows.h"
+#include "app/runOption.h"
 #include "app/startUp.h"
 #include "platform/paths.h"
 #include "platform/wx/application.h"
@@ -9,6 +10,7 @@
 int main(int argc, char** argv) {
     using namespace brasquelin;
     const std::string commandLine = processCommandLine(argc, argv);
+    if (const auto status = answerRunOption(commandLine)) return *status;
     if (const auto status = answerOption(commandLine)) return *status;
     if (!displayAvailable()) return runWithoutDisplay(commandLine);
     ProgramWindows windows;

@@ -1,0 +1,279 @@
+#include "app/runOption.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "batch/batchRunner.h"
+#include "batch/jobFile.h"
+#include "batch/runFiles.h"
+#include "batch/wireLink.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/interruption.h"
+#include "platform/paths.h"
+#include "platform/standardStreams.h"
+#include "text/runTimeError.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+namespace {
+
+constexpr int unreadable = 125;
+constexpr int stoppedStatus = 126;
+constexpr int mostFailures = 100;
+constexpr std::uint32_t pollInterval = 50;  // milliseconds
+constexpr std::string_view defaultTitle = "Brasquelin";
+
+/// What the command line asks for.
+struct RunRequest {
+    std::string title{defaultTitle};
+    std::string batchFile;
+    bool resume = false;
+};
+
+/// Takes a word and the blanks behind it off the front.
+bool takeWord(std::string_view& text, std::string_view word) {
+    if (!text.starts_with(word) || (text.size() > word.size() && text[word.size()] != ' ')) return false;
+    text.remove_prefix(word.size());
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    return true;
+}
+
+std::string_view withoutQuotes(std::string_view text) {
+    if (text.size() > 1 && text.front() == '"' && text.back() == '"') return text.substr(1, text.size() - 2);
+    return text;
+}
+
+/// Blanks in the path of the batch file need no quotes, so a first word is only a title when the rest alone is a file.
+RunRequest parseRequest(std::string_view text) {
+    RunRequest request;
+    request.resume = takeWord(text, "--resume");
+    const auto blank = text.find(' ');
+    const bool whole = blank == std::string_view::npos || fileExists(withoutQuotes(text));
+    if (!whole) {
+        request.title = text.substr(0, blank);
+        text.remove_prefix(std::min(text.find_first_not_of(' ', blank), text.size()));
+    }
+    request.batchFile = withoutQuotes(text);
+    return request;
+}
+
+/// What a window is told of a run before it begins.
+std::vector<RunMessage> introduction(const std::string& title, const RunPlan& plan) {
+    std::vector<RunMessage> messages{{.kind = RunMessageKind::title, .text = title},
+                                     {.kind = RunMessageKind::batchFile, .text = plan.batchFile},
+                                     {.kind = RunMessageKind::logFile, .text = plan.files.log},
+                                     {.kind = RunMessageKind::outputFile, .text = plan.files.output}};
+    for (const auto& job : plan.jobs) messages.push_back({.kind = RunMessageKind::job, .text = job});
+    return messages;
+}
+
+void tellEarlier(WireLink& window, const EarlierRun& earlier) {
+    std::vector<RunMessage> messages;
+    for (const auto& [job, entry] : earlier) {
+        messages.push_back({.kind = RunMessageKind::earlierEnd,
+                            .job = job,
+                            .time = entry.start,
+                            .duration = entry.duration,
+                            .exitCode = entry.exitCode,
+                            .signal = entry.signal});
+    }
+    window.send(messages);
+}
+
+/// One run, with a window or without.
+class Run {
+  public:
+    Run(RunPlan plan, WireLink* window) : plan_(std::move(plan)), window_(window) {}
+
+    /// Gives the exit status.
+    int run();
+
+  private:
+    void obey(BatchRunner& runner, const RunMessage& command);
+    void tellSummary(const BatchRunner& runner, std::int64_t duration) const;
+
+    RunPlan plan_;
+    WireLink* window_;
+    std::vector<RunMessage> unsent_;
+    std::vector<RunMessage> failures_;
+};
+
+int Run::run() {
+    const std::int64_t begin = wallClock();
+    RunSinks sinks;
+    sinks.output = [](std::string_view bytes) { writeBytes(StandardStream::output, bytes); };
+    sinks.tell = [this](const RunMessage& message) {
+        if (window_) return unsent_.push_back(message);
+        if (message.kind == RunMessageKind::trouble) writeMessage("brasquelin", message.text);
+        const bool failed = message.exitCode != 0 || message.signal != 0;
+        if (message.kind == RunMessageKind::ended && failed) failures_.push_back(message);
+    };
+    BatchRunner runner(plan_, std::move(sinks));
+    bool interrupted = false;
+    for (bool goesOn = true; goesOn;) {
+        goesOn = runner.step(pollInterval);
+        if (window_) window_->send(std::exchange(unsent_, {}));
+        if (goesOn && !interrupted && wasInterrupted()) {
+            interrupted = true;
+            runner.stopNow();
+        }
+        if (!window_ || !goesOn) continue;
+        for (const auto& command : window_->receive()) obey(runner, command);
+    }
+    if (!window_) tellSummary(runner, wallClock() - begin);
+    if (runner.outcome() == RunOutcome::stopped) return stoppedStatus;
+    return static_cast<int>(std::min<std::size_t>(runner.failed(), mostFailures));
+}
+
+void Run::obey(BatchRunner& runner, const RunMessage& command) {
+    if (command.kind == RunMessageKind::stopAfterJob) runner.stopAfterJob();
+    if (command.kind == RunMessageKind::stopNow) runner.stopNow();
+    if (command.kind == RunMessageKind::stopAtFailure) runner.stopAtFailure(command.job != 0);
+}
+
+std::string inSeconds(std::int64_t milliseconds) {
+    constexpr std::int64_t second = 1000;
+    constexpr std::int64_t tenth = 100;
+    return std::to_string(milliseconds / second) + '.' + std::to_string(milliseconds % second / tenth) + " s";
+}
+
+void Run::tellSummary(const BatchRunner& runner, std::int64_t duration) const {
+    constexpr std::size_t mostNamed = 20;
+    std::string text = "brasquelin: " + std::to_string(runner.ended()) + " of " + std::to_string(plan_.chosen.size()) +
+                       " jobs run in " + inSeconds(duration) + ", " + std::to_string(runner.failed()) +
+                       " failed; job log '" + plan_.files.log + "'\n";
+    for (std::size_t i = 0; i < std::min(failures_.size(), mostNamed); ++i) {
+        const RunMessage& failed = failures_[i];
+        text += "  job " + std::to_string(failed.job) +
+                (failed.signal != 0 ? ", signal " + std::to_string(failed.signal)
+                                    : ", exit status " + std::to_string(failed.exitCode)) +
+                ": " + jobText(plan_.jobs[failed.job - 1]) + '\n';
+    }
+    if (failures_.size() > mostNamed) text += "  and " + std::to_string(failures_.size() - mostNamed) + " more\n";
+    writeTo(StandardStream::error, text);
+}
+
+/// What the window has chosen after an earlier run; nothing when it wants none or is gone.
+std::vector<std::size_t> awaitChoice(WireLink& window) {
+    while (window.isOpen() && !wasInterrupted()) {
+        for (const auto& command : window.receive()) {
+            if (command.kind == RunMessageKind::runJobs) return jobsOfRanges(command.text);
+            if (command.kind == RunMessageKind::stopNow) return {};
+        }
+        clockInUse().sleep(pollInterval);
+    }
+    return {};
+}
+
+std::vector<std::size_t> allJobs(std::size_t count) {
+    return jobsLeft({}, count);
+}
+
+/// Nothing when nothing is to be run.
+void choose(RunPlan& plan, bool resume, WireLink* window) {
+    const EarlierRun earlier = readEarlierRun(plan.files, plan.jobs);
+    const std::vector<std::size_t> left = jobsLeft(earlier, plan.jobs.size());
+    const bool asks = !resume && window && isUnfinished(earlier, plan.jobs.size());
+    if (window && (asks || resume)) tellEarlier(*window, earlier);
+    if (window) window->send(RunMessage{.kind = asks ? RunMessageKind::mayResume : RunMessageKind::ready});
+    plan.chosen = allJobs(plan.jobs.size());
+    if (asks) plan.chosen = awaitChoice(*window);
+    if (resume) plan.chosen = left;
+    plan.fresh = earlier.empty() || plan.chosen.size() == plan.jobs.size();
+}
+
+int runJobs(RunPlan plan, const std::string& title, bool resume) {
+    std::unique_ptr<WireLink> window;
+    if (displayAvailable()) window = std::make_unique<WireLink>(startPartner(runWindowOption));
+    if (window) window->send(introduction(title, plan));
+    choose(plan, resume, window.get());
+    if (plan.chosen.empty()) {
+        releaseRunFiles(plan.files);
+        if (!window) writeTo(StandardStream::error, "brasquelin: nothing is left to be run\n");
+        if (window) window->send(RunMessage{.kind = RunMessageKind::finished, .text = "stopped"});
+    }
+    const bool stopped = plan.chosen.empty() && !resume && !plan.jobs.empty();
+    const int status = plan.chosen.empty() ? (stopped ? stoppedStatus : 0) : Run(std::move(plan), window.get()).run();
+    constexpr unsigned patience = 10000;  // milliseconds
+    if (window) window->flush(patience);
+    return status;
+}
+
+int runBatchFile(const RunRequest& request) {
+    RunPlan plan;
+    plan.batchFile = request.batchFile;
+    plan.jobs = readJobs(request.batchFile);
+    plan.files = claimRunFiles(request.batchFile);
+    return runJobs(std::move(plan), request.title, request.resume);
+}
+
+int runLine(std::string_view line) {
+    RunPlan plan;
+    plan.jobs = {std::string(line)};
+    plan.files = temporaryRunFiles();
+    return runJobs(std::move(plan), std::string(line), false);
+}
+
+/// What a window sends: the run as it was introduced to it, and the jobs to be run.
+int runForWindow(WireLink& window) {
+    RunPlan plan;
+    plan.fresh = false;
+    RunFiles named;
+    while (window.isOpen() && plan.chosen.empty()) {
+        for (const auto& message : window.receive()) {
+            if (message.kind == RunMessageKind::batchFile) plan.batchFile = message.text;
+            if (message.kind == RunMessageKind::logFile) named.log = message.text;
+            if (message.kind == RunMessageKind::outputFile) named.output = message.text;
+            if (message.kind == RunMessageKind::job) plan.jobs.push_back(message.text);
+            if (message.kind == RunMessageKind::runJobs) plan.chosen = jobsOfRanges(message.text);
+        }
+        clockInUse().sleep(1);
+    }
+    const bool known = !plan.chosen.empty() && plan.chosen.back() <= plan.jobs.size();
+    if (!known) return stoppedStatus;
+    if (!claimAgain(named.log, named.output, plan.files)) {
+        window.send(
+            RunMessage{.kind = RunMessageKind::trouble, .text = "Another run is at work in '" + named.log + "'."});
+        window.send(RunMessage{.kind = RunMessageKind::finished, .text = "stopped"});
+        return stoppedStatus;
+    }
+    return Run(std::move(plan), &window).run();
+}
+
+int runForWindow(std::string_view end) {
+    auto wire = joinPartner(end);
+    if (!wire) return stoppedStatus;
+    WireLink window(std::move(wire));
+    const int status = runForWindow(window);
+    constexpr unsigned patience = 10000;  // milliseconds
+    window.flush(patience);
+    return status;
+}
+
+int answer(std::string_view& text) {
+    noteInterruption();
+    if (takeWord(text, "--run-line")) return runLine(text);
+    if (takeWord(text, runJobsOption)) return runForWindow(text);
+    takeWord(text, "--run");
+    return runBatchFile(parseRequest(text));
+}
+
+}  // namespace
+
+std::optional<int> answerRunOption(std::string_view commandLine) {
+    const std::string_view option = commandLine.substr(0, commandLine.find(' '));
+    if (option != "--run" && option != "--run-line" && option != runJobsOption) return std::nullopt;
+    try {
+        return answer(commandLine);
+    } catch (const RunTimeError& error) {
+        print(StandardStream::error, "brasquelin: " + replaceAll(error.reportWhileLoading({}), "\r\n", " ") + '\n');
+        return unreadable;
+    }
+}
+
+}  // namespace brasquelin
