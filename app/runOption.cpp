@@ -33,6 +33,7 @@ struct RunRequest {
     std::string title{defaultTitle};
     std::string batchFile;
     bool resume = false;
+    bool inWindow = displayAvailable();
 };
 
 /// Takes a word and the blanks behind it off the front.
@@ -51,7 +52,14 @@ std::string_view withoutQuotes(std::string_view text) {
 /// Blanks in the path of the batch file need no quotes, so a first word is only a title when the rest alone is a file.
 RunRequest parseRequest(std::string_view text) {
     RunRequest request;
-    request.resume = takeWord(text, "--resume");
+    for (bool option = true; option;) {
+        option = takeWord(text, "--resume");
+        request.resume = request.resume || option;
+        if (!option && takeWord(text, "--no-window")) {
+            option = true;
+            request.inWindow = false;
+        }
+    }
     const auto blank = text.find(' ');
     const bool whole = blank == std::string_view::npos || fileExists(withoutQuotes(text));
     if (!whole) {
@@ -187,17 +195,19 @@ void choose(RunPlan& plan, bool resume, WireLink* window) {
     plan.fresh = earlier.empty() || plan.chosen.size() == plan.jobs.size();
 }
 
-int runJobs(RunPlan plan, const std::string& title, bool resume) {
+int runJobs(RunPlan plan, const RunRequest& request) {
     std::unique_ptr<WireLink> window;
-    if (displayAvailable()) window = std::make_unique<WireLink>(startPartner(runWindowOption));
-    if (window) window->send(introduction(title, plan));
-    choose(plan, resume, window.get());
+    if (request.inWindow) window = std::make_unique<WireLink>(startPartner(runWindowOption));
+    if (window) window->send(introduction(request.title, plan));
+    choose(plan, request.resume, window.get());
     if (plan.chosen.empty()) {
         releaseRunFiles(plan.files);
-        if (!window) writeTo(StandardStream::error, "brasquelin: nothing is left to be run\n");
+        const bool unseen = !window || !window->isOpen();
+        if (unseen)
+            writeTo(StandardStream::error, "brasquelin: nothing was run; --run --resume goes on where it stopped\n");
         if (window) window->send(RunMessage{.kind = RunMessageKind::finished, .text = "stopped"});
     }
-    const bool stopped = plan.chosen.empty() && !resume && !plan.jobs.empty();
+    const bool stopped = plan.chosen.empty() && !request.resume && !plan.jobs.empty();
     const int status = plan.chosen.empty() ? (stopped ? stoppedStatus : 0) : Run(std::move(plan), window.get()).run();
     constexpr unsigned patience = 10000;  // milliseconds
     if (window) window->flush(patience);
@@ -209,14 +219,16 @@ int runBatchFile(const RunRequest& request) {
     plan.batchFile = request.batchFile;
     plan.jobs = readJobs(request.batchFile);
     plan.files = claimRunFiles(request.batchFile);
-    return runJobs(std::move(plan), request.title, request.resume);
+    return runJobs(std::move(plan), request);
 }
 
 int runLine(std::string_view line) {
     RunPlan plan;
     plan.jobs = {std::string(line)};
     plan.files = temporaryRunFiles();
-    return runJobs(std::move(plan), std::string(line), false);
+    RunRequest request;
+    request.title = line;
+    return runJobs(std::move(plan), request);
 }
 
 /// What a window sends: the run as it was introduced to it, and the jobs to be run.

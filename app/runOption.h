@@ -10,6 +10,7 @@ namespace brasquelin {
 ///
 ///   --run [TITLE] BATCHFILE   runs the file's jobs one after another in one shell; TITLE is one word
 ///   --run --resume BATCHFILE  the same for what the job log does not list as ended with 0
+///   --run --no-window ...     on the console, also where there is a display
 ///   --run-line LINE           runs one line
 ///   --run-jobs END            what a run window asks for (see platform/wire.h)
 ///

@@ -146,9 +146,13 @@ std::string shellScript(const std::vector<ShellLine>& lines, const ShellFiles& f
     const std::string stop = "@if exist " + quotedForBatch(files.stop);
     const std::string stopAtFailure = "@if not \"%errorlevel%\"==\"0\" if exist " + quotedForBatch(files.stopAtFailure);
     std::string script = "@echo off\r\n";
+    bool begun = false;
     for (const auto& [number, line] : lines) {
+        // Many commands leave the code alone with which the line before has failed.
+        if (!begun && !findIgnoringCase(line, "errorlevel")) script.append("@(call )\r\n");
         script.append(line).append("\r\n");
-        if (number == 0 || goesOn(line)) continue;
+        begun = goesOn(line);
+        if (number == 0 || begun) continue;
         const std::string end = std::to_string(number) + " %errorlevel%";
         const std::string mark = "echo " + endMark(token) + end;
         script.append(journal).append(end).append("\r\n");  // outlives whoever reads the output

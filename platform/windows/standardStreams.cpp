@@ -37,6 +37,10 @@ bool writeTo(StandardStream stream, std::string_view text) {
     return writeBytes(stream, replaceAll(text, "\n", "\r\n"));
 }
 
+bool isTerminal(StandardStream /*stream*/) {
+    return false;
+}
+
 void print(StandardStream stream, std::string_view text) {
     if (writeTo(stream, text)) return;
     const std::wstring wide = toWide(replaceAll(text, "\n", "\r\n"));

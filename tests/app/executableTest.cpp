@@ -35,6 +35,29 @@ TEST(Executable, RunsAFileWithItsPresetsAndEnds) {
     EXPECT_EQ(splitLines(program.read("caf\u00E9 au lait.txt")), Lines{"made"});
 }
 
+TEST(Executable, RunsABatchFileInOneShellWithALogAndResumesIt) {
+    ProgramRun program;
+    const std::string made = separator + "made.txt";
+    program.write("x.bat", "// no job\r\n\r\nmkdir sub\r\ncd sub\r\necho one\r\nhelper fail\r\necho two>.." + made +
+                               "\r\nexit 3\r\necho never\r\n");
+    EXPECT_EQ(program.run("--run --no-window My x.bat"), 2);
+    EXPECT_EQ(splitLines(program.read("made.txt")), Lines{"two"});
+    const std::string out = replaceAll(program.read("out.txt"), "\r", "");
+    EXPECT_NE(out.find("cd sub\necho one\none\n"), std::string::npos) << out;
+    EXPECT_EQ(program.read("x.output"), program.read("out.txt"));
+    const std::string summary = program.read("err.txt");
+    EXPECT_NE(summary.find("6 of 7 jobs run"), std::string::npos) << summary;
+    EXPECT_NE(summary.find("  job 6, exit status 3: exit 3"), std::string::npos) << summary;
+    EXPECT_EQ(splitLines(program.read("x.joblog")).size(), 7U);
+    // "cd" is repeated for those that come behind it; what ended well is not.
+    std::filesystem::remove(program.path() / "made.txt");
+    EXPECT_EQ(program.run("--run --no-window --resume x.bat"), 2);
+    EXPECT_FALSE(program.exists("made.txt"));
+    EXPECT_EQ(splitLines(program.read("x.joblog")).size(), 9U);
+    EXPECT_EQ(program.run("--run --no-window missing.bat"), 125);
+    EXPECT_NE(program.read("err.txt").find("'missing.bat'"), std::string::npos);
+}
+
 TEST(Executable, ReplaysAListInTheOemCodePage) {
     ProgramRun program;
     program.writeProfile("\u00E9t\u00E9.bqp", "", makeFileX);

@@ -101,6 +101,36 @@ TEST_F(LinuxExecutable, SignalsEndTheBatchAndThenTheProgram) {
     }
 }
 
+TEST_F(LinuxExecutable, ASignalEndsARunWithAllThatItsJobsStarted) {
+    program.write("x.bat",
+                  "(trap '' TERM; setsid sh -c 'echo $$ >id.txt; sleep 60') & sleep 61\necho late >late.txt\n");
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        std::filesystem::remove(program.path() / "id.txt");
+        program.start("--run x.bat");
+        const pid_t started = notedProcess();
+        kill(static_cast<pid_t>(program.process()), signal);
+        EXPECT_EQ(program.waitForEnd(), 126);
+        EXPECT_TRUE(ends(started));
+        EXPECT_FALSE(program.exists("late.txt"));
+        EXPECT_NE(program.read("x.joblog").find("\t0\t15\t(trap"), std::string::npos);
+    }
+}
+
+TEST_F(LinuxExecutable, ARunThatWasKilledRepeatsNothingThatHadEnded) {
+    std::string jobs;
+    for (int i = 1; i <= 200; ++i) jobs += "echo " + std::to_string(i) + " >>done.txt; sleep 0.002\n";
+    program.write("x.bat", jobs);
+    for (std::size_t wanted = 30; wanted < 200; wanted += 60) {
+        program.start("--run --resume x.bat");
+        becomesTrue([&] { return splitLines(program.read("done.txt")).size() >= wanted; });
+        program.endByForce();  // its shell ends at its next mark
+        usleep(20000);
+    }
+    EXPECT_EQ(program.run("--run --resume x.bat"), 0);
+    EXPECT_EQ(splitLines(program.read("done.txt")).size(), 200U);
+    EXPECT_EQ(splitLines(program.read("x.joblog")).size(), 201U);
+}
+
 TEST_F(LinuxExecutable, StartsInOneDirectoryDoNotGetInEachOthersWay) {
     program.writeLineLibrary();
     Lines lists;
