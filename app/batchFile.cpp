@@ -14,6 +14,7 @@
 #include "platform/fileOpenWatch.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/standardStreams.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {
@@ -24,6 +25,16 @@ namespace {
 std::string batchCommand(std::string_view betweenLauncherAndFile) {
     if (settings.shellExec.empty()) return batchFilePath();
     return settings.shellExec + std::string(betweenLauncherAndFile) + batchFilePath();
+}
+
+/// Whoever has executed from a window or was asked in one sees the jobs run in one, unless a terminal shows them.
+WindowStyle styleOfCommands() {
+    const bool seen = desktop().isVisible(ProgramWindow::main) && !isTerminal(StandardStream::output);
+    return seen ? WindowStyle::ownWindow : WindowStyle::normalWithFocus;
+}
+
+WindowStyle styleOfBatch() {
+    return settings.shellExec.empty() ? styleOfCommands() : WindowStyle::normalWithFocus;
 }
 
 /// A start of its own, for the file is shared by all starts in this directory.
@@ -94,7 +105,7 @@ void tellSignal(std::uint32_t processId) {
 
 void runAndWait() {
     BatchStart batch;
-    const std::uint32_t processId = startToWaitFor(batchCommand(" "), WindowStyle::normalWithFocus);
+    const std::uint32_t processId = startToWaitFor(batchCommand(" "), styleOfBatch());
     batch.letOthersIn(processId, true);
     awaitEnd(processId, "The job list");
     if (childCancelled()) throw EndProgram(1);
@@ -125,8 +136,7 @@ void runBatchAndWait() {
 }
 
 void executeLine(std::optional<std::size_t> selected) {
-    startCommand(selected ? std::string_view(jobList.line(*selected)) : std::string_view(),
-                 WindowStyle::normalWithFocus);
+    startCommand(selected ? std::string_view(jobList.line(*selected)) : std::string_view(), styleOfCommands());
 }
 
 void executeJobList() {
@@ -139,7 +149,7 @@ void executeJobList() {
     const Raised whileStarting(starting);
     BatchStart batch;
     // The word is the launcher's title.
-    const std::uint32_t processId = startCommand(batchCommand(" Brasquelin "), WindowStyle::normalWithFocus);
+    const std::uint32_t processId = startCommand(batchCommand(" Brasquelin "), styleOfBatch());
     batch.letOthersIn(processId, false);
     batch.requireStarted(processId);
     throw EndProgram(0);

@@ -7,7 +7,9 @@
 
 namespace brasquelin {
 
-enum class WindowStyle { hidden = 0, normalWithFocus = 1 };
+/// How a process shows itself. `ownWindow` is a normal window where the system gives programs a console of their own; a
+/// desktop that does not (Linux) shows what runs in this program's run window.
+enum class WindowStyle { hidden = 0, normalWithFocus = 1, ownWindow = 2 };
 
 /// How a process ended: by itself with a code, or by a signal (Linux only).
 struct ProcessEnd {

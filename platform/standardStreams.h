@@ -13,6 +13,9 @@ bool writeTo(StandardStream stream, std::string_view text);
 /// The same for bytes that stay as they are.
 bool writeBytes(StandardStream stream, std::string_view bytes);
 
+/// True when somebody reads the stream on a terminal (Linux).
+bool isTerminal(StandardStream stream);
+
 /// The answer to an option of the command line. Windows: where the stream leads nowhere, to the console of whoever
 /// started the program, or in a message box when there is none.
 void print(StandardStream stream, std::string_view text);

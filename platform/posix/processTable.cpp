@@ -74,7 +74,7 @@ class SystemProcessTable : public ProcessTable {
         bool ownGroup = false;
         bool waitedFor = false;
     };
-    std::uint32_t spawn(std::string_view command, Child kind);
+    std::uint32_t spawn(std::string_view command, WindowStyle style, Child kind);
     void collectEnded();
 
     std::map<std::uint32_t, Child> children_;
@@ -83,19 +83,20 @@ class SystemProcessTable : public ProcessTable {
 };
 
 /// Nobody waits, so the terminal is not lent: a child that may read it stays in the program's group.
-std::uint32_t SystemProcessTable::start(std::string_view command, WindowStyle /*style*/) {
-    return spawn(command, {isatty(STDIN_FILENO) == 0, false});
+std::uint32_t SystemProcessTable::start(std::string_view command, WindowStyle style) {
+    return spawn(command, style, {isatty(STDIN_FILENO) == 0, false});
 }
 
 /// Always a group of its own, so that everything in it ends together.
-std::uint32_t SystemProcessTable::startToWaitFor(std::string_view command, WindowStyle /*style*/) {
-    return spawn(command, {true, true});
+std::uint32_t SystemProcessTable::startToWaitFor(std::string_view command, WindowStyle style) {
+    return spawn(command, style, {true, true});
 }
 
-std::uint32_t SystemProcessTable::spawn(std::string_view command, Child kind) {
+std::uint32_t SystemProcessTable::spawn(std::string_view command, WindowStyle style, Child kind) {
     collectEnded();
     if (command.empty()) throw RunTimeError(ErrorNumber::invalidCall);
-    std::vector<std::string> arguments = shellArguments(command);
+    const bool shown = style == WindowStyle::ownWindow;
+    std::vector<std::string> arguments = shown ? runWindowArguments(command) : shellArguments(command);
     std::vector<char*> pointers;
     pointers.reserve(arguments.size() + 1);
     for (auto& argument : arguments) pointers.push_back(argument.data());
@@ -105,8 +106,9 @@ std::uint32_t SystemProcessTable::spawn(std::string_view command, Child kind) {
     const SpawnAttributes attributes(kind.ownGroup, hold.before());
     const SpawnActions actions(takesTerminal);
     pid_t child = 0;
-    const int error = posix_spawn(&child, "/bin/sh", actions.get(), attributes.get(), pointers.data(), environ);
-    if (error != 0) raise(error, FileUse::reading, "/bin/sh");
+    const char* const program = pointers.front();
+    const int error = posix_spawn(&child, program, actions.get(), attributes.get(), pointers.data(), environ);
+    if (error != 0) raise(error, FileUse::reading, program);
     if (kind.waitedFor) endWithProgram(child);
     if (takesTerminal) noteTerminalLent(child);
     const auto processId = static_cast<std::uint32_t>(child);

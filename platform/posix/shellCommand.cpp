@@ -205,4 +205,11 @@ std::vector<std::string> shellArguments(std::string_view command) {
     return {"/bin/sh", "-c", resolveCommand(launcherCommand(command))};
 }
 
+std::vector<std::string> runWindowArguments(std::string_view command) {
+    const std::string program = joinPath(programDirectory(), programFileName);
+    const std::string_view batchFile = batchFileOf(command);
+    if (!batchFile.empty()) return {program, "--run", resolvePath(batchFile)};
+    return {program, "--run-line", shellArguments(command).back()};
+}
+
 }  // namespace brasquelin

@@ -15,4 +15,7 @@ std::string quotedForShell(std::string_view word);
 /// is. Raises 53 for a program that does not exist, 70 for one that may not be run; both name it.
 std::vector<std::string> shellArguments(std::string_view command);
 
+/// The same for this program, which shows the command in its run window.
+std::vector<std::string> runWindowArguments(std::string_view command);
+
 }  // namespace brasquelin

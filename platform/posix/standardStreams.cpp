@@ -1,5 +1,7 @@
 #include "platform/standardStreams.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 
 namespace brasquelin {
@@ -11,6 +13,10 @@ bool writeTo(StandardStream stream, std::string_view text) {
 
 bool writeBytes(StandardStream stream, std::string_view bytes) {
     return writeTo(stream, bytes);
+}
+
+bool isTerminal(StandardStream stream) {
+    return isatty(stream == StandardStream::output ? STDOUT_FILENO : STDERR_FILENO) != 0;
 }
 
 void print(StandardStream stream, std::string_view text) {
