@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "app/commandLine.h"
 #include "app/openFile.h"
 #include "app/startUp.h"
 #include "check/dryRun.h"
@@ -12,6 +11,7 @@
 #include "platform/reporting.h"
 #include "platform/standardStreams.h"
 #include "platform/textFiles.h"
+#include "vars/commandLine.h"
 
 namespace brasquelin {
 
@@ -41,7 +41,7 @@ void printLines(const std::vector<std::string>& lines) {
 }
 
 int perform(DryRun& run, const std::string& arguments) {
-    readConfig(configFilePath());
+    if (!reporting(configFilePath(), [] { readConfig(configFilePath()); })) return 1;
     if (isListMode(arguments)) {
         replay(run, listFilePath(arguments));
     } else {
@@ -75,7 +75,7 @@ int dryRun(std::string_view arguments) {
     } catch (const EndProgram& end) {
         return end.exitStatus();
     } catch (const RunTimeError& error) {
-        report(error, configFilePath());  // an error of anything else names its file
+        report(error);
         return 1;
     }
 }

@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
     using namespace brasquelin;
     const std::string commandLine = processCommandLine(argc, argv);
     if (const auto status = answerRunOption(commandLine)) return *status;
-    if (const auto status = answerOption(commandLine)) return *status;
+    if (const auto status = answerOption(commandLine, processArguments(argc, argv))) return *status;
     if (!displayAvailable()) return runWithoutDisplay(commandLine);
     ProgramWindows windows;
     setDesktop(windows);

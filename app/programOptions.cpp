@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/checkOption.h"
 #include "app/dryRunOption.h"
 #include "platform/standardStreams.h"
 
@@ -17,6 +18,8 @@ constexpr std::string_view help =
     "  brasquelin FILE 001=value 002=...    the same with the values of its variables, in the order of declaration;\n"
     "                                       \"#ask#\" leaves one to the user, \"#pop:key\" asks once and remembers\n"
     "  brasquelin -f LIST                   replays a list of such command lines as one batch, unattended\n"
+    "  brasquelin --check [--format json] FILE ...\n"
+    "                                       tells what is wrong in files of any kind, and where\n"
     "  brasquelin --dry-run [--with-plugins] FILE [001=value ...]\n"
     "  brasquelin --dry-run [--with-plugins] -f LIST\n"
     "                                       prints the finished lines and runs nothing\n"
@@ -27,13 +30,15 @@ constexpr std::string_view help =
 
 }  // namespace
 
-std::optional<int> answerOption(std::string_view commandLine) {
+std::optional<int> answerOption(std::string_view commandLine, const std::vector<std::string>& arguments) {
     if (!commandLine.starts_with("--")) return std::nullopt;
     const std::string_view option = commandLine.substr(0, commandLine.find(' '));
     if (option == "--help") {
         print(StandardStream::output, help);
     } else if (option == "--version") {
         print(StandardStream::output, "Brasquelin " BRASQUELIN_VERSION "\n");
+    } else if (option == "--check") {
+        return checkFiles({arguments.begin() + 1, arguments.end()});
     } else if (option == "--dry-run") {
         return dryRun(commandLine.substr(option.size()));
     } else {

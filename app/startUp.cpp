@@ -18,7 +18,6 @@
 #include "platform/childProcess.h"
 #include "platform/clock.h"
 #include "platform/console/consoleDesktop.h"
-#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/reporting.h"
 #include "platform/standardStreams.h"
@@ -50,14 +49,6 @@ void prepare(const std::string& commandLine, const std::function<void()>& detect
     engineTables.runCounter = std::string("0");
     if (detectBorders) detectBorders();
     settings.startingUp = false;
-}
-
-/// A path without a directory part leaves the current directory alone; "/x" means the root.
-void enterDirectoryOf(const std::string& path) {
-    const auto separator = path.find_last_of("\\/");
-    if (separator == std::string::npos) return;
-    const std::string directory = separator == 0 ? path.substr(0, 1) : path.substr(0, separator);
-    changeDirectory(directory);
 }
 
 void openNamedFile(const std::string& commandLine) {
@@ -175,7 +166,7 @@ void resetTables() {
 }
 
 bool openArgument(const FileArgument& argument) {
-    loading(argument.path, [&] { enterDirectoryOf(argument.path); });
+    enterDirectoryOf(argument.path);
     return openFile(argument.path, argument.presets);
 }
 

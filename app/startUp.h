@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "app/commandLine.h"
+#include "vars/commandLine.h"
 
 namespace brasquelin {
 

@@ -4,11 +4,7 @@
 
 #include "check/leftReferences.h"
 #include "engine/runProfile.h"
-#include "platform/files.h"
-#include "platform/paths.h"
 #include "platform/standardStreams.h"
-#include "text/runTimeError.h"
-#include "text/substitution.h"
 #include "vars/promptForm.h"
 
 namespace brasquelin {
@@ -17,11 +13,6 @@ namespace {
 
 void tell(const std::string& text) {
     writeMessage("Brasquelin", text);
-}
-
-/// A program that is named without a directory may stand anywhere on the search path.
-bool isMissing(std::string_view programPath) {
-    return programPath.find_first_of("\\/") != std::string_view::npos && resolveProgram(programPath).empty();
 }
 
 }  // namespace
@@ -55,16 +46,9 @@ void DryRun::tellLeft() const {
 
 bool DryRun::mayRunProgram(std::string_view path) {
     if (withPlugins_) return true;
-    if (isMissing(path)) throw RunTimeError(ErrorNumber::fileNotFound, std::string(path));
     skippedProgram_ = true;
     if (skipped_.emplace(path).second) tell("'" + std::string(path) + "' was not run; --with-plugins runs it.");
     return false;
-}
-
-bool DryRun::mayWrite(std::string_view path) {
-    const std::string directory = dirOf(path);
-    if (directory.empty() || directoryExists(directory)) return false;
-    throw RunTimeError(ErrorNumber::pathNotFound, std::string(path)).ofWriting();
 }
 
 bool DryRun::isUnknown(std::string_view number, const SourceLine& place) {

@@ -32,7 +32,7 @@ class DryRun : public Onlooker, public ConsoleDesktop {
 
     // What the run asks of it
     bool mayRunProgram(std::string_view path) override;
-    bool mayWrite(std::string_view path) override;
+    bool mayWrite() override { return false; }
     bool mayConfirm() override { return !asked_; }
     bool isUnknown(std::string_view number, const SourceLine& place) override;
 

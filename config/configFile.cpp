@@ -5,6 +5,7 @@
 
 #include "config/clearDirectory.h"
 #include "platform/desktop.h"
+#include "platform/onlooker.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
@@ -82,8 +83,10 @@ void readLines(const TextFile& file, std::string_view path) {
         ++number;
         const std::string line = replaceVar("exepath", exeDirectory(), rawLine);
         if (config.noteTag(line) || var.noteTag(line)) continue;
-        if (config.isOpen()) takeSetting(line);
-        if (var.isOpen() && !line.empty()) takeVariable(line, path, number);
+        attempt(path, number, [&] {
+            if (config.isOpen()) takeSetting(line);
+            if (var.isOpen() && !line.empty()) takeVariable(line, path, number);
+        });
     }
 }
 

@@ -6,6 +6,7 @@
 #include "config/configFile.h"
 #include "engine/expandProfileLine.h"
 #include "engine/resolvedVariable.h"
+#include "platform/files.h"
 #include "platform/onlooker.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
@@ -55,6 +56,13 @@ void readCommandSection(const TextFile& file) {
     for (const auto& line : file.lines) {
         if (!section.noteTag(line) && section.isOpen()) takeCommandLine(line);
     }
+}
+
+/// Raises what the writing of a file would, which is not done.
+void requireDirectoryOf(std::string_view path) {
+    const std::string directory = dirOf(path);
+    if (directory.empty() || directoryExists(directory)) return;
+    throw RunTimeError(ErrorNumber::pathNotFound, std::string(path)).ofWriting();
 }
 
 // Values
@@ -126,8 +134,10 @@ std::vector<std::optional<std::string_view>> FunctionRun::matched(const std::vec
     for (const auto& argument : arguments) {
         const Assignment assignment = splitAssignment(argument);
         const int index = findVar(assignment.name, variables);
-        if (index < 0) endForUnknownVar(assignment.name, context_.fromFile, context_.fromLine, path_);
-        given[static_cast<std::size_t>(index)] = assignment.value;
+        attempt(context_.fromFile, context_.fromLine, [&] {
+            if (index < 0) endForUnknownVar(assignment.name, context_.fromFile, context_.fromLine, path_);
+            given[static_cast<std::size_t>(index)] = assignment.value;
+        });
     }
     return given;
 }
@@ -178,7 +188,14 @@ std::string FunctionRun::expandedWriteText() const {
 
 // Statements that name a function
 
-/// The path behind the function's name in the list file, relative to that file.
+/// The path behind the name in this line of the list file, relative to that file.
+std::string functionPath(const TextFile& list, std::size_t nameLine, std::string_view listPath) {
+    const bool last = nameLine + 1 >= list.lines.size();
+    const std::string_view line = last ? std::string_view() : std::string_view(list.lines[nameLine + 1]);
+    const std::string path = expandGlobals(replaceVar("exepath", exeDirectory(), line));
+    return pathRelativeTo(dirOf(listPath), path);
+}
+
 std::optional<std::string> findFunction(std::string_view name) {
     if (settings.basicFunctionPath.empty()) {
         throw RunTimeError(ErrorNumber::fileNotFound)
@@ -187,9 +204,7 @@ std::optional<std::string> findFunction(std::string_view name) {
     const auto list = readTextFile(settings.basicFunctionPath);
     for (std::size_t i = 0; i < list->lines.size(); i += 2) {
         if (!equalIgnoringCase(list->lines[i], name)) continue;
-        const std::string_view line = i + 1 < list->lines.size() ? std::string_view(list->lines[i + 1]) : "";
-        const std::string path = expandGlobals(replaceVar("exepath", exeDirectory(), line));
-        return pathRelativeTo(dirOf(settings.basicFunctionPath), path);
+        return functionPath(*list, i, settings.basicFunctionPath);
     }
     return std::nullopt;
 }
@@ -223,6 +238,15 @@ std::vector<std::string> parameterEntries(std::string_view parameter) {
 
 }  // namespace
 
+std::vector<NamedFunction> listFunctions(std::string_view listPath) {
+    std::vector<NamedFunction> functions;
+    const auto list = readTextFile(listPath);
+    for (std::size_t i = 0; i < list->lines.size(); i += 2) {
+        functions.push_back({list->lines[i], functionPath(*list, i, listPath), static_cast<int>(i) + 1});
+    }
+    return functions;
+}
+
 void readBasicFunction(std::string_view path) {
     readFunctionVariables(path);
     readCommandSection(*readTextFile(path));
@@ -248,6 +272,7 @@ bool runNamedFunction(std::string_view name, std::string_view parameter, const F
                       std::string& jobLine) {
     const auto path = findFunction(name);
     if (!path) return false;
+    if (onlooker()) onlooker()->follows(*path);
     FunctionRun run(*path, context);
     readConfig(configFilePath());
     readBasicFunction(*path);
@@ -256,7 +281,7 @@ bool runNamedFunction(std::string_view name, std::string_view parameter, const F
 }
 
 void saveTextFile(std::string_view path, std::string_view text) {
-    if (onlooker() && !onlooker()->mayWrite(path)) return;
+    if (onlooker() && !onlooker()->mayWrite()) return requireDirectoryOf(path);
     std::vector<std::string> lines;
     for (const auto piece : split(text, itemSeparator)) lines.emplace_back(piece);
     writeLines(path, lines);

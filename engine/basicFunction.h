@@ -40,6 +40,15 @@ std::string runPromptedLibrary(std::string_view path, const std::vector<std::str
 bool runNamedFunction(std::string_view name, std::string_view parameter, const FunctionContext& context,
                       std::string& jobLine);
 
+/// An entry of the list file of the basic functions.
+struct NamedFunction {
+    std::string name;
+    std::string path;
+    int line = 0;  // of its name
+};
+/// Raises the errors of reading the list file.
+std::vector<NamedFunction> listFunctions(std::string_view listPath);
+
 /// Creates the file anew with the pieces between the "||" as its lines.
 void saveTextFile(std::string_view path, std::string_view text);
 

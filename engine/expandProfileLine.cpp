@@ -25,12 +25,16 @@ struct ResolvedLevel {
     std::vector<ResolvedVariable> assignments;
 };
 
+/// Where the file in hand was called.
+SourceLine callingLine() {
+    const auto& stack = engineTables.fileStack;
+    return stack.size() < 2 ? SourceLine() : stack[stack.size() - 2];
+}
+
 [[noreturn]] void rejectAssignment(std::string_view name) {
     const auto& stack = engineTables.fileStack;
-    const SourceLine nowhere;
-    const SourceLine& inner = stack.empty() ? nowhere : stack.back();
-    const SourceLine& outer = stack.size() < 2 ? nowhere : stack[stack.size() - 2];
-    endForUnknownVar(name, outer.path, outer.line, inner.path);
+    const SourceLine outer = callingLine();
+    endForUnknownVar(name, outer.path, outer.line, stack.empty() ? std::string() : stack.back().path);
 }
 
 void resolveAssignments(ResolvedLevel& resolved, int level) {
@@ -41,9 +45,12 @@ void resolveAssignments(ResolvedLevel& resolved, int level) {
     for (const auto& entry : values) {
         const Assignment assignment = splitAssignment(entry);
         const int index = findVar(assignment.name, variables);
-        if (index < 0) rejectAssignment(assignment.name);
-        const auto& variable = variables.row(static_cast<std::size_t>(index));
-        resolved.assignments.push_back(resolver.resolve(variable, assignment.value));
+        const SourceLine place = callingLine();
+        attempt(place.path, place.line, [&] {
+            if (index < 0) rejectAssignment(assignment.name);
+            const auto& variable = variables.row(static_cast<std::size_t>(index));
+            resolved.assignments.push_back(resolver.resolve(variable, assignment.value));
+        });
     }
 }
 
@@ -118,7 +125,7 @@ void endForUnknownVar(std::string_view name, std::string_view fromFile, int from
     std::string text = "Error : unknown var '" + std::string(name) + "'";
     text += "\r\nFrom file '" + std::string(fromFile) + "' at line " + std::to_string(fromLine);
     text += "\r\nIn file '" + std::string(inFile) + "'";
-    endWithMessage(text);
+    endWithMessage(text, {"unknown-variable", {std::string(fromFile), fromLine}});
 }
 
 }  // namespace brasquelin

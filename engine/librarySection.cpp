@@ -13,6 +13,7 @@ namespace {
 
 void addInclude(const std::string& path, int level) {
     Callable& callable = engineTables.callables[level].append({path, {}});
+    if (onlooker()) onlooker()->follows(path);
     const auto file = readTextFile(path);
     if (file->lines.empty()) throw RunTimeError(ErrorNumber::inputPastEnd, path);
     callable.name = titleIn(file->lines.front(), kindOfFile(path));
@@ -48,7 +49,7 @@ void processLibrarySection(const std::string& path, int level) {
         const auto parsed = parseLibraryLine(line);
         if (!parsed) continue;
         engineTables.fileStack.back().line = number;  // so that an error can name it
-        apply(*parsed, path, level);
+        attempt(path, number, [&] { apply(*parsed, path, level); });
     }
     engineTables.fileStack.back().line = 0;
 }

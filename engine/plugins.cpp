@@ -5,6 +5,7 @@
 #include "platform/directoryLock.h"
 #include "platform/files.h"
 #include "platform/onlooker.h"
+#include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/substitution.h"
 #include "text/text.h"
@@ -51,9 +52,18 @@ bool namesProgram(std::string_view programPath) {
     return name.size() >= extensionLength && name.find_first_not_of(' ') != std::string::npos;
 }
 
+/// Raises what the start of a program would, which is not started. One that is named without a directory may stand
+/// anywhere on the search path.
+void requireProgram(std::string_view programPath) {
+    const bool named = programPath.find_first_of("\\/") != std::string_view::npos;
+    if (named && resolveProgram(programPath).empty()) {
+        throw RunTimeError(ErrorNumber::fileNotFound, std::string(programPath));
+    }
+}
+
 void runProgram(std::string_view programPath, std::string_view parameters, Table<NamedValue>& results) {
     if (!namesProgram(programPath)) throw RunTimeError(ErrorNumber::fileNotFound);
-    if (onlooker() && !onlooker()->mayRunProgram(programPath)) return;
+    if (onlooker() && !onlooker()->mayRunProgram(programPath)) return requireProgram(programPath);
     const std::string resultPath = std::string(withoutLast(programPath, extensionLength)) + "var";
     DirectoryLock lock;
     lock.coverStartedPrograms();

@@ -46,6 +46,7 @@ class ProfileRun {
 
   private:
     bool nextLine();
+    int lineNumber() const { return static_cast<int>(position_); }
     std::string expanded(std::string_view text) const;
     void markLine(std::size_t number) const { engineTables.fileStack.back().line = static_cast<int>(number); }
 
@@ -53,7 +54,7 @@ class ProfileRun {
     void handleLine();
     void startLoop();
     LoopRecord readLoopHeader();
-    int loopNumber(const std::string& text, int whenUnknown) const;
+    int loopNumber(const std::string& text, int unknown) const;
     void endLoop();
     void stayResponsive();
     void runFunctionStatement();
@@ -100,7 +101,7 @@ void ProfileRun::run() {
     readConfig(configFilePath());
     loops().depth = 0;
     file_ = readTextFile(path_);
-    while (nextLine()) handleLine();
+    while (nextLine()) attempt(path_, lineNumber(), [this] { handleLine(); });
 }
 
 bool ProfileRun::nextLine() {
@@ -164,17 +165,22 @@ LoopRecord ProfileRun::readLoopHeader() {
     record.variable = header();
     const std::string start = header();
     record.start = loopNumber(start, unknown);
-    record.end = loopNumber(header(), record.start);
-    record.step = loopNumber(header(), 1);
+    record.end = loopNumber(header(), unknown);
+    record.step = loopNumber(header(), unknown);
     record.current = record.start;
     record.currentText = record.start == unknown ? start : std::to_string(record.current);
+    const bool once = record.start == unknown || record.end == unknown || record.step == unknown;
+    if (once) record.end = record.start, record.step = 1;
     return record;
 }
 
 /// A loop whose numbers nobody can tell is gone through once.
-int ProfileRun::loopNumber(const std::string& text, int whenUnknown) const {
+int ProfileRun::loopNumber(const std::string& text, int unknown) const {
     const bool isUnknown = onlooker() && onlooker()->isUnknown(text, engineTables.fileStack.back());
-    return isUnknown ? whenUnknown : toInteger16(text);
+    if (isUnknown) return unknown;
+    int number = unknown;
+    attempt(path_, lineNumber(), [&] { number = toInteger16(text); });
+    return number;
 }
 
 void ProfileRun::endLoop() {
@@ -183,7 +189,7 @@ void ProfileRun::endLoop() {
     loop.current += loop.step;
     loop.currentText = std::to_string(loop.current);
     const bool ended = loop.step >= 1 ? loop.current > loop.end : loop.current < loop.end;
-    if (ended) {
+    if (ended || (onlooker() && !onlooker()->mayTurn())) {
         --loops().depth;
     } else {
         position_ = loop.bodyLine - 1;
@@ -239,8 +245,10 @@ std::vector<std::string> ProfileRun::readParameters() {
     while (position_ < file_->lines.size() && isAttribute(file_->lines[position_])) {
         nextLine();
         const Assignment parameter = splitAssignment(line_.substr(1));
-        if (!parameter.hasEquals) rejectParameter();
-        entries.push_back(std::string(parameter.name) + "=" + expanded(parameter.value));
+        attempt(path_, lineNumber(), [&] {
+            if (!parameter.hasEquals) rejectParameter();
+            entries.push_back(std::string(parameter.name) + "=" + expanded(parameter.value));
+        });
     }
     return entries;
 }
@@ -248,6 +256,7 @@ std::vector<std::string> ProfileRun::readParameters() {
 void ProfileRun::callProfile(const std::string& called, std::vector<std::string> entries) {
     auto& values = variableTables.values[level_ + 1];
     values.resetCount();
+    if (onlooker() && !onlooker()->mayCall()) return;
     readProfileVariables(called, level_ + 1);
     for (auto& entry : entries) values.append(std::move(entry));
     if (!runProfile(called, level_ + 1)) throw RunStopped();
@@ -255,11 +264,13 @@ void ProfileRun::callProfile(const std::string& called, std::vector<std::string>
 
 void ProfileRun::rejectName(std::string_view name) const {
     endWithMessage("Error : unknown function '" + std::string(name) + "' in file '" + path_ + "' at line " +
-                   std::to_string(engineTables.fileStack.back().line));
+                       std::to_string(engineTables.fileStack.back().line),
+                   {"unknown-function", engineTables.fileStack.back()});
 }
 
 void ProfileRun::rejectParameter() const {
-    endWithMessage("Parse error in file '" + path_ + "' at line " + std::to_string(position_));
+    endWithMessage("Parse error in file '" + path_ + "' at line " + std::to_string(position_),
+                   {"no-equals-sign", {path_, lineNumber()}});
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/runTimeError.h"
+
 namespace brasquelin {
 
 /// A line of a file, counted from 1; 0 where it is not known.
@@ -12,17 +14,36 @@ struct SourceLine {
     int line = 0;
 };
 
+/// What a message is about that ends the program: a short name of the fault, and where it stands.
+struct Fault {
+    std::string_view code;
+    SourceLine place;
+};
+
 class Onlooker {
   public:
     virtual ~Onlooker() = default;
 
-    /// False keeps a plugin or check from being run: it answers nothing then. May raise what its start would raise.
+    /// A run-time error, and what was worked on. True when it was taken: nobody is told, and the step that raised it is
+    /// left out.
+    virtual bool takes(const RunTimeError& /*error*/, const SourceLine& /*place*/) { return false; }
+    /// The same for a message behind which the program would end.
+    virtual bool takes(std::string_view /*message*/, const Fault& /*fault*/) { return false; }
+    /// True when the run goes on behind a step that such a message has ended.
+    virtual bool goesOn() { return false; }
+
+    /// False keeps a plugin or check from being run: it answers nothing then.
     virtual bool mayRunProgram(std::string_view /*path*/) { return true; }
-    /// False keeps the run from writing a file: what functions save, and the remembered answers. May raise what the
-    /// writing would raise.
-    virtual bool mayWrite(std::string_view /*path*/) { return true; }
+    /// False keeps the run from writing files: what functions save, and the remembered answers.
+    virtual bool mayWrite() { return true; }
+    /// Another file takes part: an include, or a function that is called.
+    virtual void follows(const std::string& /*path*/) {}
     /// False when a prompt must not be confirmed.
     virtual bool mayConfirm() { return true; }
+    /// False ends a loop before its time.
+    virtual bool mayTurn() { return true; }
+    /// False leaves out the call of a profile.
+    virtual bool mayCall() { return true; }
     /// True for the text of a number that only a program that was not run, or a user, could tell.
     virtual bool isUnknown(std::string_view /*number*/, const SourceLine& /*place*/) { return false; }
 };
@@ -41,5 +62,18 @@ class LookingOn {
   private:
     Onlooker* before_;
 };
+
+/// Does a step that can be left out, for an onlooker that collects what is wrong. Without one a fault goes on upwards.
+template <typename Step>
+void attempt(std::string_view path, int line, Step step) {
+    if (!onlooker()) return step();
+    try {
+        step();
+    } catch (const RunTimeError& error) {
+        if (!onlooker()->takes(error, {std::string(path), line})) throw;
+    } catch (const EndProgram&) {
+        if (!onlooker()->goesOn()) throw;
+    }
+}
 
 }  // namespace brasquelin

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brasquelin {
 
@@ -52,6 +53,9 @@ bool isFileSystemRoot(std::string_view path);
 
 /// The command line without the program's own path; leading blanks are stripped.
 std::string processCommandLine(int argc, const char* const* argv);
+
+/// Each argument of the program by itself.
+std::vector<std::string> processArguments(int argc, const char* const* argv);
 
 /// True when windows can be shown.
 bool displayAvailable();

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/desktop.h"
+#include "platform/onlooker.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {
@@ -23,7 +24,7 @@ bool reporting(std::string_view path, Step step) {
     }
 }
 
-/// A message with the critical-stop icon, and the end of the program.
-[[noreturn]] void endWithMessage(std::string_view text, std::string_view title = "Brasquelin");
+/// A message with the critical-stop icon, and the end of the program. `fault` is for whoever looks on.
+[[noreturn]] void endWithMessage(std::string_view text, const Fault& fault, std::string_view title = "Brasquelin");
 
 }  // namespace brasquelin

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "platform/onlooker.h"
 #include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
@@ -46,6 +47,9 @@ class DeclarationReader {
         }
     }
 
+    /// The line that was read last.
+    int line() const { return static_cast<int>(position_); }
+
   private:
     bool nextLine() {
         if (position_ >= file_->lines.size()) return false;
@@ -61,6 +65,7 @@ class DeclarationReader {
         return false;
     }
 
+    /// As messages count.
     int lineNumber() const { return static_cast<int>(rules_.countsEveryLine ? position_ : passes_); }
 
     bool opensDeclaration() const { return block_.isOpen() && !ended_ && !line_.empty() && line_.front() != '['; }
@@ -69,6 +74,7 @@ class DeclarationReader {
     bool readDeclaration() {
         VariableDeclaration& record = table_.nextRow();
         record.name = line_;
+        record.line = line();
         if (!needLine()) return false;
         readTypeSpec(record);
         if (!needLine()) return false;
@@ -81,13 +87,23 @@ class DeclarationReader {
     }
 
     void readTypeSpec(VariableDeclaration& record) {
-        const auto typeSpec = valueBehind(typeKey, line_);
-        checkTypeSpec(typeSpec, path_, lineNumber());
+        const auto typeSpec = checkedTypeSpec();
         if (typeSpec.find('$') == std::string_view::npos) {
             record.typeSpec = typeSpec;
         } else {
             record.typeSpec = expandPluginVars(typeSpec, rules_.pluginLevel);
         }
+    }
+
+    std::string_view checkedTypeSpec() const {
+        const auto typeSpec = valueBehind(typeKey, line_);
+        try {
+            checkTypeSpec(typeSpec, path_, lineNumber());
+        } catch (const ParseError& error) {
+            if (!onlooker() || !onlooker()->takes(error.report(), {"bad-type", {path_, line()}})) throw;
+            return "Text";
+        }
+        return typeSpec;
     }
 
     bool readDefault(VariableDeclaration& record, bool hasFourthLine) {
@@ -119,12 +135,15 @@ bool readDeclarations(std::string_view path, Table<VariableDeclaration>& table, 
         reader.read();
     } catch (const ParseError& error) {
         table.resetCount();
-        if (onParseError == OnParseError::endProgram) endWithMessage(error.report(), errorTitle);
+        if (onParseError == OnParseError::endProgram) {
+            endWithMessage(error.report(), {"bad-type", {std::string(path), reader.line()}}, errorTitle);
+        }
         showCritical(error.report(), errorTitle);
         return false;
     } catch (const RunTimeError& error) {
         // The declarations read so far stay and the load goes on.
-        report(error, path);
+        const bool taken = onlooker() && onlooker()->takes(error, {std::string(path), reader.line()});
+        if (!taken) report(error, path);
     }
     return true;
 }

@@ -17,7 +17,7 @@ namespace {
 
 void requireFile(const std::string& path) {
     if (fileExists(path)) return;
-    endWithMessage("'" + path + "'\r\nError: unknown file");
+    endWithMessage("'" + path + "'\r\nError: unknown file", {"unknown-file", {path, 0}});
 }
 
 /// The title with its blanks turned into "_". It must have at least two characters.
@@ -25,7 +25,7 @@ std::string titleInFirstLine(const std::string& path, FileKind kind) {
     const auto file = readTextFile(path);
     const std::string_view line = file->lines.empty() ? std::string_view() : std::string_view(file->lines.front());
     if (characterCount(line) < headerLength(kind) + 2) {
-        endWithMessage("Error while loading '" + path + "' line 1", errorTitle);
+        endWithMessage("Error while loading '" + path + "' line 1", {"bad-header", {path, 1}}, errorTitle);
     }
     std::string title(titleIn(line, kind));
     std::replace(title.begin(), title.end(), ' ', '_');
@@ -46,8 +46,8 @@ void show(const std::shared_ptr<PromptForm>& form, bool modal) {
 
 void rejectUnknownType(const PromptForm& form, const PromptRow& row) {
     if (row.kind != VariableKind::unknown) return;
-    endWithMessage("Error in file '" + form.path + "' : unknown var type '" + row.typeSpec + "' for var '" + row.name +
-                   "'");
+    const std::string about = "' : unknown var type '" + row.typeSpec + "' for var '" + row.name + "'";
+    endWithMessage("Error in file '" + form.path + about, {"bad-type", {form.path, 0}});
 }
 
 /// Builds the form from the declarations and applies the presets.
@@ -62,7 +62,7 @@ std::shared_ptr<PromptForm> buildForm(PromptKind kind, const std::string& path, 
     form->mayConfirm = std::move(options.mayConfirm);
     form->confirmed = std::move(options.confirmed);
     try {
-        form->rows = buildRows(declarations);
+        form->rows = buildRows(declarations, path);
         placeButtons(*form);
         applyPresets(*form, options.presets);
     } catch (const RunTimeError& error) {
@@ -93,7 +93,8 @@ std::string readFunctionTitle(const std::string& path) {
 
 void loadProfile(const std::string& path, PromptOptions options) {
     requireFile(path);
-    std::string title = readProfileTitle(path);
+    std::string title;
+    attempt(path, 1, [&] { title = readProfileTitle(path); });
     variableTables.pluginResults[0].resetCount();
     readProfileVariables(path, 1);
     const auto& declarations = variableTables.profileVariables[1];
@@ -107,7 +108,8 @@ void loadProfile(const std::string& path, PromptOptions options) {
 
 void loadFunction(const std::string& path, PromptOptions options) {
     requireFile(path);
-    std::string title = readFunctionTitle(path);
+    std::string title;
+    attempt(path, 1, [&] { title = readFunctionTitle(path); });
     readFunctionVariables(path);
     const auto& declarations = variableTables.functionVariables;
     prompt(buildForm(PromptKind::function, path, std::move(title), declarations, options), options);

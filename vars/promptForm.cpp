@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/desktop.h"
+#include "platform/onlooker.h"
 #include "platform/paths.h"
 #include "platform/reporting.h"
 #include "text/text.h"
@@ -154,7 +155,7 @@ std::string PromptForm::about(const PromptRow& row) const {
     return row.info.empty() ? variable : variable + "\r\n" + row.info;
 }
 
-std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations) {
+std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations, std::string_view path) {
     std::vector<PromptRow> rows;
     rows.reserve(declarations.count());
     for (const auto& declaration : declarations) {
@@ -165,7 +166,7 @@ std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations)
         row.typeSpec = declaration.typeSpec;
         row.kind = kindOf(declaration.typeSpec);
         if (!rows.empty()) row.place = rows.back().place.next();
-        fillRow(row, declaration.defaultValue);
+        attempt(path, declaration.line, [&] { fillRow(row, declaration.defaultValue); });
         rows.push_back(std::move(row));
     }
     return rows;
@@ -179,7 +180,7 @@ void placeButtons(PromptForm& form) {
 
 void applyPresets(PromptForm& form, const std::vector<std::string>& presets) {
     for (std::size_t i = 0; i < presets.size() && i < form.rows.size(); ++i) {
-        applyPreset(form.rows[i], form, presets[i]);
+        attempt(form.path, form.declarations.row(i).line, [&] { applyPreset(form.rows[i], form, presets[i]); });
     }
 }
 

@@ -87,8 +87,9 @@ struct PromptForm {
     std::string about(const PromptRow& row) const;
 };
 
-/// One row per declaration, defaults filled in, placed below each other. Raises 13 or 9 for a bad default of a choice.
-std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations);
+/// One row per declaration of the file, defaults filled in, placed below each other. Raises 13 or 9 for a bad default
+/// of a choice.
+std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations, std::string_view path = {});
 
 /// Places the buttons below the rows.
 void placeButtons(PromptForm& form);

@@ -35,7 +35,7 @@ std::optional<std::string> recallValue(std::string_view key) {
 }
 
 void rememberValue(std::string_view key, std::string_view value) {
-    if (onlooker() && !onlooker()->mayWrite(memoryPath())) return;
+    if (onlooker() && !onlooker()->mayWrite()) return;
     const DirectoryLock lock;
     std::vector<std::string> lines = rememberedLines();
     lines.insert(lines.begin(), std::string(key) + "=" + std::string(value));

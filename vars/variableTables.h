@@ -14,6 +14,7 @@ struct VariableDeclaration {
     std::string typeSpec;
     std::string info;
     std::string defaultValue;
+    int line = 0;  // of its name in the file
 };
 
 struct VariableTables {

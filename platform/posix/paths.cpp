@@ -128,6 +128,10 @@ std::string processCommandLine(int argc, const char* const* argv) {
     return commandLine.substr(std::min(commandLine.find_first_not_of(' '), commandLine.size()));
 }
 
+std::vector<std::string> processArguments(int argc, const char* const* argv) {
+    return {argv + 1, argv + argc};
+}
+
 bool displayAvailable() {
     const auto isSet = [](const char* name) {
         const char* value = std::getenv(name);

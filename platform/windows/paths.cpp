@@ -123,6 +123,15 @@ std::string processCommandLine(int /*argc*/, const char* const* /*argv*/) {
     return fromWide(line);
 }
 
+std::vector<std::string> processArguments(int /*argc*/, const char* const* /*argv*/) {
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i) arguments.push_back(fromWide(words[i]));
+    LocalFree(words);
+    return arguments;
+}
+
 bool displayAvailable() {
     return true;
 }

@@ -1,4 +1,4 @@
-#include "app/commandLine.h"
+#include "vars/commandLine.h"
 
 #include <gtest/gtest.h>
 

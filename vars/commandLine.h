@@ -19,6 +19,10 @@ std::vector<std::string> parsePresets(std::string_view argumentText);
 /// Path and presets of a command line or of the argument part of a list line.
 FileArgument parseFileArgument(std::string_view argumentText);
 
+/// Makes the file's directory the current one. A path without a directory part leaves that alone; "/x" means the root.
+/// Raises 76 about the file.
+void enterDirectoryOf(const std::string& path);
+
 /// True when the command line starts with "-f " in any letter case.
 bool isListMode(std::string_view commandLine);
 std::string listFilePath(std::string_view commandLine);

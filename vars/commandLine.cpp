@@ -1,9 +1,11 @@
-#include "app/commandLine.h"
+#include "vars/commandLine.h"
 
 #include <cstdio>
 
 #include "platform/fileAddress.h"
+#include "platform/files.h"
 #include "platform/paths.h"
+#include "text/runTimeError.h"
 #include "text/substitution.h"
 #include "text/text.h"
 
@@ -48,6 +50,16 @@ std::vector<std::string> parsePresets(std::string_view argumentText) {
 FileArgument parseFileArgument(std::string_view argumentText) {
     const std::string_view path = argumentText.substr(0, argumentText.find(firstPresetKey));
     return {anchoredPath(pathOfAddress(replaceVar("exepath", exeDirectory(), path))), parsePresets(argumentText)};
+}
+
+void enterDirectoryOf(const std::string& path) {
+    const auto separator = path.find_last_of("\\/");
+    if (separator == std::string::npos) return;
+    try {
+        changeDirectory(separator == 0 ? path.substr(0, 1) : path.substr(0, separator));
+    } catch (const RunTimeError& error) {
+        throw error.whollyAbout(path);
+    }
 }
 
 bool isListMode(std::string_view commandLine) {
