@@ -10,9 +10,10 @@
 
 namespace brasquelin {
 
-void OutputTail::show(const std::string& path, std::uint64_t begin, std::uint64_t end) {
-    const bool goesOn = path == path_ && begin == begin_ && end_ == growing && end >= position_;
-    if (!goesOn && (path != path_ || begin != begin_ || end != end_)) {
+bool OutputTail::show(const std::string& path, std::uint64_t begin, std::uint64_t end) {
+    const bool samePlace = path == path_ && begin == begin_;
+    const bool same = samePlace && (end == end_ || (end_ == growing && end >= position_));
+    if (!same) {
         text_ = OutputText(mostBytes_);
         position_ = begin;
         midLine_ = false;
@@ -21,6 +22,7 @@ void OutputTail::show(const std::string& path, std::uint64_t begin, std::uint64_
     path_ = path;
     begin_ = begin;
     end_ = end;
+    return !same;
 }
 
 bool OutputTail::update() {

@@ -18,8 +18,8 @@ class OutputTail {
     explicit OutputTail(std::size_t mostBytes) : mostBytes_(mostBytes), text_(mostBytes) {}
 
     /// From now on these bytes of the file; `end` is `growing` while more may come. A piece that is shown already
-    /// goes on, also when its end has become known.
-    void show(const std::string& path, std::uint64_t begin, std::uint64_t end);
+    /// goes on, also when its end has become known. True for another piece.
+    bool show(const std::string& path, std::uint64_t begin, std::uint64_t end);
 
     /// Reads what is new, `mostBytes` at the most; what lies further back is left out. True when the text may have
     /// changed. A file that cannot be read is as one that does not grow.

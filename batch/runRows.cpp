@@ -56,7 +56,7 @@ void RunRows::takeStart(const RunMessage& message) {
     setState(row, JobState::running);
     if (!runBegin_) runBegin_ = now;
     runningSince_ = now;
-    running_ = message.job;
+    running_ = lastStarted_ = message.job;
 }
 
 void RunRows::takeEnd(const RunMessage& message) {
@@ -101,6 +101,7 @@ RunMessage RunRows::runJobs(const std::vector<std::size_t>& jobs) {
     phase_ = RunPhase::running;
     endedInRun_ = 0;
     runBegin_.reset();
+    lastStarted_ = 0;
     RunMessage message{RunMessageKind::runJobs};
     message.text = jobRanges(jobs);
     return message;
@@ -125,13 +126,16 @@ std::optional<std::size_t> RunRows::runningJob() const {
     return running_ > 0 ? std::optional(running_) : std::nullopt;
 }
 
+std::optional<std::size_t> RunRows::lastStarted() const {
+    return lastStarted_ > 0 ? std::optional(lastStarted_) : std::nullopt;
+}
+
 std::optional<std::size_t> RunRows::longestLine() const {
     return longest_ > 0 ? std::optional(longest_) : std::nullopt;
 }
 
 double RunRows::fractionDone() const {
-    const std::size_t asked = counts_.asked();
-    return asked == 0 ? 0 : static_cast<double>(counts_.over()) / static_cast<double>(asked);
+    return rows_.empty() ? 0 : static_cast<double>(counts_.over()) / static_cast<double>(rows_.size());
 }
 
 std::uint64_t RunRows::elapsed() const {

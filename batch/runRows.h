@@ -41,8 +41,6 @@ struct JobCounts {
     std::size_t failed = 0;  // broken off ones included
     std::size_t leftOut = 0;
 
-    /// What is to run or has run.
-    std::size_t asked() const { return waiting + running + done + failed; }
     std::size_t over() const { return done + failed; }
 };
 
@@ -61,8 +59,9 @@ class RunRows {
     RunPhase phase() const { return phase_; }
     RunOutcome outcome() const { return outcome_; }
     bool isRunning() const { return phase_ == RunPhase::reading || phase_ == RunPhase::running; }
-    /// The last one that was started, while it runs.
     std::optional<std::size_t> runningJob() const;
+    /// In this run; it may have ended.
+    std::optional<std::size_t> lastStarted() const;
     /// The job whose line has the most bytes, for the width of the column.
     std::optional<std::size_t> longestLine() const;
 
@@ -110,8 +109,9 @@ class RunRows {
     JobCounts counts_;
     RunPhase phase_ = RunPhase::reading;
     RunOutcome outcome_ = RunOutcome::complete;
-    std::size_t running_ = 0;  // 0: none
-    std::size_t longest_ = 0;  // likewise
+    std::size_t running_ = 0;      // 0: none
+    std::size_t lastStarted_ = 0;  // likewise
+    std::size_t longest_ = 0;
     std::size_t endedInRun_ = 0;
     std::optional<std::uint64_t> runBegin_;  // ticks
     std::uint64_t runEnd_ = 0;

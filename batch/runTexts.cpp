@@ -43,9 +43,27 @@ std::string withoutSuccess(const JobCounts& counts) {
 
 std::string shortEnd(const RunRows& rows) {
     if (rows.phase() == RunPhase::lost) return "Broken off";
+    if (rows.counts().done == rows.size()) return "Done";
     if (rows.outcome() != RunOutcome::complete) return "Stopped";
     const std::size_t failed = rows.counts().failed;
     return failed == 0 ? "Done" : std::to_string(failed) + " failed";
+}
+
+/// Without parts of a second.
+std::string secondsInWords(std::uint64_t milliseconds) {
+    const std::uint64_t seconds = milliseconds / second;
+    if (seconds < 60) return std::to_string(seconds) + " s";
+    char text[48];
+    const auto part = [seconds](std::uint64_t unit, std::uint64_t next) {
+        return static_cast<unsigned long long>(seconds % next / unit);
+    };
+    const auto hours = static_cast<unsigned long long>(seconds / 3600);
+    if (hours == 0) {
+        std::snprintf(text, sizeof text, "%llu:%02llu", part(60, 3600), part(1, 60));
+    } else {
+        std::snprintf(text, sizeof text, "%llu:%02llu:%02llu", hours, part(60, 3600), part(1, 60));
+    }
+    return text;
 }
 
 }  // namespace
@@ -74,7 +92,8 @@ std::string startText(const RunRows& rows, std::size_t job) {
     const std::int64_t start = rows.row(job).start;
     if (start <= 0) return {};
     const auto time = static_cast<std::time_t>(start / 1000);
-    const bool today = localTime(time, "%F") == localTime(std::time(nullptr), "%F");
+    constexpr const char* day = "%Y-%m-%d";
+    const bool today = localTime(time, day) == localTime(std::time(nullptr), day);
     return localTime(time, today ? "%H:%M:%S" : "%Y-%m-%d %H:%M:%S");
 }
 
@@ -85,20 +104,8 @@ std::string durationText(const RunRows& rows, std::size_t job) {
 }
 
 std::string durationInWords(std::uint64_t milliseconds) {
-    if (milliseconds < 10 * second) return formatted("%.1f s", static_cast<double>(milliseconds / 100) / 10);
-    const std::uint64_t seconds = milliseconds / second;
-    if (seconds < 60) return std::to_string(seconds) + " s";
-    char text[48];
-    const auto part = [seconds](std::uint64_t unit, std::uint64_t next) {
-        return static_cast<unsigned long long>(seconds % next / unit);
-    };
-    const auto hours = static_cast<unsigned long long>(seconds / 3600);
-    if (hours == 0) {
-        std::snprintf(text, sizeof text, "%llu:%02llu", part(60, 3600), part(1, 60));
-    } else {
-        std::snprintf(text, sizeof text, "%llu:%02llu:%02llu", hours, part(60, 3600), part(1, 60));
-    }
-    return text;
+    if (milliseconds >= 10 * second) return secondsInWords(milliseconds);
+    return formatted("%.1f s", static_cast<double>(milliseconds / 100) / 10);
 }
 
 std::string titleText(const RunRows& rows) {
@@ -109,22 +116,24 @@ std::string titleText(const RunRows& rows) {
     const JobCounts& counts = rows.counts();
     const bool going = rows.isRunning() || rows.phase() == RunPhase::asking;
     return (going ? percent(rows) : shortEnd(rows)) + " - " + std::to_string(counts.over()) + " of " +
-           std::to_string(counts.asked() + (going ? 0 : counts.leftOut)) + " - " + name;
+           std::to_string(rows.size()) + " - " + name;
 }
 
 std::string progressText(const RunRows& rows) {
     const JobCounts& counts = rows.counts();
-    std::string text = std::to_string(counts.over()) + " of " + jobsInWords(counts.asked()) + ": " +
+    std::string text = std::to_string(counts.over()) + " of " + jobsInWords(rows.size()) + ": " +
                        std::to_string(counts.done) + " done" + withoutSuccess(counts);
     if (counts.waiting > 0) text += ", " + std::to_string(counts.waiting) + " waiting";
     if (const auto rate = rows.jobsAMinute())
         text += "   " + formatted(*rate < 100 ? "%.1f" : "%.0f", *rate) + " a minute";
-    if (const auto left = rows.timeLeft()) return text + "   " + durationInWords(*left / second * second) + " left";
+    if (const auto left = rows.timeLeft()) return text + "   " + secondsInWords(*left) + " left";
     return rows.elapsed() > 0 ? text + "   " + durationInWords(rows.elapsed()) : text;
 }
 
 std::string endText(const RunRows& rows) {
     const JobCounts& counts = rows.counts();
+    if (counts.done == rows.size())
+        return rows.size() == 1 ? "The job is done." : "All " + jobsInWords(rows.size()) + " are done.";
     const std::string tally =
         std::to_string(counts.done) + " of " + jobsInWords(rows.size()) + " done" + withoutSuccess(counts) + ".";
     if (rows.phase() == RunPhase::lost) return "The program that ran the jobs is gone: " + tally;
@@ -138,8 +147,7 @@ std::string endText(const RunRows& rows) {
         case RunOutcome::complete:
             break;
     }
-    if (counts.done < rows.size()) return "The run has ended: " + tally;
-    return rows.size() == 1 ? "The job is done." : "All " + jobsInWords(rows.size()) + " are done.";
+    return "The run has ended: " + tally;
 }
 
 std::string resumeQuestion(const RunRows& rows) {

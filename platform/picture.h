@@ -15,6 +15,11 @@ enum class Picture {
     moveUp,
     moveDown,
     reference,
+    jobWaiting,
+    jobRunning,
+    jobDone,
+    jobFailed,
+    jobLeftOut,
     program
 };
 

@@ -37,6 +37,16 @@ const char* textOf(Picture which) {
             return pictureTexts::moveDown;
         case Picture::reference:
             return pictureTexts::reference;
+        case Picture::jobWaiting:
+            return pictureTexts::jobWaiting;
+        case Picture::jobRunning:
+            return pictureTexts::jobRunning;
+        case Picture::jobDone:
+            return pictureTexts::jobDone;
+        case Picture::jobFailed:
+            return pictureTexts::jobFailed;
+        case Picture::jobLeftOut:
+            return pictureTexts::jobLeftOut;
         case Picture::program:
             break;
     }

@@ -69,7 +69,7 @@ TEST_F(RunRowsTest, ARunIsToldAsItGoes) {
     EXPECT_EQ("", startText(rows, 5));
     EXPECT_EQ(19U, startText(rows, 1).size());  // long ago: with its day
     EXPECT_EQ("60 % - 3 of 5 - Tool", titleText(rows));
-    EXPECT_EQ("3 of 5 jobs: 1 done, 2 failed, 1 waiting   22.5 a minute   4.0 s left", progressText(rows));
+    EXPECT_EQ("3 of 5 jobs: 1 done, 2 failed, 1 waiting   22.5 a minute   4 s left", progressText(rows));
     end(4);
     run(5);
     tell(Kind::finished, std::string(nameOf(RunOutcome::complete)));
@@ -145,6 +145,9 @@ TEST_F(RunRowsTest, AnEarlierRunGoesOnOrStartsOver) {
     end(1, 0, 0, Kind::earlierEnd);
     tell(Kind::ready);
     EXPECT_EQ((Lines{"Done", "Waiting"}), states());
+    end(2);
+    tell(Kind::finished, "stopped");  // nothing was left
+    EXPECT_EQ("All 2 jobs are done.", endText(rows));
 }
 
 TEST_F(RunRowsTest, DurationsAreShort) {

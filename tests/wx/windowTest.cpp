@@ -65,11 +65,19 @@ int ModalScript::answerQuestion(wxDialog& dialog) {
     return answer ? wxID_OK : wxID_CANCEL;
 }
 
+int ModalScript::takeChoice() {
+    if (choices.empty()) return wxID_CANCEL;
+    const int choice = choices.front();
+    choices.pop_front();
+    return choice;
+}
+
 int ModalScript::Enter(wxDialog* dialog) {
     if (!dialog) return wxID_NONE;
     if (const auto* box = dynamic_cast<wxMessageDialogBase*>(dialog)) {
         messages.push_back(fromWx(box->GetCaption()) + ": " + fromWx(box->GetMessage()));
         if (!(box->GetMessageDialogStyle() & wxYES_NO)) return wxID_OK;
+        if (box->GetMessageDialogStyle() & wxCANCEL) return takeChoice();
         const bool yes = !yesNo.empty() && yesNo.front();
         if (!yesNo.empty()) yesNo.pop_front();
         return yes ? wxID_YES : wxID_NO;

@@ -44,12 +44,13 @@ class WindowTestProcesses : public FakeProcessTable {
 using ModalStep = std::function<void(wxDialog&)>;
 
 /// Message boxes are written down as "title: text" and confirmed, a question is answered with the next of `yesNo` or
-/// No, input boxes get the next answer, each other modal window the next step, inside its own loop. A window without a
-/// step, or left open by it, fails the test.
+/// No, one with a third button with the next of `choices` or that button, input boxes get the next answer, each other
+/// modal window the next step, inside its own loop. A window without a step, or left open by it, fails the test.
 class ModalScript : public wxModalDialogHook {
   public:
     Lines messages;
     std::deque<bool> yesNo;
+    std::deque<int> choices;  // wxID_YES, wxID_NO, wxID_CANCEL
     std::deque<std::optional<std::string>> textAnswers;
     Lines textQuestions;
     std::deque<ModalStep> steps;
@@ -60,6 +61,7 @@ class ModalScript : public wxModalDialogHook {
 
   private:
     int answerQuestion(wxDialog& dialog);
+    int takeChoice();
 };
 
 class WindowTest : public testing::Test {
