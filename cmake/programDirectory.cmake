@@ -1,4 +1,4 @@
-# The program directory that ./run starts from: samples, their plugins, the program and the batch runner. A file is
+# The program directory that ./run starts from: samples, their plugins, the program and the launchers. A file is
 # copied when it changes here, so what a user changes there stays.
 set(BRASQUELIN_PROGRAM_DIRECTORY ${CMAKE_BINARY_DIR}/Brasquelin)
 
@@ -26,7 +26,9 @@ foreach(sample ${samples})
     copy_to_program_directory(${CMAKE_SOURCE_DIR}/samples/${sample} ${sample})
 endforeach()
 if(NOT WIN32)
-    copy_to_program_directory(${CMAKE_SOURCE_DIR}/launchers/linux/brasquelin-batch brasquelin-batch)
+    foreach(launcher brasquelin-batch in-parallel in-slurm in-terminal job-list)
+        copy_to_program_directory(${CMAKE_SOURCE_DIR}/launchers/linux/${launcher} ${launcher})
+    endforeach()
     copy_to_program_directory(${CMAKE_SOURCE_DIR}/platform/wx/pictures/program.svg brasquelin.svg)
 endif()
 
