@@ -11,6 +11,7 @@
 #include "platform/windows/systemHandle.h"
 #include "platform/windows/wideText.h"
 #include "text/runTimeError.h"
+#include "text/substitution.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -26,9 +27,11 @@ SystemHandle jobForShell() {
     return job;
 }
 
-/// A path inside a batch file: a percent sign starts a variable there.
+/// The files are named by way of a variable, for the script is in a code page that may not hold their path.
+constexpr wchar_t directoryVariable[] = L"BRASQUELIN_RUN";
+
 std::string quotedForBatch(std::string_view path) {
-    return '"' + replaceAll(path, "%", "%%") + '"';
+    return "\"%BRASQUELIN_RUN%\\" + std::string(fileNameOf(path)) + '"';
 }
 
 /// The next line belongs to this one: an odd number of carets ends it.
@@ -74,6 +77,7 @@ WindowsJobShell::WindowsJobShell(const ShellFiles& files) : job_(jobForShell()) 
     info.StartupInfo.hStdOutput = writing;
     info.StartupInfo.hStdError = writing;
     info.lpAttributeList = handles.list();
+    SetEnvironmentVariableW(directoryVariable, toWide(dirOf(files.script)).c_str());
     ProgramStart program = programStartOf('"' + files.script + '"');
     PROCESS_INFORMATION process{};
     constexpr DWORD flags = CREATE_SUSPENDED | CREATE_NO_WINDOW | EXTENDED_STARTUPINFO_PRESENT;
