@@ -3,6 +3,7 @@
 #include "app/programOptions.h"
 #include "app/programWindows.h"
 #include "app/runOption.h"
+#include "app/runWindow.h"
 #include "app/startUp.h"
 #include "platform/paths.h"
 #include "platform/wx/application.h"
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
     using namespace brasquelin;
     const std::string commandLine = processCommandLine(argc, argv);
     if (const auto status = answerRunOption(commandLine)) return *status;
+    if (const auto status = answerRunWindow(commandLine)) return *status;
     if (const auto status = answerOption(commandLine, processArguments(argc, argv))) return *status;
     if (!displayAvailable()) return runWithoutDisplay(commandLine);
     ProgramWindows windows;

@@ -10,7 +10,9 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
+#include <filesystem>
 
+#include "platform/paths.h"
 #include "platform/posix/descendants.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/systemError.h"
@@ -22,7 +24,11 @@ namespace brasquelin {
 namespace {
 
 constexpr int partnerEnd = 3;
-constexpr char ownProgram[] = "/proc/self/exe";
+std::string ownProgram() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? joinPath(programDirectory(), programFileName) : program.string();
+}
 
 class SocketWire : public Wire {
   public:
@@ -70,7 +76,7 @@ class SocketWire : public Wire {
 };
 
 pid_t spawnPartner(std::string option, int socket) {
-    std::string program = ownProgram;
+    std::string program = ownProgram();
     std::string end = std::to_string(partnerEnd);
     std::array<char*, 4> arguments{program.data(), option.data(), end.data(), nullptr};
     posix_spawn_file_actions_t actions;
@@ -81,10 +87,10 @@ pid_t spawnPartner(std::string option, int socket) {
     posix_spawnattr_init(&attributes);
     posix_spawnattr_setflags(&attributes, static_cast<short>(POSIX_SPAWN_SETSID));
     pid_t child = 0;
-    const int error = posix_spawn(&child, ownProgram, &actions, &attributes, arguments.data(), environ);
+    const int error = posix_spawn(&child, program.c_str(), &actions, &attributes, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     posix_spawnattr_destroy(&attributes);
-    if (error != 0) raise(error, FileUse::reading, ownProgram);
+    if (error != 0) raise(error, FileUse::reading, program);
     return child;
 }
 
@@ -93,7 +99,7 @@ pid_t spawnPartner(std::string option, int socket) {
 std::unique_ptr<Wire> startPartner(std::string_view option) {
     std::array<int, 2> ends{};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-        raise(errno, FileUse::reading, ownProgram);
+        raise(errno, FileUse::reading, ownProgram());
     }
     auto wire = std::make_unique<SocketWire>(ends[0]);
     // A descriptor that is its partner's number already would be closed on the way.
