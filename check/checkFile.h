@@ -9,6 +9,8 @@
 
 namespace brasquelin {
 
+class FileCheck;
+
 /// Checks profiles, libraries, basic functions and their list file, a configuration, and list files (any other name).
 /// They are read and interpreted as for a run, every step on its own, so that one fault does not hide the next; what
 /// only a user or a plugin could tell is taken as unknown. Includes and functions that are called are followed, each
@@ -28,8 +30,7 @@ class Checker {
     std::vector<Finding> findings() const;
 
   private:
-    class Look;
-    std::unique_ptr<Look> look_;
+    std::unique_ptr<FileCheck> check_;
 };
 
 }  // namespace brasquelin

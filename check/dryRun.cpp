@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "check/leftReferences.h"
+#include "check/references.h"
 #include "engine/runProfile.h"
 #include "platform/standardStreams.h"
 #include "vars/promptForm.h"

@@ -48,7 +48,8 @@ void clearOnRequest(const std::string& directory) {
     if (!settings.commandLine.empty() || desktop().askYesNo(question, "Erase ?")) clearDirectory(directory);
 }
 
-void takeSetting(std::string_view line) {
+/// False for a line that is no setting.
+bool takeSetting(std::string_view line) {
     for (const auto& key : keys) {
         if (!startsWithIgnoringCase(line, key.text)) continue;
         const auto value = line.substr(key.text.size());
@@ -56,9 +57,11 @@ void takeSetting(std::string_view line) {
         settings.*key.setting = text;
         if (key.setting == &Settings::profilePath) settings.profileDirectory = text;
         lastTexts.emplace_back(key.setting, std::move(text));
-        return;
+        return true;
     }
-    if (startsWithIgnoringCase(line, clearKey)) clearOnRequest(withExeDirectory(line.substr(clearKey.size())));
+    if (!startsWithIgnoringCase(line, clearKey)) return false;
+    clearOnRequest(withExeDirectory(line.substr(clearKey.size())));
+    return true;
 }
 
 void takeVariable(std::string_view line, std::string_view path, int number) {
@@ -84,7 +87,8 @@ void readLines(const TextFile& file, std::string_view path) {
         const std::string line = replaceVar("exepath", exeDirectory(), rawLine);
         if (config.noteTag(line) || var.noteTag(line)) continue;
         attempt(path, number, [&] {
-            if (config.isOpen()) takeSetting(line);
+            const bool isSetting = !config.isOpen() || takeSetting(line);
+            if (!isSetting && !var.isOpen()) noteIgnored(path, number, line);
             if (var.isOpen() && !line.empty()) takeVariable(line, path, number);
         });
     }

@@ -31,30 +31,43 @@ bool takeKey(std::string_view line, std::string_view key, std::string& field) {
     return true;
 }
 
-/// A line "name=value" gives the declared variable of that name its value.
-void takeVariableValues(std::string_view line) {
+/// A line "name=value" gives the declared variable of that name its value. False for any other line.
+bool takeVariableValues(std::string_view line) {
     const Assignment assignment = splitAssignment(line);
-    if (!assignment.hasEquals) return;
+    if (!assignment.hasEquals) return false;
+    bool taken = false;
     auto& variables = variableTables.functionVariables;
     for (std::size_t i = 0; i < variables.count(); ++i) {
         const std::string& name = variables.row(i).name;
         if (name.empty() || !startsWithIgnoringCase(line, name)) continue;
         const auto rest = fromCharacter(line, characterCount(name) + 1);
-        if (rest.starts_with('=')) variables.change(i).defaultValue = rest.substr(1);
+        if (!rest.starts_with('=')) continue;
+        variables.change(i).defaultValue = rest.substr(1);
+        taken = true;
     }
+    return taken;
 }
 
-void takeCommandLine(std::string_view line) {
-    takeKey(line, "type=", functionAction.type);
-    takeKey(line, "command=", functionAction.command);
-    takeKey(line, "write=", functionAction.write);
-    takeVariableValues(line);
+/// False for a line that means nothing.
+bool takeCommandLine(std::string_view line, int number) {
+    const bool isType = takeKey(line, "type=", functionAction.type);
+    const bool isCommand = takeKey(line, "command=", functionAction.command);
+    const bool isWrite = takeKey(line, "write=", functionAction.write);
+    if (isCommand) functionAction.commandLine = number;
+    if (isWrite) functionAction.writeLine = number;
+    const bool isVariable = takeVariableValues(line);
+    return isType || isCommand || isWrite || isVariable;
 }
 
-void readCommandSection(const TextFile& file) {
+void readCommandSection(std::string_view path) {
+    const auto file = readTextFile(path);
     SectionState section(Section::command);
-    for (const auto& line : file.lines) {
-        if (!section.noteTag(line) && section.isOpen()) takeCommandLine(line);
+    functionAction.commandLine = functionAction.writeLine = 0;
+    int number = 0;
+    for (const auto& line : file->lines) {
+        ++number;
+        const bool meant = section.noteTag(line) || !section.isOpen() || takeCommandLine(line, number);
+        if (!meant) noteIgnored(path, number, line);
     }
 }
 
@@ -109,8 +122,9 @@ class FunctionRun {
     void resolve(const std::vector<std::string>& arguments);
     void expandAllForms(ReferenceText& text) const;
     void expandDirectories(ReferenceText& text, std::string_view doubledExepath) const;
-    std::string expandedCommand() const;
-    std::string expandedWriteText() const;
+    std::string expandedCommand(const std::string& command) const;
+    std::string expandedWriteText(const std::string& write) const;
+    void tellExpansions(bool isFile) const;
 
     std::string_view path_;
     const FunctionContext& context_;
@@ -121,9 +135,10 @@ std::string FunctionRun::perform(const std::vector<std::string>& arguments) {
     const bool isFile = equalIgnoringCase(functionAction.type, "file");
     if (!isFile && !equalIgnoringCase(functionAction.type, "shell")) return {};
     resolve(arguments);
-    std::string command = expandedCommand();
+    if (onlooker()) tellExpansions(isFile);
+    std::string command = expandedCommand(functionAction.command);
     if (!isFile) return command;
-    saveTextFile(command, expandedWriteText());
+    saveTextFile(command, expandedWriteText(functionAction.write));
     return "//File saved to " + command;
 }
 
@@ -163,8 +178,17 @@ void FunctionRun::expandDirectories(ReferenceText& text, std::string_view double
     expandBuiltIns(text, names, [this] { return dirOf(shortPath(path_)); });
 }
 
-std::string FunctionRun::expandedCommand() const {
-    ReferenceText text(functionAction.command);
+void FunctionRun::tellExpansions(bool isFile) const {
+    const std::string path(path_);
+    const auto& action = functionAction;
+    const auto command = [this](const std::string& text) { return expandedCommand(text); };
+    const auto write = [this](const std::string& text) { return expandedWriteText(text); };
+    if (action.commandLine > 0) onlooker()->expands({{path, action.commandLine}, action.command, true, command});
+    if (isFile && action.writeLine > 0) onlooker()->expands({{path, action.writeLine}, action.write, true, write});
+}
+
+std::string FunctionRun::expandedCommand(const std::string& command) const {
+    ReferenceText text(command);
     expandAllForms(text);
     expandDirectories(text, "exepathdbslash");
     expandGlobals(text);
@@ -174,8 +198,8 @@ std::string FunctionRun::expandedCommand() const {
 }
 
 /// Built-ins and globals are applied once per variable, so not at all for a function without variables.
-std::string FunctionRun::expandedWriteText() const {
-    ReferenceText text(functionAction.write);
+std::string FunctionRun::expandedWriteText(const std::string& write) const {
+    ReferenceText text(write);
     expandAllForms(text);
     for (const auto& variable : variables_) {
         expandDirectories(text, "exepathdblslash");
@@ -249,7 +273,7 @@ std::vector<NamedFunction> listFunctions(std::string_view listPath) {
 
 void readBasicFunction(std::string_view path) {
     readFunctionVariables(path);
-    readCommandSection(*readTextFile(path));
+    readCommandSection(path);
 }
 
 std::string runBasicFunction(std::string_view path, const FunctionContext& context,
@@ -264,7 +288,7 @@ std::string runPromptedLibrary(std::string_view path, const std::vector<std::str
     const FunctionContext openedByUser;
     FunctionRun run(path, openedByUser);
     readConfig(configFilePath());
-    readCommandSection(*readTextFile(path));
+    readCommandSection(path);
     return run.perform(arguments);
 }
 

@@ -12,6 +12,8 @@ struct FunctionAction {
     std::string type;
     std::string command;
     std::string write;
+    int commandLine = 0;  // in the file; 0 when that does not give the text
+    int writeLine = 0;
 };
 extern FunctionAction functionAction;
 

@@ -17,6 +17,7 @@ void addInclude(const std::string& path, int level) {
     const auto file = readTextFile(path);
     if (file->lines.empty()) throw RunTimeError(ErrorNumber::inputPastEnd, path);
     callable.name = titleIn(file->lines.front(), kindOfFile(path));
+    if (onlooker()) onlooker()->registers(level, engineTables.fileStack.back());
 }
 
 void apply(const LibraryLine& line, std::string_view profilePath, int level) {
@@ -47,6 +48,7 @@ void processLibrarySection(const std::string& path, int level) {
         ++number;
         if (section.noteTag(line) || !section.isOpen()) continue;
         const auto parsed = parseLibraryLine(line);
+        if (!parsed) noteIgnored(path, number, line);
         if (!parsed) continue;
         engineTables.fileStack.back().line = number;  // so that an error can name it
         attempt(path, number, [&] { apply(*parsed, path, level); });

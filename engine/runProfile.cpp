@@ -1,5 +1,6 @@
 #include "engine/runProfile.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <memory>
@@ -50,6 +51,9 @@ class ProfileRun {
     std::string expanded(std::string_view text) const;
     void markLine(std::size_t number) const { engineTables.fileStack.back().line = static_cast<int>(number); }
 
+    void tellExpansion(std::string_view text) const;
+    void tellOpenLoops() const;
+
     void obeyChecks() const;
     void handleLine();
     void startLoop();
@@ -65,6 +69,9 @@ class ProfileRun {
     [[noreturn]] void rejectName(std::string_view name) const;
     [[noreturn]] void rejectParameter() const;
     FunctionContext context() const;
+
+    /// "For" and what belongs to it.
+    static constexpr std::size_t headerLines = loopKeys.size() + 1;
 
     Loops& loops() const { return engineTables.loops[level_]; }
     LoopRecord& currentLoop() const { return loops().records[loops().depth - 1]; }
@@ -102,6 +109,14 @@ void ProfileRun::run() {
     loops().depth = 0;
     file_ = readTextFile(path_);
     while (nextLine()) attempt(path_, lineNumber(), [this] { handleLine(); });
+    if (onlooker()) tellOpenLoops();
+}
+
+void ProfileRun::tellOpenLoops() const {
+    const std::size_t open = std::min(loops().depth, loops().records.size());
+    for (std::size_t i = 0; i < open; ++i) {
+        onlooker()->leavesOpen({path_, static_cast<int>(loops().records[i].bodyLine - headerLines)});
+    }
 }
 
 bool ProfileRun::nextLine() {
@@ -113,7 +128,13 @@ bool ProfileRun::nextLine() {
 
 std::string ProfileRun::expanded(std::string_view text) const {
     std::string line(text);
+    if (onlooker()) tellExpansion(text);
     return expandProfileLine(line, level_, path_, index_);
+}
+
+void ProfileRun::tellExpansion(std::string_view text) const {
+    const auto expand = [this](std::string other) { return expandProfileLine(other, level_, path_, index_); };
+    onlooker()->expands({{path_, lineNumber()}, text, false, expand});
 }
 
 void ProfileRun::obeyChecks() const {
@@ -127,7 +148,7 @@ void ProfileRun::handleLine() {
     if (body_.noteTag(line_) || !body_.isOpen()) return;
     switch (statementOf(line_)) {
         case Statement::none:
-            return;
+            return noteIgnored(path_, lineNumber(), line_);
         case Statement::loopStart:
             return startLoop();
         case Statement::loopEnd:
@@ -161,7 +182,7 @@ LoopRecord ProfileRun::readLoopHeader() {
     };
     constexpr int unknown = std::numeric_limits<int>::min() / 2;  // of no 16-bit number
     LoopRecord record;
-    record.bodyLine = position_ + 5;
+    record.bodyLine = position_ + headerLines;
     record.variable = header();
     const std::string start = header();
     record.start = loopNumber(start, unknown);
@@ -171,6 +192,8 @@ LoopRecord ProfileRun::readLoopHeader() {
     record.currentText = record.start == unknown ? start : std::to_string(record.current);
     const bool once = record.start == unknown || record.end == unknown || record.step == unknown;
     if (once) record.end = record.start, record.step = 1;
+    const SourceLine place{path_, static_cast<int>(record.bodyLine - headerLines)};
+    if (onlooker()) onlooker()->startsLoop({record.start, record.end, record.step}, place);
     return record;
 }
 
@@ -230,7 +253,7 @@ void ProfileRun::runPluginStatement() {
 void ProfileRun::call() {
     const std::string name = expanded(line_);
     const std::string called = lookupCallable(name, level_);
-    if (called.empty()) rejectName(name);
+    if (called.empty()) attempt(path_, lineNumber(), [&] { rejectName(name); });  // whoever collects goes on reading
     const std::size_t callLine = position_;
     std::vector<std::string> entries = readParameters();
     markLine(callLine);
@@ -242,9 +265,11 @@ void ProfileRun::call() {
 /// The parameter lines as name=value. Only the value is expanded; the first "=" of the raw line splits it.
 std::vector<std::string> ProfileRun::readParameters() {
     std::vector<std::string> entries;
+    const int callLine = lineNumber();
     while (position_ < file_->lines.size() && isAttribute(file_->lines[position_])) {
         nextLine();
         const Assignment parameter = splitAssignment(line_.substr(1));
+        if (onlooker()) onlooker()->gives(parameter.name, {path_, lineNumber()}, callLine);
         attempt(path_, lineNumber(), [&] {
             if (!parameter.hasEquals) rejectParameter();
             entries.push_back(std::string(parameter.name) + "=" + expanded(parameter.value));

@@ -1,6 +1,7 @@
 // Whoever looks on while files are read and run: the checker and the dry run. Without one a run does all that it says.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,21 @@ struct Fault {
     SourceLine place;
 };
 
+/// A text that is about to be expanded: the end of a line, or the whole line.
+struct Expansion {
+    SourceLine place;
+    std::string_view text;
+    bool ofFunction = false;                                // of its command or write text
+    std::function<std::string(const std::string&)> expand;  // any other text in its place
+};
+
+/// The numbers of a loop that starts.
+struct LoopNumbers {
+    int start = 0;
+    int end = 0;
+    int step = 0;
+};
+
 class Onlooker {
   public:
     virtual ~Onlooker() = default;
@@ -36,6 +52,18 @@ class Onlooker {
     virtual bool mayRunProgram(std::string_view /*path*/) { return true; }
     /// False keeps the run from writing files: what functions save, and the remembered answers.
     virtual bool mayWrite() { return true; }
+    // What is met on the way
+
+    /// A line that says nothing, though it may be meant to.
+    virtual void ignores(const SourceLine& /*place*/) {}
+    virtual void expands(const Expansion& /*expansion*/) {}
+    /// A call gives a variable of the called file its value.
+    virtual void gives(std::string_view /*variable*/, const SourceLine& /*place*/, int /*callLine*/) {}
+    virtual void startsLoop(const LoopNumbers& /*numbers*/, const SourceLine& /*place*/) {}
+    /// A loop that is open where its file ends.
+    virtual void leavesOpen(const SourceLine& /*loop*/) {}
+    /// An include has its name: the last callable of the level.
+    virtual void registers(int /*level*/, const SourceLine& /*place*/) {}
     /// Another file takes part: an include, or a function that is called.
     virtual void follows(const std::string& /*path*/) {}
     /// False when a prompt must not be confirmed.
@@ -74,6 +102,13 @@ void attempt(std::string_view path, int line, Step step) {
     } catch (const EndProgram&) {
         if (!onlooker()->goesOn()) throw;
     }
+}
+
+/// Notes a line that is passed over, unless it is empty or begins like a comment.
+inline void noteIgnored(std::string_view path, int line, std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (!onlooker() || first == std::string_view::npos || text[first] == '#') return;
+    onlooker()->ignores({std::string(path), line});
 }
 
 }  // namespace brasquelin

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "check/codes.h"
+#include "editor/newLines.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
 #include "text/text.h"
@@ -69,6 +70,51 @@ TEST_F(CheckFile, FindsWhatTheManualShows) {
     EXPECT_EQ(codes.size(), findingCodes.size());
     EXPECT_EQ(commands(), Lines());
     EXPECT_EQ(messages(), Lines());
+}
+
+TEST_F(CheckFile, FindsNothingInTheSamples) {
+    std::filesystem::copy(BRASQUELIN_SOURCE "/samples", fromUtf8(folder()),
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
+    for (const std::string program : {"folderinfo", "notempty"}) write("plugins/" + program + ".exe", {});
+    std::string found;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(fromUtf8(folder()))) {
+        const std::string name = utf8(entry.path().lexically_relative(fromUtf8(folder())));
+        const bool isChecked = name.ends_with(".bqp") || name.ends_with(".bqs") || name.ends_with(".ini");
+        if (isChecked || name == "list.txt") found += check(name);
+    }
+    EXPECT_EQ(found, "");
+}
+
+TEST_F(CheckFile, FindsNothingInWhatTheEditorWrites) {
+    writeSayLibrary("say.bqs");
+    const std::string path = folder() + "/written.bqp";
+    ProfileDocument document;
+    document.append(EditorList::include, {":Include " + includePath(folder() + "/say.bqs", path)});
+    std::string references;
+    for (const auto& type : variableTypes()) {
+        VariableFields fields;
+        fields.name = "of " + type;
+        fields.type = type;
+        fields.listChoices = {"a", "b"};
+        fields.combEntries = {combEntry("first", "1"), combEntry("second", "2")};
+        document.append(EditorList::variables, declarationLines(fields));
+        references += " $" + fields.name + "$";
+    }
+    document.append(EditorList::commands, loopLines("n", "1", "$of " + variableTypes().front() + "$", "1"));
+    document.append(EditorList::commands, {"Say", ".text=$n$" + references, "Next"});
+    saveDocument(document, path);
+    EXPECT_EQ(check("written.bqp"), "") << read("written.bqp");
+}
+
+/// What the values of a list's line bring about stands at that line; what is wrong anyway, where it is.
+TEST_F(CheckFile, TellsFaultsOfValuesInTheList) {
+    write("loop.bqp", {"#Brasquelin Profile Loop", "[var]", "last", ".Type=Text", ".Info=", "[/var]", "[profile]",
+                       "For", ".VarName=i", ".VarStart=1", ".VarEnd=$last$", ".VarStep=one", "Next", "[/profile]"});
+    const std::string start = "C:\\brasquelin.exe $exepath$/loop.bqp";
+    write("list", {start + " 001=3", start + " 001=three", "", start + " 001=#ask#", start + " 001=#pop:key"});
+    EXPECT_EQ(check("list"),
+              "list:2:1: error: Error 13 : Type mismatch 'three' is no whole number. (loop.bqp:11) [no-number]\n"
+              "loop.bqp:12:1: error: Error 13 : Type mismatch 'one' is no whole number. [no-number]\n");
 }
 
 }  // namespace

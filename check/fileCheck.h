@@ -1,0 +1,114 @@
+// One check at work: an onlooker that lets files be read and interpreted, and notes what it is told.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/findings.h"
+#include "platform/console/consoleDesktop.h"
+#include "platform/onlooker.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+
+struct TextFile;
+
+/// What a file is checked as: an ".ini" file is told by its sections, a file of any other name is a list.
+enum class CheckedKind { profile, library, configuration, function, functionList, list };
+
+/// The line, empty where there is none.
+std::string lineAt(const SourceLine& place);
+
+/// Reads files in the interpreter's own way and notes what goes wrong.
+class FileCheck : public Onlooker, public ConsoleDesktop {
+  public:
+    FileCheck();
+    ~FileCheck() override;
+    FileCheck(const FileCheck&) = delete;
+    FileCheck& operator=(const FileCheck&) = delete;
+
+    void check(const std::string& path);
+    std::vector<Finding> findings() const;
+
+    // What a run tells and asks
+    bool takes(const RunTimeError& error, const SourceLine& place) override;
+    bool takes(std::string_view message, const Fault& fault) override;
+    bool goesOn() override { return !stopped_; }
+    bool mayRunProgram(std::string_view path) override;
+    bool mayWrite() override { return false; }
+    bool mayTurn() override { return ++turns_ < mostTurns; }
+    bool mayCall() override { return ++calls_ < mostCalls; }
+    void ignores(const SourceLine& place) override;
+    void expands(const Expansion& expansion) override;
+    void gives(std::string_view variable, const SourceLine& place, int callLine) override;
+    void startsLoop(const LoopNumbers& numbers, const SourceLine& place) override;
+    void leavesOpen(const SourceLine& loop) override;
+    void registers(int level, const SourceLine& place) override;
+    void follows(const std::string& path) override { pending_.push_back(path); }
+    bool isUnknown(std::string_view number, const SourceLine& /*place*/) override { return concernsUnknown(number); }
+
+    bool hasWindows() const override { return true; }
+    void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
+    std::optional<std::string> askText(std::string_view prompt, std::string_view title,
+                                       std::string_view defaultText) override;
+    std::string askFile(const FileDialogRequest& /*request*/) override { return {}; }
+
+  protected:
+    void presentMessage(std::string_view /*text*/, std::string_view /*title*/, Icon /*icon*/) override {}
+
+  private:
+    static constexpr int mostTurns = 10'000;
+    static constexpr int mostCalls = 10'000;
+
+    void checkWithFollowed(const std::string& path);
+    bool checkOnce(const std::string& path);
+    void checkAs(CheckedKind kind, const std::string& path);
+    void begin(const std::string& path);
+    void checkConfiguration(const std::string& path);
+    void checkFunctionList(const std::string& path);
+    void checkList(const std::string& path);
+    void checkListLine(const SourceLine& place, std::string_view line);
+    void warnAboutPresets(std::size_t given, std::size_t rows);
+    void openAsUser(const std::string& path, std::vector<std::string> presets, bool replaying);
+
+    template <typename Step>
+    void guarded(const SourceLine& place, Step step);
+    bool concernsUnknown(std::string_view text) const;
+    void add(SourceLine place, std::string_view code, std::string text, int column = 1);
+    std::string shownPath(const std::string& normal);
+
+    bool isInHand(const SourceLine& place) const;
+    void warnAboutSections(CheckedKind kind, const std::string& path);
+    void warnAboutReferences(const Expansion& expansion);
+    void warnAboutCodePage(const Expansion& expansion);
+    void hintAtPaths(const Expansion& expansion);
+    void warnAboutUnused();
+
+    LookingOn lookingOn_{*this};
+    Desktop& desktopBefore_;
+    std::string directoryBefore_;
+    std::vector<Finding> findings_;
+    std::set<std::string> known_;                        // places and codes of the findings
+    std::set<std::string> checked_;                      // normal paths
+    std::map<std::string, std::string> given_;           // normal paths to those of the caller
+    std::map<std::string, std::size_t> order_;           // of shown paths
+    std::vector<std::string> pending_;                   // includes and called functions
+    std::set<std::string, std::less<>> brokenIncludes_;  // profiles of which an include could not be read
+    SourceLine listLine_;                                // while a line of a list is replayed
+    bool skippedProgram_ = false;                        // by the file in hand
+    bool stopped_ = false;                               // the file in hand cannot go on
+    std::string inHand_;                                 // the file in hand
+    Table<VariableDeclaration> declared_;                // its variables, once it has been run
+    std::set<int> expandedLines_;
+    std::vector<std::string> expandedTexts_;
+    int givenInCall_ = 0;                        // the call whose attributes are read
+    std::map<std::string, int> givenVariables_;  // their lines
+    int turns_ = 0;
+    int calls_ = 0;
+};
+
+}  // namespace brasquelin
