@@ -333,6 +333,7 @@ void FrmRun::breakMessage() {
     const wxString lines = brokenIntoLines(toWx(messageText_), characters);
     if (lblMessage_->GetLabelText() == lines) return;
     lblMessage_->SetLabelText(lines);
+    lblMessage_->InvalidateBestSize();
     lblMessage_->SetMinSize(wxSize(1, lblMessage_->GetBestSize().y));
     CallAfter([this] { layOutMessage(); });
 }

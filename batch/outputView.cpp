@@ -21,6 +21,7 @@ OutputView::OutputView(wxWindow* parent)
     wxFont font = GetFont();
     font.SetFamily(wxFONTFAMILY_TELETYPE);
     SetFont(font);
+    SetDefaultStyle(wxTextAttr(wxNullColour, wxNullColour, font));  // of what is replaced, too
 }
 
 void OutputView::show(const std::string& path, std::uint64_t begin, std::uint64_t end) {
