@@ -342,6 +342,7 @@ void FrmRun::layOutMessage() {
     message_->InvalidateBestSize();
     message_->GetParent()->Layout();
     message_->Layout();
+    JobRows_->keepSelectionVisible();
 }
 
 void FrmRun::askToResume() {

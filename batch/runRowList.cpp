@@ -130,6 +130,10 @@ void RunRowList::selectJobAt(const wxPoint& place) {
     Focus(item);
 }
 
+void RunRowList::keepSelectionVisible() {
+    if (const long selected = GetFirstSelected(); selected >= 0) EnsureVisible(selected);
+}
+
 wxPoint RunRowList::placeOfSelection() const {
     wxRect row;
     const long selected = GetFirstSelected();

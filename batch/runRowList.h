@@ -27,6 +27,8 @@ class RunRowList : public wxListView {
     void selectJob(std::size_t job);
     /// Selects as the user does.
     void selectJobAt(const wxPoint& place);
+    /// Scrolls to it, for the list has become smaller.
+    void keepSelectionVisible();
     /// Where a menu for the selected job is to open.
     wxPoint placeOfSelection() const;
 
