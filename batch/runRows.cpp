@@ -1,5 +1,6 @@
 #include "batch/runRows.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -143,11 +144,11 @@ std::uint64_t RunRows::elapsed() const {
     return (phase_ == RunPhase::running ? clockInUse().tickCount() : runEnd_) - *runBegin_;
 }
 
-/// From the jobs' average so far, less what the running one has had of its own.
+/// From the jobs' average so far, less what the running one has had of its own; one that takes long counts in it.
 std::optional<std::uint64_t> RunRows::timeLeft() const {
     if (phase_ != RunPhase::running || endedInRun_ == 0) return std::nullopt;
     const std::uint64_t current = running_ > 0 ? clockInUse().tickCount() - runningSince_ : 0;
-    const std::uint64_t average = (elapsed() - current) / endedInRun_;
+    const std::uint64_t average = std::max((elapsed() - current) / endedInRun_, elapsed() / (endedInRun_ + 1));
     return counts_.waiting * average + (counts_.running > 0 && average > current ? average - current : 0);
 }
 

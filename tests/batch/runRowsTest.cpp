@@ -70,6 +70,9 @@ TEST_F(RunRowsTest, ARunIsToldAsItGoes) {
     EXPECT_EQ(19U, startText(rows, 1).size());  // long ago: with its day
     EXPECT_EQ("60 % - 3 of 5 - Tool", titleText(rows));
     EXPECT_EQ("3 of 5 jobs: 1 done, 2 failed, 1 waiting   22.5 a minute   4 s left", progressText(rows));
+    clock.now += 22'000;  // longer than the others: those that wait are likely to be so, too
+    EXPECT_NE(std::string::npos, progressText(rows).find("   7 s left")) << progressText(rows);
+    clock.now -= 22'000;
     end(4);
     run(5);
     tell(Kind::finished, std::string(nameOf(RunOutcome::complete)));
