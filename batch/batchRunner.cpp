@@ -6,6 +6,7 @@
 
 #include "batch/jobFile.h"
 #include "batch/jobLog.h"
+#include "platform/clock.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {
@@ -59,7 +60,21 @@ BatchRunner::BatchRunner(RunPlan plan, RunSinks sinks, const ShellStarter& start
     flush();
 }
 
+/// Jobs that end faster than anybody can look at are told together: to wake up for each would slow them down.
+void BatchRunner::gatherEnds() {
+    constexpr std::int64_t span = 10;  // milliseconds
+    constexpr std::size_t many = 50;
+    const std::int64_t now = wallClock();
+    if (now - gatheredFrom_ >= span) {
+        quick_ = now - gatheredFrom_ < 2 * span && ended_ - endedBefore_ > many;
+        gatheredFrom_ = now;
+        endedBefore_ = ended_;
+    }
+    if (quick_) clockInUse().sleep(span / 2);
+}
+
 bool BatchRunner::step(std::uint32_t milliseconds) {
+    gatherEnds();
     std::string bytes;
     const bool alive = shell_->read(bytes, milliseconds);
     marks_.take(

@@ -55,6 +55,7 @@ class BatchRunner {
     std::size_t ended() const { return ended_; }
 
   private:
+    void gatherEnds();
     void takeOutput(std::string_view text);
     void takeEnd(const EndMark& mark);
     void begin();
@@ -79,6 +80,9 @@ class BatchRunner {
     std::string newOutput_;
     std::string newLog_;
     std::int64_t lastSync_ = 0;
+    std::int64_t gatheredFrom_ = 0;
+    std::size_t endedBefore_ = 0;
+    bool quick_ = false;
     bool stopped_ = false;    // the user has asked for it
     bool endedByUs_ = false;  // at once
     bool lastSeen_ = false;   // the shell has said that it stops

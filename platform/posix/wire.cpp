@@ -81,7 +81,10 @@ pid_t spawnPartner(std::string option, int socket) {
     std::array<char*, 4> arguments{program.data(), option.data(), end.data(), nullptr};
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    // Whoever reads what this process prints need not wait for the partner's end.
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_RDWR, 0);
+    }
     posix_spawn_file_actions_adddup2(&actions, socket, partnerEnd);
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
