@@ -11,6 +11,10 @@ void Checker::check(const std::string& path) {
     check_->check(path);
 }
 
+void Checker::checkText(const std::string& path, std::vector<std::string> lines) {
+    check_->checkText(path, std::move(lines));
+}
+
 std::vector<Finding> Checker::findings() const {
     return check_->findings();
 }

@@ -23,7 +23,6 @@ DryRun::DryRun(bool withPlugins) : withPlugins_(withPlugins), lookingOn_(*this),
 }
 
 DryRun::~DryRun() {
-    setJobSink({});
     setDesktop(desktopBefore_);
 }
 

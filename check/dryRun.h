@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "check/keptTables.h"
 #include "platform/console/consoleDesktop.h"
 #include "platform/onlooker.h"
 
@@ -48,6 +49,7 @@ class DryRun : public Onlooker, public ConsoleDesktop {
     void tellAsked(std::string_view about);
 
     bool withPlugins_;
+    KeptTables kept_;
     LookingOn lookingOn_;
     Desktop& desktopBefore_;
     std::vector<std::string> lines_;

@@ -121,13 +121,11 @@ std::string lineAt(const SourceLine& place) {
 
 FileCheck::FileCheck() : desktopBefore_(desktop()), directoryBefore_(normalPath(".")) {
     setDesktop(*this);
-    setJobSink({});
     guarded({configFilePath(), 0}, [] { readConfig(configFilePath()); });
 }
 
 FileCheck::~FileCheck() {
     setDesktop(desktopBefore_);
-    begin({});
     changeDirectory(directoryBefore_);
 }
 
@@ -138,6 +136,16 @@ void FileCheck::check(const std::string& path) {
     readFileBytes(normal);  // whoever names a file that cannot be read is told so
     given_.emplace(normal, path);
     checkWithFollowed(normal);
+    changeDirectory(directoryBefore_);
+}
+
+/// Somebody waits, so loops and calls are followed only as far as they are likely to bring something new.
+void FileCheck::checkText(const std::string& path, std::vector<std::string> lines) {
+    mostTurns_ = mostCalls_ = 200;
+    const std::string normal = normalPath(path);
+    const UnsavedText text(normal, std::move(lines));
+    given_.emplace(normal, path);
+    checkOnce(normal);
     changeDirectory(directoryBefore_);
 }
 
@@ -154,10 +162,11 @@ void FileCheck::checkWithFollowed(const std::string& path) {
 
 /// False for a file that was checked before, and for one that cannot be read: whoever names it tells that.
 bool FileCheck::checkOnce(const std::string& path) {
-    if (!fileExists(path) || !checked_.insert(path).second) return false;
+    if (!textFileExists(path) || !checked_.insert(path).second) return false;
     begin(path);
     shownPath(path);  // its place in the order
     guarded({path, 0}, [&] {
+        enterDirectoryOf(path);
         const CheckedKind kind = kindOfChecked(path);
         warnAboutSections(kind, path);
         checkAs(kind, path);
@@ -176,7 +185,6 @@ void FileCheck::begin(const std::string& path) {
     declared_.clear();
     expandedLines_.clear();
     expandedTexts_.clear();
-    if (!path.empty()) enterDirectoryOf(path);
 }
 
 void FileCheck::checkAs(CheckedKind kind, const std::string& path) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "check/findings.h"
+#include "check/keptTables.h"
 #include "platform/console/consoleDesktop.h"
 #include "platform/onlooker.h"
 #include "vars/variableTables.h"
@@ -32,6 +33,7 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     FileCheck& operator=(const FileCheck&) = delete;
 
     void check(const std::string& path);
+    void checkText(const std::string& path, std::vector<std::string> lines);
     std::vector<Finding> findings() const;
 
     // What a run tells and asks
@@ -40,8 +42,8 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     bool goesOn() override { return !stopped_; }
     bool mayRunProgram(std::string_view path) override;
     bool mayWrite() override { return false; }
-    bool mayTurn() override { return ++turns_ < mostTurns; }
-    bool mayCall() override { return ++calls_ < mostCalls; }
+    bool mayTurn() override { return ++turns_ < mostTurns_; }
+    bool mayCall() override { return ++calls_ < mostCalls_; }
     void ignores(const SourceLine& place) override;
     void expands(const Expansion& expansion) override;
     void gives(std::string_view variable, const SourceLine& place, int callLine) override;
@@ -61,8 +63,8 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     void presentMessage(std::string_view /*text*/, std::string_view /*title*/, Icon /*icon*/) override {}
 
   private:
-    static constexpr int mostTurns = 10'000;
-    static constexpr int mostCalls = 10'000;
+    int mostTurns_ = 10'000;  // of all loops of a file
+    int mostCalls_ = 10'000;  // of profiles by a file
 
     void checkWithFollowed(const std::string& path);
     bool checkOnce(const std::string& path);
@@ -88,6 +90,7 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     void hintAtPaths(const Expansion& expansion);
     void warnAboutUnused();
 
+    KeptTables kept_;
     LookingOn lookingOn_{*this};
     Desktop& desktopBefore_;
     std::string directoryBefore_;

@@ -3,6 +3,7 @@
 #include <wx/settings.h>
 
 #include "editor/editorState.h"
+#include "editor/problemList.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
 
@@ -64,8 +65,17 @@ wxString EditorListView::OnGetItemText(long item, long column) const {
     return isAttribute(item) ? "    " + text : text;
 }
 
+std::optional<Severity> EditorListView::severityOf(long item) const {
+    return severityOfLine(editorState.problems, which_, static_cast<std::size_t>(item));
+}
+
+/// A line with a problem stands on a ground of the problem's colour.
 wxItemAttr* EditorListView::OnGetItemAttr(long item) const {
-    return isAttribute(item) ? &attributeLook_ : nullptr;
+    const auto severity = severityOf(item);
+    if (!severity) return isAttribute(item) ? &attributeLook_ : nullptr;
+    problemLook_.SetTextColour(colourOf(*severity, *this));
+    problemLook_.SetBackgroundColour(groundOf(*severity, *this));
+    return &problemLook_;
 }
 
 }  // namespace brasquelin

@@ -1,6 +1,7 @@
 // One of the editor's three lists: it looks into the document and holds no lines of its own.
 #pragma once
 
+#include "editor/problems.h"
 #include "editor/profileDocument.h"
 #include "platform/wx/lineList.h"
 
@@ -29,10 +30,12 @@ class EditorListView : public LineList {
     const std::vector<std::string>& lines() const;
     void findLongest();
     bool isAttribute(long item) const;
+    std::optional<Severity> severityOf(long item) const;
 
     EditorList which_;
     std::optional<std::size_t> longest_;
     mutable wxItemAttr attributeLook_;
+    mutable wxItemAttr problemLook_;
 };
 
 }  // namespace brasquelin

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "editor/editorListView.h"
+#include "editor/problemList.h"
 #include "platform/desktop.h"
 #include "platform/wx/buttons.h"
 #include "platform/wx/oneLine.h"
@@ -27,6 +28,7 @@ enum MenuId { mnuAdd = wxID_HIGHEST + 1, mnuEdit, mnuRemove, mnuClear, mnuFor, m
 
 constexpr int loopDelay = 50;  // milliseconds, so that the menu has closed
 constexpr int editDelay = 100;
+constexpr int checkDelay = 100;
 
 /// The window is at work: while plugins run, events come through all the same.
 class AtWork {
@@ -73,8 +75,8 @@ FrmCreateProfile::FrmCreateProfile()
     makeParts();
     Bind(wxEVT_CLOSE_WINDOW, &FrmCreateProfile::closing, this);
 
-    SetMinSize(FromDIP(wxSize(420, 420)));
-    SetSize(FromDIP(wxSize(760, 700)));
+    SetMinSize(FromDIP(wxSize(420, 500)));
+    SetSize(FromDIP(wxSize(760, 780)));
     placeOnScreen(*this);
     showDocument();
     listInclude_->SetFocus();
@@ -95,6 +97,7 @@ void FrmCreateProfile::makeParts() {
                   wxSizerFlags(1).Expand());
     commands->Add(makeMoveButtons(), wxSizerFlags().CenterVertical().Border(wxLEFT));
     all->Add(commands, wxSizerFlags(below).Proportion(4));
+    all->Add(makeProblems(), wxSizerFlags(below).Proportion(2));
     parts_->SetSizer(all);
 }
 
@@ -152,11 +155,15 @@ void FrmCreateProfile::bindTimers() {
     ForTimer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { act(askLoop); });
     tmrEdit_.Bind(wxEVT_TIMER,
                   [this](wxTimerEvent&) { act([this] { editCommandLine(listCommand_->selectedLine()); }); });
+    tmrCheck_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { showProblems(); });
 }
 
 wxSizer* FrmCreateProfile::makeName() {
-    profileName_ = makeTextBox(parts_, "profileName", editorState.document.profileName,
-                               [](const std::string& name) { editorState.document.rename(name); });
+    profileName_ =
+        makeTextBox(parts_, "profileName", editorState.document.profileName, [this](const std::string& name) {
+            editorState.document.rename(name);
+            tmrCheck_.StartOnce(checkDelay);
+        });
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(new wxStaticText(parts_, wxID_ANY, "Profile name :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
     row->Add(profileName_, wxSizerFlags(1).CenterVertical());
@@ -195,6 +202,15 @@ wxSizer* FrmCreateProfile::makeMoveButtons() {
     return column;
 }
 
+wxSizer* FrmCreateProfile::makeProblems() {
+    listProblems_ = new ProblemList(parts_);
+    listProblems_->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { goToProblem(); });
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(new wxStaticText(parts_, wxID_ANY, "Problems :"), wxSizerFlags().Border(wxBOTTOM));
+    column->Add(listProblems_, wxSizerFlags(1).Expand());
+    return column;
+}
+
 void FrmCreateProfile::bindList(EditorListView& list) {
     list.Bind(wxEVT_CONTEXT_MENU, [this, &list](wxContextMenuEvent& event) { showContextMenu(list, event); });
     list.Bind(wxEVT_LIST_ITEM_ACTIVATED, [this, &list](wxListEvent&) { addTo(list); });
@@ -227,13 +243,36 @@ void FrmCreateProfile::showDocument() {
     if (profileName_->GetValue() != name) profileName_->ChangeValue(name);
     for (auto* list : lists()) list->showChanges();
     SetTitle(toWx(editorTitle()));
+    tmrCheck_.StartOnce(checkDelay);
+}
+
+/// While a plugin runs, the tables are its.
+void FrmCreateProfile::showProblems() {
+    if (busy_) return;
+    editorState.problems = findProblems(editorState.document);
+    listProblems_->showProblems();
+    for (auto* list : lists()) list->Refresh();
+}
+
+void FrmCreateProfile::goToProblem() {
+    const auto selected = listProblems_->selectedLine();
+    if (busy_ || !selected) return;
+    const DocumentPlace place = editorState.problems[*selected].place;
+    auto* list = viewOf(place.list);
+    if (!list) return;
+    list->selectLine(groupStart(editorState.document.list(place.list), place.line));
+}
+
+EditorListView* FrmCreateProfile::viewOf(EditorList which) const {
+    for (auto* list : lists()) {
+        if (list->which() == which) return list;
+    }
+    return nullptr;
 }
 
 EditorListView& FrmCreateProfile::activeList() const {
-    for (auto* list : lists()) {
-        if (list->which() == editorState.activeList) return *list;
-    }
-    return *listCommand_;
+    auto* list = viewOf(editorState.activeList);
+    return list ? *list : *listCommand_;
 }
 
 void FrmCreateProfile::showContextMenu(EditorListView& list, wxContextMenuEvent& event) {
@@ -296,6 +335,7 @@ void FrmCreateProfile::closing(wxCloseEvent& event) {
     }
     ForTimer_.Stop();
     tmrEdit_.Stop();
+    tmrCheck_.Stop();
     leaveEditor();
     Hide();
     Destroy();

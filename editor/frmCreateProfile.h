@@ -16,6 +16,7 @@ class wxTextCtrl;
 namespace brasquelin {
 
 class EditorListView;
+class ProblemList;
 
 class FrmCreateProfile : public wxFrame {
   public:
@@ -31,6 +32,7 @@ class FrmCreateProfile : public wxFrame {
     wxSizer* makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
                       const char* section);
     wxSizer* makeMoveButtons();
+    wxSizer* makeProblems();
     void bindTimers();
     void bindList(EditorListView& list);
     void onItem(int id, Action action);
@@ -38,6 +40,8 @@ class FrmCreateProfile : public wxFrame {
     /// Does what the user asked for and shows the outcome, unless something else is still being done.
     void act(const Action& action);
     void showDocument();
+    void showProblems();
+    void goToProblem();
     void showNewDocument();
 
     void showContextMenu(EditorListView& list, wxContextMenuEvent& event);
@@ -50,6 +54,7 @@ class FrmCreateProfile : public wxFrame {
     void closing(wxCloseEvent& event);
 
     EditorListView& activeList() const;
+    EditorListView* viewOf(EditorList which) const;
     std::array<EditorListView*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
 
     wxPanel* parts_;  // the Tab key needs it
@@ -57,8 +62,10 @@ class FrmCreateProfile : public wxFrame {
     EditorListView* listInclude_ = nullptr;
     EditorListView* listVar_ = nullptr;
     EditorListView* listCommand_ = nullptr;
+    ProblemList* listProblems_ = nullptr;
     wxTimer ForTimer_;
     wxTimer tmrEdit_;
+    wxTimer tmrCheck_;  // runs once nothing has changed for a moment
     bool busy_ = false;
 };
 

@@ -7,6 +7,7 @@
 #include "config/configFile.h"
 #include "engine/librarySection.h"
 #include "engine/plugins.h"
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/reporting.h"
 #include "platform/textFiles.h"
@@ -121,14 +122,6 @@ std::optional<std::size_t> moveGroup(ProfileDocument& document, std::optional<st
     return exchangeGroups(lines, starts, up ? group - 1 : group, line);
 }
 
-void appendSection(std::vector<std::string>& lines, Section section, const std::vector<std::string>& content) {
-    lines.emplace_back(openingTag(section));
-    lines.emplace_back();
-    lines.insert(lines.end(), content.begin(), content.end());
-    lines.emplace_back();
-    lines.emplace_back(closingTag(section));
-}
-
 }  // namespace
 
 std::vector<std::string>& ProfileDocument::list(EditorList which) {
@@ -173,16 +166,47 @@ void queryPlugins(const ProfileDocument& document) {
     }
 }
 
-std::vector<std::string> documentLines(const ProfileDocument& document) {
-    std::vector<std::string> lines{std::string(profileHeader) + document.profileName, "", ""};
-    if (!document.listInclude.empty()) appendSection(lines, Section::library, document.listInclude);
+void DocumentLayout::append(Section section, EditorList which, const std::vector<std::string>& content) {
+    lines_.emplace_back(openingTag(section));
+    lines_.emplace_back();
+    stretches_.push_back({which, lines_.size(), content.size()});
+    lines_.insert(lines_.end(), content.begin(), content.end());
+    lines_.emplace_back();
+    lines_.emplace_back(closingTag(section));
+}
+
+DocumentLayout::DocumentLayout(const ProfileDocument& document)
+    : lines_{std::string(profileHeader) + document.profileName, "", ""} {
+    if (!document.listInclude.empty()) append(Section::library, EditorList::include, document.listInclude);
     if (!document.listVar.empty()) {
-        lines.emplace_back();
-        appendSection(lines, Section::var, document.listVar);
-        lines.emplace_back();
+        lines_.emplace_back();
+        append(Section::var, EditorList::variables, document.listVar);
+        lines_.emplace_back();
     }
-    appendSection(lines, Section::profile, document.listCommand);
-    return lines;
+    append(Section::profile, EditorList::commands, document.listCommand);
+}
+
+DocumentPlace DocumentLayout::placeOf(std::size_t fileLine) const {
+    for (const auto& stretch : stretches_) {
+        const bool holds = fileLine > stretch.begin && fileLine <= stretch.begin + stretch.size;
+        if (holds) return {stretch.list, fileLine - stretch.begin - 1};
+    }
+    return {};
+}
+
+std::vector<std::string> documentLines(const ProfileDocument& document) {
+    return DocumentLayout(document).lines();
+}
+
+std::size_t groupStart(const std::vector<std::string>& lines, std::size_t line) {
+    while (line > 0 && line < lines.size() && isAttribute(lines[line])) --line;
+    return line;
+}
+
+std::string documentPath(const ProfileDocument& document) {
+    if (!settings.profilePath.empty()) return settings.profilePath;
+    const bool configured = directoryExists(settings.profileDirectory);
+    return joinPath(configured ? settings.profileDirectory : programDirectory(), document.profileName + ".bqp");
 }
 
 void saveDocument(const ProfileDocument& document, const std::string& path) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/codePages.h"
+#include "text/fileFormat.h"
 #include "text/table.h"
 
 namespace brasquelin {
@@ -49,6 +50,38 @@ void queryPlugins(const ProfileDocument& document);
 /// writing.
 void saveDocument(const ProfileDocument& document, const std::string& path);
 std::vector<std::string> documentLines(const ProfileDocument& document);
+
+/// A line of one of the lists.
+struct DocumentPlace {
+    EditorList list = EditorList::none;
+    std::size_t line = 0;
+};
+/// The lines of the file, and where the lists stand in them.
+class DocumentLayout {
+  public:
+    explicit DocumentLayout(const ProfileDocument& document);
+
+    const std::vector<std::string>& lines() const { return lines_; }
+    /// Where a line of the file (from 1) stands in the document; in no list for the header, tags and empty lines.
+    DocumentPlace placeOf(std::size_t fileLine) const;
+
+  private:
+    void append(Section section, EditorList which, const std::vector<std::string>& content);
+
+    struct Stretch {
+        EditorList list;
+        std::size_t begin;
+        std::size_t size;
+    };
+    std::vector<std::string> lines_;
+    std::vector<Stretch> stretches_;
+};
+
+/// The line that the group of this line begins with.
+std::size_t groupStart(const std::vector<std::string>& lines, std::size_t line);
+
+/// The path of the current file; while there is none, one in a directory that exists.
+std::string documentPath(const ProfileDocument& document);
 
 /// The name that "Save as ..." proposes: in the configured directory while the document has no file, else behind the
 /// current file.

@@ -300,8 +300,8 @@ void ProfileRun::rejectParameter() const {
 
 }  // namespace
 
-void setJobSink(JobSink sink) {
-    jobSink = std::move(sink);
+JobSink setJobSink(JobSink sink) {
+    return std::exchange(jobSink, std::move(sink));
 }
 
 void appendJob(std::string line) {

@@ -8,7 +8,8 @@ namespace brasquelin {
 
 /// Takes the finished lines.
 using JobSink = std::function<void(std::string line)>;
-void setJobSink(JobSink sink);
+/// Gives the one before.
+JobSink setJobSink(JobSink sink);
 /// Hands a finished line to the sink.
 void appendJob(std::string line);
 

@@ -13,6 +13,8 @@ namespace brasquelin {
 
 namespace {
 
+const UnsavedText* unsaved = nullptr;
+
 using Clock = std::chrono::steady_clock;
 
 struct Kept {
@@ -68,7 +70,27 @@ std::string joinLines(const std::vector<std::string>& lines) {
 
 }  // namespace
 
+UnsavedText::UnsavedText(std::string path, std::vector<std::string> lines)
+    : path_(std::move(path)), file_(std::make_shared<const TextFile>(TextFile{std::move(lines), newFileEncoding})) {
+    unsaved = this;
+}
+
+UnsavedText::~UnsavedText() {
+    unsaved = nullptr;
+}
+
+std::shared_ptr<const TextFile> unsavedText(std::string_view path) {
+    return unsaved != nullptr && unsaved->path_ == path ? unsaved->file_ : nullptr;
+}
+
+bool textFileExists(std::string_view path) {
+    return unsavedText(path) != nullptr || fileExists(path);
+}
+
 std::shared_ptr<const TextFile> readTextFile(std::string_view path) {
+    if (unsaved != nullptr) {
+        if (auto text = unsavedText(path)) return text;
+    }
     const auto known = cache.files.find(path);
     const bool isKnown = known != cache.files.end();
     const auto now = isKnown ? Clock::now() : Clock::time_point();

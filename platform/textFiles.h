@@ -19,6 +19,23 @@ struct TextFile {
 /// Raises 53, 70, 75 or 76; 75 with the line for what holds a NUL.
 std::shared_ptr<const TextFile> readTextFile(std::string_view path);
 
+/// Lines that readTextFile gives for a path as long as this lives, whatever stands there: a text that is not saved yet.
+class UnsavedText {
+  public:
+    UnsavedText(std::string path, std::vector<std::string> lines);
+    ~UnsavedText();
+    UnsavedText(const UnsavedText&) = delete;
+    UnsavedText& operator=(const UnsavedText&) = delete;
+
+  private:
+    friend std::shared_ptr<const TextFile> unsavedText(std::string_view path);
+    std::string path_;
+    std::shared_ptr<const TextFile> file_;
+};
+
+/// True for a file, and for the path of an unsaved text.
+bool textFileExists(std::string_view path);
+
 /// The same for a list file, whose unmarked bytes may be in the OEM page. Not kept in memory.
 TextFile readOemTextFile(std::string_view path);
 

@@ -16,7 +16,7 @@ namespace brasquelin {
 namespace {
 
 void requireFile(const std::string& path) {
-    if (fileExists(path)) return;
+    if (textFileExists(path)) return;
     endWithMessage("'" + path + "'\r\nError: unknown file", {"unknown-file", {path, 0}});
 }
 

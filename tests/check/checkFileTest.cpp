@@ -6,7 +6,9 @@
 #include <map>
 
 #include "check/codes.h"
+#include "config/configFile.h"
 #include "editor/newLines.h"
+#include "engine/runProfile.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
 #include "text/text.h"
@@ -104,6 +106,19 @@ TEST_F(CheckFile, FindsNothingInWhatTheEditorWrites) {
     document.append(EditorList::commands, {"Say", ".text=$n$" + references, "Next"});
     saveDocument(document, path);
     EXPECT_EQ(check("written.bqp"), "") << read("written.bqp");
+}
+
+TEST_F(CheckFile, LeavesTheTablesOfTheProgramAlone) {
+    write("example.bqp", {"#Brasquelin Profile Example", "[var]", "a", ".Type=Text", ".Info=", "[/var]"});
+    variableTables.pluginResults[0].append({"answer", "42"});
+    settings.profilePath = "edited.bqp";
+    EXPECT_EQ(expandPluginVars("$answer$", 0), "42");
+    check("example.bqp");
+    EXPECT_EQ(expandPluginVars("$answer$", 0), "42");
+    EXPECT_EQ(settings.profilePath, "edited.bqp");
+    EXPECT_TRUE(variableTables.profileVariables[1].empty());
+    appendJob("still taken");
+    EXPECT_EQ(jobs(), Lines{"still taken"});
 }
 
 /// What the values of a list's line bring about stands at that line; what is wrong anyway, where it is.

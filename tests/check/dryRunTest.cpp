@@ -36,14 +36,16 @@ TEST_F(DryRunOption, PrintsWhatTheListWouldExecuteAndLeavesNoTrace) {
     program_.writeLines("tmp/kept.txt", "kept");
     program_.writeProfile("p.bqp", "", "line\n.text=echo \u00E9t\u00E9 $x$ $index$\nBasicFunction.save");
     program_.writeLines("stops.bqp", "#Brasquelin Profile Stops\n[profile]\nNext");
-    program_.writeLines("list",
-                        "C:\\brasquelin.exe $exepath$/p.bqp 001=one two\nC:\\brasquelin.exe $exepath$/stops.bqp\n"
-                        "C:\\brasquelin.exe $exepath$/p.bqp 001=$none$");
+    const std::string line = "C:\\brasquelin.exe $exepath$/p.bqp 001=";
+    program_.writeLines("list", line + "one two\n\n" + line + "$none$");
     const auto before = files();
-    EXPECT_EQ(program_.run("--dry-run -f " + program_ / "list"), 1);
+    EXPECT_EQ(program_.run("--dry-run -f " + program_ / "list"), 0);
     const Lines printed = lines();
+    EXPECT_EQ(program_.run("--dry-run " + program_ / "stops.bqp"), 1);
+    EXPECT_EQ(lines(), Lines());
+    EXPECT_NE(messages().find("Error 5 : Invalid procedure call"), std::string::npos);
     EXPECT_EQ(files(), before);
-    EXPECT_EQ(program_.run("-f " + program_ / "list"), 1);
+    EXPECT_EQ(program_.run("-f " + program_ / "list"), 0);
     EXPECT_EQ(printed.size(), 4U);
     EXPECT_EQ(printed, splitLines(decodeOem(program_.read("brasquelin.bat"))));
     EXPECT_TRUE(program_.exists("saved.txt"));

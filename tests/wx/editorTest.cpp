@@ -7,6 +7,7 @@
 #include "config/configFile.h"
 #include "editor/editorListView.h"
 #include "editor/editorState.h"
+#include "editor/problemList.h"
 #include "platform/wx/dropDown.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
@@ -68,7 +69,7 @@ class Editor : public WindowTest {
     }
 };
 
-Lines shownIn(const EditorListView& list) {
+Lines shownIn(const wxListView& list) {
     Lines lines;
     for (long i = 0; i < list.GetItemCount(); ++i) lines.push_back(fromWx(list.GetItemText(i)));
     return lines;
@@ -110,6 +111,30 @@ TEST_F(Editor, OpensSavesAndShowsTheFileInItsTitle) {
     windows.fileAnswers = {inDirectory("profiles/b")};
     chooseFromMenu(frame, "Save as ...");
     EXPECT_EQ("b.bqp - Profile Editor", frame.GetTitle());
+}
+
+TEST_F(Editor, ListsProblemsAndGoesToTheirGroup) {
+    wxFrame& frame = openWith({"For", ".VarName=i", ".VarStart=1", ".VarEnd=$cuont$", ".VarStep=1", "Next"});
+    auto& problems = control<ProblemList>(frame, "listProblems");
+    const auto shows = [&problems](const Lines& expected) {
+        return becomesTrue([&] {
+            pump();
+            return shownIn(problems) == expected;
+        });
+    };
+    const std::string misspelt = "warning: nothing declares '$cuont$'; did you mean '$count$'?";
+    EXPECT_TRUE(shows(
+        {"warning: nothing uses 'count'", "error: Error 13 : Type mismatch '$cuont$' is no whole number.", misspelt}));
+    problems.selectLine(2);
+    pump();
+    EXPECT_EQ(0, list(frame, "listCommand").GetFirstSelected());
+    problems.selectLine(0);
+    pump();
+    EXPECT_EQ(0, list(frame, "listVar").GetFirstSelected());
+    EXPECT_EQ("$cuont$", editorState.document.listCommand[3].substr(8));
+    editorState.document.replaceLine(EditorList::commands, 3, ".VarEnd=$count$");
+    chooseFromMenu(frame, "Save");
+    EXPECT_TRUE(shows({}));
 }
 
 TEST_F(Editor, PastedLineBreaksBecomeBlanks) {
