@@ -27,6 +27,7 @@
 #include "platform/wx/buttons.h"
 #include "platform/wx/choiceBox.h"
 #include "platform/wx/messageLines.h"
+#include "platform/wx/mnemonics.h"
 #include "platform/wx/notice.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/placement.h"
@@ -198,6 +199,7 @@ wxSizer* FrmRun::makeWindowButtons(wxWindow* parent) {
 
 void FrmRun::bindEvents() {
     Bind(wxEVT_CLOSE_WINDOW, &FrmRun::closing, this);
+    bindMnemonics(*this);
     timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { tick(); });
     JobRows_->Bind(wxEVT_CONTEXT_MENU, &FrmRun::showMenu, this);
     JobRows_->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {

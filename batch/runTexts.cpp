@@ -126,7 +126,8 @@ std::string progressText(const RunRows& rows) {
     if (counts.waiting > 0) text += ", " + std::to_string(counts.waiting) + " waiting";
     if (const auto rate = rows.jobsAMinute())
         text += "   " + formatted(*rate < 100 ? "%.1f" : "%.0f", *rate) + " a minute";
-    if (const auto left = rows.timeLeft()) return text + "   " + secondsInWords(*left) + " left";
+    const auto left = rows.timeLeft();
+    if (left && *left >= second) return text + "   " + secondsInWords(*left) + " left";
     return rows.elapsed() > 0 ? text + "   " + durationInWords(rows.elapsed()) : text;
 }
 

@@ -1,7 +1,6 @@
 #include <wx/checkbox.h>
 #include <wx/clipbrd.h>
 #include <wx/gauge.h>
-#include <wx/radiobut.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -89,18 +88,19 @@ class RunWindow : public WindowTest {
         EXPECT_EQ(title, fromWx(frame->GetTitle()));
         return became;
     }
+    void pressAlt(char letter) {
+        wxKeyEvent event(wxEVT_CHAR_HOOK);
+        event.m_keyCode = letter;
+        event.SetAltDown(true);
+        rows().HandleWindowEvent(event);
+        pump();
+    }
     void check(const std::string& name, bool value) {
         auto& box = control<wxCheckBox>(*frame, name);
         box.SetValue(value);
         wxCommandEvent event(wxEVT_CHECKBOX, box.GetId());
         event.SetInt(value ? 1 : 0);
         box.HandleWindowEvent(event);
-    }
-    void pick(const std::string& name) {
-        auto& option = control<wxRadioButton>(*frame, name);
-        option.SetValue(true);
-        wxCommandEvent event(wxEVT_RADIOBUTTON, option.GetId());
-        option.HandleWindowEvent(event);
     }
     std::string clipboard() {
         wxTextDataObject text;
@@ -135,7 +135,7 @@ TEST_F(RunWindow, JobsAndOutputAreShownAsTheyCome) {
     ASSERT_TRUE(becomesTrue([&] { return states().back() == "Running"; }));
     EXPECT_EQ(1U, rows().selectedJob());
     EXPECT_EQ("output 1\n", output());
-    pick("optRun");
+    pressAlt('H');
     print("\nend\n");
     EXPECT_TRUE(becomesTrue([&] { return output() == "output 1\n20 %\nend\n"; })) << output();
     EXPECT_TRUE(becomesTrue([&] { return control<wxGauge>(*frame, "gauge").GetValue() == 666; }));
@@ -150,11 +150,9 @@ TEST_F(RunWindow, ButtonsTellTheRunner) {
     open(3);
     start(1);
     ASSERT_TRUE(becomesTrue([&] { return enabled("cmdStopAfter"); }));
-    check("chkStopAtFailure", true);
-    check("chkStopAtFailure", false);
-    check("chkStopAtFailure", true);
+    for (int times = 0; times < 3; ++times) pressAlt('F');
     click(*frame, "cmdStopAfter");
-    click(*frame, "cmdStopNow");
+    pressAlt('N');
     EXPECT_EQ((Lines{"stop-at-failure 1", "stop-at-failure", "stop-at-failure 1", "stop-after-job", "stop-now"}),
               wire->heard);
     say(Kind::trouble, "The log cannot be written.");
