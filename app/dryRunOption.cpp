@@ -34,9 +34,9 @@ void replay(DryRun& run, const std::string& listPath) {
     runState.completed = true;
 }
 
-void printLines(const std::vector<std::string>& lines) {
+void printLines(const std::vector<DryRunLine>& lines) {
     std::string text;
-    for (const auto& line : lines) text.append(line).append("\n");
+    for (const auto& line : lines) text.append(line.text).append("\n");
     if (!text.empty()) print(StandardStream::output, text);
 }
 

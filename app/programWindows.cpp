@@ -12,6 +12,7 @@
 #include "editor/frmAddCommand.h"
 #include "editor/frmAddVar.h"
 #include "editor/frmCreateProfile.h"
+#include "editor/frmPreview.h"
 #include "editor/inputForm.h"
 #include "vars/frmVarForm.h"
 
@@ -37,6 +38,8 @@ wxTopLevelWindow* make(ProgramWindow window) {
             return new FrmAddVar;
         case ProgramWindow::addCommand:
             return new FrmAddCommand;
+        case ProgramWindow::preview:
+            return new FrmPreview;
     }
     return nullptr;
 }

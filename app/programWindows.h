@@ -36,7 +36,7 @@ class ProgramWindows : public WxDesktop {
     wxTopLevelWindow* loaded(ProgramWindow window) const;
     wxTopLevelWindow& load(ProgramWindow window);
 
-    static constexpr std::size_t windowCount = static_cast<std::size_t>(ProgramWindow::addCommand) + 1;
+    static constexpr std::size_t windowCount = static_cast<std::size_t>(ProgramWindow::preview) + 1;
     std::array<wxWeakRef<wxTopLevelWindow>, windowCount> windows_;
     wxWeakRef<wxTopLevelWindow> prompt_;
     wxWeakRef<FrmWait> wait_;

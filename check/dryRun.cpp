@@ -4,20 +4,12 @@
 
 #include "check/references.h"
 #include "engine/runProfile.h"
-#include "platform/standardStreams.h"
 #include "vars/promptForm.h"
 
 namespace brasquelin {
 
-namespace {
-
-void tell(const std::string& text) {
-    writeMessage("Brasquelin", text);
-}
-
-}  // namespace
-
-DryRun::DryRun(bool withPlugins) : withPlugins_(withPlugins), lookingOn_(*this), desktopBefore_(desktop()) {
+DryRun::DryRun(bool withPlugins, TakeMessage takeMessage)
+    : withPlugins_(withPlugins), lookingOn_(*this), desktopBefore_(desktop()), takeMessage_(std::move(takeMessage)) {
     setDesktop(*this);
     setJobSink([this](std::string line) { take(std::move(line)); });
 }
@@ -31,22 +23,21 @@ void DryRun::beginFile() {
 }
 
 void DryRun::take(std::string line) {
-    if (skippedProgram_) {
-        for (const auto& reference : leftReferences(line)) left_.emplace(reference.name);
-    }
-    lines_.push_back(std::move(line));
+    const auto left = skippedProgram_ ? leftReferences(line) : std::vector<Reference>();
+    for (const auto& reference : left) left_.emplace(reference.name);
+    lines_.push_back({std::move(line), !left.empty()});
 }
 
-void DryRun::tellLeft() const {
+void DryRun::tellLeft() {
     std::string names;
     for (const auto& name : left_) names += (names.empty() ? "$" : ", $") + name + "$";
-    if (!names.empty()) tell("left as they are, for a plugin may know them: " + names);
+    if (!names.empty()) tell("left as they are, for a plugin may know them (--with-plugins): " + names);
 }
 
 bool DryRun::mayRunProgram(std::string_view path) {
     if (withPlugins_) return true;
     skippedProgram_ = true;
-    if (skipped_.emplace(path).second) tell("'" + std::string(path) + "' was not run; --with-plugins runs it.");
+    if (skipped_.emplace(path).second) tell("'" + std::string(path) + "' was not run.");
     return false;
 }
 
@@ -85,6 +76,14 @@ std::optional<std::string> DryRun::askText(std::string_view prompt, std::string_
 std::string DryRun::askFile(const FileDialogRequest& request) {
     tellAsked(request.note);
     return {};
+}
+
+void DryRun::showRunning(const std::string& what, std::function<void()> cancel) {
+    desktopBefore_.showRunning(what, std::move(cancel));
+}
+
+void DryRun::presentMessage(std::string_view text, std::string_view title, Icon /*icon*/) {
+    takeMessage_(title, text);
 }
 
 }  // namespace brasquelin

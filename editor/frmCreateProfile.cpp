@@ -24,7 +24,7 @@ namespace brasquelin {
 
 namespace {
 
-enum MenuId { mnuAdd = wxID_HIGHEST + 1, mnuEdit, mnuRemove, mnuClear, mnuFor, mnuNext };
+enum MenuId { mnuAdd = wxID_HIGHEST + 1, mnuEdit, mnuRemove, mnuClear, mnuFor, mnuNext, mnuPreview };
 
 constexpr int loopDelay = 50;  // milliseconds, so that the menu has closed
 constexpr int editDelay = 100;
@@ -112,6 +112,9 @@ void FrmCreateProfile::makeMenu() {
     mnuProfile->Append(wxID_EXIT, "Exit\tCtrl+Q");
     auto* bar = new wxMenuBar;
     bar->Append(mnuProfile, "&Profile");
+    auto* mnuCheck = new wxMenu;
+    mnuCheck->Append(mnuPreview, "Preview\tF5");
+    bar->Append(mnuCheck, "&Check");
     SetMenuBar(bar);
 }
 
@@ -142,6 +145,8 @@ void FrmCreateProfile::bindMenus() {
     onItem(wxID_EXIT, [this] { Close(); });
     Bind(
         wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(canSave()); }, wxID_SAVE);
+
+    onItem(mnuPreview, [this] { act([] { desktop().showWindow(ProgramWindow::preview, true); }); });
 
     onItem(mnuAdd, [this] { act(addLines); });
     onItem(mnuEdit, [this] { edit(); });

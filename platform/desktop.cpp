@@ -17,8 +17,9 @@ Desktop*& current() {
 }  // namespace
 
 std::string_view nameOf(ProgramWindow window) {
-    constexpr std::array<std::string_view, 8> names{"frmMain",  "frmAddProfile",    "frmAddFunction", "frmOption",
-                                                    "frmAbout", "frmCreateProfile", "frmAddVar",      "frmAddCommand"};
+    constexpr std::array<std::string_view, 9> names{"frmMain",   "frmAddProfile", "frmAddFunction",
+                                                    "frmOption", "frmAbout",      "frmCreateProfile",
+                                                    "frmAddVar", "frmAddCommand", "frmPreview"};
     return names[static_cast<std::size_t>(window)];
 }
 

@@ -25,7 +25,7 @@ struct FileDialogRequest {
 };
 
 /// The windows that are shown without arguments.
-enum class ProgramWindow { main, addProfile, addFunction, options, about, createProfile, addVar, addCommand };
+enum class ProgramWindow { main, addProfile, addFunction, options, about, createProfile, addVar, addCommand, preview };
 
 /// The window's own name, such as "frmMain".
 std::string_view nameOf(ProgramWindow window);

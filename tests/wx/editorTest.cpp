@@ -1,3 +1,4 @@
+#include <wx/button.h>
 #include <wx/listbox.h>
 #include <wx/menu.h>
 #include <wx/stattext.h>
@@ -135,6 +136,24 @@ TEST_F(Editor, ListsProblemsAndGoesToTheirGroup) {
     editorState.document.replaceLine(EditorList::commands, 3, ".VarEnd=$count$");
     chooseFromMenu(frame, "Save");
     EXPECT_TRUE(shows({}));
+}
+
+TEST_F(Editor, PreviewsTheLinesForTypedValues) {
+    wxFrame& frame = openWith({"BasicFunction.say=text=$count$"});
+    next([this](wxDialog& preview) {
+        const auto& lines = control<LineList>(preview, "listPreview");
+        EXPECT_EQ(Lines{"echo "}, shownIn(lines));
+        next([](wxDialog& prompt) {
+            type(prompt, "textType", "typed");
+            click(prompt, "cmdOK");
+        });
+        click(preview, "cmdValues");
+        EXPECT_EQ(Lines{"echo typed"}, shownIn(lines));
+        EXPECT_FALSE(control<wxButton>(preview, "cmdPlugins").IsEnabled());
+        click(preview, "cmdClose");
+    });
+    chooseFromMenu(frame, "Preview");
+    EXPECT_EQ((Lines{"frmPreview", "frmVarProfile"}), modals.shown);
 }
 
 TEST_F(Editor, PastedLineBreaksBecomeBlanks) {

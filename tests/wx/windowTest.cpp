@@ -230,8 +230,12 @@ void pressKey(wxWindow& target, int keyCode) {
 }
 
 void chooseFromMenu(wxFrame& frame, const std::string& caption) {
-    const wxMenu& menu = *frame.GetMenuBar()->GetMenu(0);
-    send(frame, wxEVT_MENU, menu.FindItem(toWx(caption)));
+    const wxMenuBar& bar = *frame.GetMenuBar();
+    for (std::size_t i = 0; i < bar.GetMenuCount(); ++i) {
+        const int item = bar.GetMenu(i)->FindItem(toWx(caption));
+        if (item != wxNOT_FOUND) return send(frame, wxEVT_MENU, item);
+    }
+    ADD_FAILURE() << "no menu item " << caption;
 }
 
 Lines captionsOf(const wxMenu& menu) {
