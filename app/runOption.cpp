@@ -153,8 +153,9 @@ std::string inSeconds(std::int64_t milliseconds) {
 void Run::tellSummary(const BatchRunner& runner, std::int64_t duration) const {
     constexpr std::size_t mostNamed = 20;
     std::string text = "brasquelin: " + std::to_string(runner.ended()) + " of " + std::to_string(plan_.chosen.size()) +
-                       " jobs run in " + inSeconds(duration) + ", " + std::to_string(runner.failed()) +
-                       " failed; job log '" + plan_.files.log + "'\n";
+                       " jobs run in " + inSeconds(duration) + ", " + std::to_string(runner.failed()) + " failed";
+    if (!plan_.batchFile.empty()) text += "; job log '" + plan_.files.log + "'";
+    text += '\n';
     for (std::size_t i = 0; i < std::min(failures_.size(), mostNamed); ++i) {
         const RunMessage& failed = failures_[i];
         text += "  job " + std::to_string(failed.job) +
@@ -195,21 +196,28 @@ void choose(RunPlan& plan, bool resume, WireLink* window) {
     plan.fresh = earlier.empty() || plan.chosen.size() == plan.jobs.size();
 }
 
+/// The window, or whoever reads standard error, is told that there is nothing to do.
+void tellNothingRun(WireLink* window) {
+    const std::string outcome(nameOf(RunOutcome::stopped));
+    if (window) window->send(RunMessage{.kind = RunMessageKind::finished, .text = outcome});
+    if (window && window->isOpen()) return;
+    writeTo(StandardStream::error, "brasquelin: nothing was run; --run --resume goes on where it stopped\n");
+}
+
 int runJobs(RunPlan plan, const RunRequest& request) {
+    constexpr unsigned patience = 10000;  // milliseconds
     std::unique_ptr<WireLink> window;
     if (request.inWindow) window = std::make_unique<WireLink>(startPartner(runWindowOption));
     if (window) window->send(introduction(request.title, plan));
     choose(plan, request.resume, window.get());
-    if (plan.chosen.empty()) {
+    int status = 0;
+    if (!plan.chosen.empty()) {
+        status = Run(std::move(plan), window.get()).run();
+    } else {
         releaseRunFiles(plan.files);
-        const bool unseen = !window || !window->isOpen();
-        if (unseen)
-            writeTo(StandardStream::error, "brasquelin: nothing was run; --run --resume goes on where it stopped\n");
-        if (window) window->send(RunMessage{.kind = RunMessageKind::finished, .text = "stopped"});
+        tellNothingRun(window.get());
+        if (!request.resume && !plan.jobs.empty()) status = stoppedStatus;
     }
-    const bool stopped = plan.chosen.empty() && !request.resume && !plan.jobs.empty();
-    const int status = plan.chosen.empty() ? (stopped ? stoppedStatus : 0) : Run(std::move(plan), window.get()).run();
-    constexpr unsigned patience = 10000;  // milliseconds
     if (window) window->flush(patience);
     return status;
 }
@@ -228,7 +236,19 @@ int runLine(std::string_view line) {
     plan.files = temporaryRunFiles();
     RunRequest request;
     request.title = line;
-    return runJobs(std::move(plan), request);
+    const std::string log = plan.files.log;
+    const int status = runJobs(std::move(plan), request);
+    if (!request.inWindow) removeTemporaryRun(log);
+    return status;
+}
+
+/// One message of a window's introduction.
+void take(const RunMessage& message, RunPlan& plan, RunFiles& named) {
+    if (message.kind == RunMessageKind::batchFile) plan.batchFile = message.text;
+    if (message.kind == RunMessageKind::logFile) named.log = message.text;
+    if (message.kind == RunMessageKind::outputFile) named.output = message.text;
+    if (message.kind == RunMessageKind::job) plan.jobs.push_back(message.text);
+    if (message.kind == RunMessageKind::runJobs) plan.chosen = jobsOfRanges(message.text);
 }
 
 /// What a window sends: the run as it was introduced to it, and the jobs to be run.
@@ -237,13 +257,7 @@ int runForWindow(WireLink& window) {
     plan.fresh = false;
     RunFiles named;
     while (window.isOpen() && plan.chosen.empty()) {
-        for (const auto& message : window.receive()) {
-            if (message.kind == RunMessageKind::batchFile) plan.batchFile = message.text;
-            if (message.kind == RunMessageKind::logFile) named.log = message.text;
-            if (message.kind == RunMessageKind::outputFile) named.output = message.text;
-            if (message.kind == RunMessageKind::job) plan.jobs.push_back(message.text);
-            if (message.kind == RunMessageKind::runJobs) plan.chosen = jobsOfRanges(message.text);
-        }
+        for (const auto& message : window.receive()) take(message, plan, named);
         clockInUse().sleep(1);
     }
     const bool known = !plan.chosen.empty() && plan.chosen.back() <= plan.jobs.size();

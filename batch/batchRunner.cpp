@@ -193,7 +193,7 @@ void BatchRunner::writeTo(std::unique_ptr<AppendFile>& file, std::string& bytes)
     }
 }
 
-void BatchRunner::tell(RunMessage message) {
+void BatchRunner::tell(const RunMessage& message) {
     if (sinks_.tell) sinks_.tell(message);
 }
 

@@ -63,7 +63,7 @@ class BatchRunner {
     void finish();
     void flush();
     void writeTo(std::unique_ptr<AppendFile>& file, std::string& bytes);
-    void tell(RunMessage message);
+    void tell(const RunMessage& message);
 
     RunPlan plan_;
     RunSinks sinks_;

@@ -11,6 +11,7 @@
 #include "platform/systemFiles.h"
 #include "platform/systemLock.h"
 #include "text/runTimeError.h"
+#include "text/substitution.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -54,11 +55,19 @@ std::optional<RunFiles> claimBeside(const std::string& stem) {
     return std::nullopt;
 }
 
+std::string textOf(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+/// In front of a number.
+std::string temporaryName() {
+    return textOf(std::filesystem::temp_directory_path() / "brasquelin-");
+}
+
 std::string newTemporaryDirectory() {
     std::random_device random;
-    const auto parent = std::filesystem::temp_directory_path() / ("brasquelin-" + std::to_string(random()));
-    const std::u8string path = parent.u8string();
-    std::string directory(path.begin(), path.end());
+    const std::string directory = temporaryName() + std::to_string(random());
     if (!makeDirectory(directory)) throw RunTimeError(ErrorNumber::pathFileAccess, directory).ofWriting();
     return directory;
 }
@@ -86,8 +95,8 @@ std::vector<JobLogEntry> missingEntries(const RunFiles& files, const std::string
 
 RunFiles claimRunFiles(const std::string& batchFile) {
     // The lines may change the shell's directory.
-    const std::u8string path = std::filesystem::absolute(systemPath(batchFile)).u8string();
-    if (auto beside = claimBeside(stemOf(std::string(path.begin(), path.end())))) return *beside;
+    const std::string path = textOf(std::filesystem::absolute(systemPath(batchFile)));
+    if (auto beside = claimBeside(stemOf(path))) return *beside;
     return temporaryRunFiles();
 }
 
@@ -95,6 +104,14 @@ RunFiles temporaryRunFiles() {
     auto files = claimBeside(joinPath(newTemporaryDirectory(), "brasquelin"));
     if (!files) throw RunTimeError(ErrorNumber::pathFileAccess, "brasquelin.joblog").ofWriting();
     return *files;
+}
+
+void removeTemporaryRun(const std::string& log) {
+    const std::string directory = dirOf(log);
+    if (!directory.starts_with(temporaryName())) return;
+    deleteFile(log);
+    deleteFile(joinPath(directory, "brasquelin.output"));
+    removeDirectory(directory);
 }
 
 bool claimAgain(const std::string& log, const std::string& output, RunFiles& files) {

@@ -24,6 +24,9 @@ RunFiles claimRunFiles(const std::string& batchFile);
 /// The same for a line that is run alone: all in a directory of temporary files of its own.
 RunFiles temporaryRunFiles();
 
+/// Nobody looks at the run of a line any more: its directory goes. Nothing for the log of any other run.
+void removeTemporaryRun(const std::string& log);
+
 /// The files that a run has used before; to be called before it goes on. False while another process has them.
 bool claimAgain(const std::string& log, const std::string& output, RunFiles& files);
 
