@@ -60,16 +60,26 @@ std::string textOf(const std::filesystem::path& path) {
     return {text.begin(), text.end()};
 }
 
-/// In front of a number.
-std::string temporaryName() {
-    return textOf(std::filesystem::temp_directory_path() / "brasquelin-");
+/// Directories of temporary files, for single lines and for batch files that lie where nothing can be written; in front
+/// of a number.
+constexpr std::string_view nameForLines = "brasquelin-line-";
+constexpr std::string_view nameForBatches = "brasquelin-batch-";
+
+std::string temporaryPath(std::string_view name) {
+    return textOf(std::filesystem::temp_directory_path() / name);
 }
 
-std::string newTemporaryDirectory() {
+std::string newTemporaryDirectory(std::string_view name) {
     std::random_device random;
-    const std::string directory = temporaryName() + std::to_string(random());
+    const std::string directory = temporaryPath(name) + std::to_string(random());
     if (!makeDirectory(directory)) throw RunTimeError(ErrorNumber::pathFileAccess, directory).ofWriting();
     return directory;
+}
+
+RunFiles claimTemporary(std::string_view name) {
+    auto files = claimBeside(joinPath(newTemporaryDirectory(name), "brasquelin"));
+    if (!files) throw RunTimeError(ErrorNumber::pathFileAccess, "brasquelin.joblog").ofWriting();
+    return *files;
 }
 
 std::string contentsOf(const std::string& path) {
@@ -97,18 +107,16 @@ RunFiles claimRunFiles(const std::string& batchFile) {
     // The lines may change the shell's directory.
     const std::string path = textOf(std::filesystem::absolute(systemPath(batchFile)));
     if (auto beside = claimBeside(stemOf(path))) return *beside;
-    return temporaryRunFiles();
+    return claimTemporary(nameForBatches);
 }
 
 RunFiles temporaryRunFiles() {
-    auto files = claimBeside(joinPath(newTemporaryDirectory(), "brasquelin"));
-    if (!files) throw RunTimeError(ErrorNumber::pathFileAccess, "brasquelin.joblog").ofWriting();
-    return *files;
+    return claimTemporary(nameForLines);
 }
 
 void removeTemporaryRun(const std::string& log) {
     const std::string directory = dirOf(log);
-    if (!directory.starts_with(temporaryName())) return;
+    if (!directory.starts_with(temporaryPath(nameForLines))) return;
     deleteFile(log);
     deleteFile(joinPath(directory, "brasquelin.output"));
     removeDirectory(directory);
