@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "batch/batchRunner.h"
 #include "batch/jobFile.h"
 #include "batch/runFiles.h"
+#include "batch/runPlan.h"
 #include "batch/wireLink.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -23,8 +23,6 @@ namespace brasquelin {
 namespace {
 
 constexpr int unreadable = 125;
-constexpr int stoppedStatus = 126;
-constexpr int mostFailures = 100;
 constexpr std::uint32_t pollInterval = 50;  // milliseconds
 constexpr std::string_view defaultTitle = "Brasquelin";
 
@@ -93,80 +91,6 @@ void tellEarlier(WireLink& window, const EarlierRun& earlier) {
     window.send(messages);
 }
 
-/// One run, with a window or without.
-class Run {
-  public:
-    Run(RunPlan plan, WireLink* window) : plan_(std::move(plan)), window_(window) {}
-
-    /// Gives the exit status.
-    int run();
-
-  private:
-    void obey(BatchRunner& runner, const RunMessage& command);
-    void tellSummary(const BatchRunner& runner, std::int64_t duration) const;
-
-    RunPlan plan_;
-    WireLink* window_;
-    std::vector<RunMessage> unsent_;
-    std::vector<RunMessage> failures_;
-};
-
-int Run::run() {
-    const std::int64_t begin = wallClock();
-    RunSinks sinks;
-    sinks.output = [](std::string_view bytes) { writeBytes(StandardStream::output, bytes); };
-    sinks.tell = [this](const RunMessage& message) {
-        if (window_) return unsent_.push_back(message);
-        if (message.kind == RunMessageKind::trouble) writeMessage("brasquelin", message.text);
-        const bool failed = message.exitCode != 0 || message.signal != 0;
-        if (message.kind == RunMessageKind::ended && failed) failures_.push_back(message);
-    };
-    BatchRunner runner(plan_, std::move(sinks));
-    bool interrupted = false;
-    for (bool goesOn = true; goesOn;) {
-        goesOn = runner.step(pollInterval);
-        if (window_) window_->send(std::exchange(unsent_, {}));
-        if (goesOn && !interrupted && wasInterrupted()) {
-            interrupted = true;
-            runner.stopNow();
-        }
-        if (!window_ || !goesOn) continue;
-        for (const auto& command : window_->receive()) obey(runner, command);
-    }
-    if (!window_) tellSummary(runner, wallClock() - begin);
-    if (runner.outcome() == RunOutcome::stopped) return stoppedStatus;
-    return static_cast<int>(std::min<std::size_t>(runner.failed(), mostFailures));
-}
-
-void Run::obey(BatchRunner& runner, const RunMessage& command) {
-    if (command.kind == RunMessageKind::stopAfterJob) runner.stopAfterJob();
-    if (command.kind == RunMessageKind::stopNow) runner.stopNow();
-    if (command.kind == RunMessageKind::stopAtFailure) runner.stopAtFailure(command.job != 0);
-}
-
-std::string inSeconds(std::int64_t milliseconds) {
-    constexpr std::int64_t second = 1000;
-    constexpr std::int64_t tenth = 100;
-    return std::to_string(milliseconds / second) + '.' + std::to_string(milliseconds % second / tenth) + " s";
-}
-
-void Run::tellSummary(const BatchRunner& runner, std::int64_t duration) const {
-    constexpr std::size_t mostNamed = 20;
-    std::string text = "brasquelin: " + std::to_string(runner.ended()) + " of " + std::to_string(plan_.chosen.size()) +
-                       " jobs run in " + inSeconds(duration) + ", " + std::to_string(runner.failed()) + " failed";
-    if (!plan_.batchFile.empty()) text += "; job log '" + plan_.files.log + "'";
-    text += '\n';
-    for (std::size_t i = 0; i < std::min(failures_.size(), mostNamed); ++i) {
-        const RunMessage& failed = failures_[i];
-        text += "  job " + std::to_string(failed.job) +
-                (failed.signal != 0 ? ", signal " + std::to_string(failed.signal)
-                                    : ", exit status " + std::to_string(failed.exitCode)) +
-                ": " + jobText(plan_.jobs[failed.job - 1]) + '\n';
-    }
-    if (failures_.size() > mostNamed) text += "  and " + std::to_string(failures_.size() - mostNamed) + " more\n";
-    writeTo(StandardStream::error, text);
-}
-
 /// What the window has chosen after an earlier run; nothing when it wants none or is gone.
 std::vector<std::size_t> awaitChoice(WireLink& window) {
     while (window.isOpen() && !wasInterrupted()) {
@@ -212,7 +136,7 @@ int runJobs(RunPlan plan, const RunRequest& request) {
     choose(plan, request.resume, window.get());
     int status = 0;
     if (!plan.chosen.empty()) {
-        status = Run(std::move(plan), window.get()).run();
+        status = runPlan(std::move(plan), window.get());
     } else {
         releaseRunFiles(plan.files);
         tellNothingRun(window.get());
@@ -268,7 +192,7 @@ int runForWindow(WireLink& window) {
         window.send(RunMessage{.kind = RunMessageKind::finished, .text = "stopped"});
         return stoppedStatus;
     }
-    return Run(std::move(plan), &window).run();
+    return runPlan(std::move(plan), &window);
 }
 
 int runForWindow(std::string_view end) {

@@ -1,6 +1,5 @@
 #include "batch/batchRunner.h"
 
-#include <chrono>
 #include <random>
 #include <utility>
 
@@ -39,11 +38,6 @@ std::vector<ShellLine> linesOf(const RunPlan& plan) {
 }
 
 }  // namespace
-
-std::int64_t wallClock() {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
-}
 
 BatchRunner::BatchRunner(RunPlan plan, RunSinks sinks, const ShellStarter& start)
     : plan_(std::move(plan)), sinks_(std::move(sinks)), marks_({}) {

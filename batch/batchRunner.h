@@ -91,7 +91,4 @@ class BatchRunner {
     RunOutcome outcome_ = RunOutcome::complete;
 };
 
-/// Milliseconds since 1970.
-std::int64_t wallClock();
-
 }  // namespace brasquelin

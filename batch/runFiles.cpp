@@ -1,11 +1,11 @@
 #include "batch/runFiles.h"
 
-#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <random>
 
 #include "platform/appendFile.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/systemFiles.h"
@@ -71,7 +71,7 @@ std::string temporaryPath(std::string_view name) {
 
 std::string newTemporaryDirectory(std::string_view name) {
     std::random_device random;
-    const std::string directory = temporaryPath(name) + std::to_string(random());
+    std::string directory = temporaryPath(name) + std::to_string(random());
     if (!makeDirectory(directory)) throw RunTimeError(ErrorNumber::pathFileAccess, directory).ofWriting();
     return directory;
 }
@@ -86,11 +86,6 @@ std::string contentsOf(const std::string& path) {
     return fileExists(path) ? readFileBytes(path) : std::string();
 }
 
-std::int64_t now() {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
-}
-
 /// What the shell of an earlier run has noted and the log lacks.
 std::vector<JobLogEntry> missingEntries(const RunFiles& files, const std::string& log,
                                         const std::vector<std::string>& jobs) {
@@ -98,7 +93,7 @@ std::vector<JobLogEntry> missingEntries(const RunFiles& files, const std::string
     if (!journal.starts_with(journalHead)) return {};
     const std::size_t before = std::strtoull(journal.c_str() + journalHead.size(), nullptr, 10);
     const std::size_t logged = parseJobLog(std::string_view(log).substr(std::min(before, log.size()))).size();
-    return entriesOfJournal(journal, logged, jobs, now());
+    return entriesOfJournal(journal, logged, jobs, wallClock());
 }
 
 }  // namespace

@@ -22,6 +22,11 @@ Clock* replacement = nullptr;
 
 }  // namespace
 
+std::int64_t wallClock() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+}
+
 Clock& clockInUse() {
     static SystemClock systemClock;
     return replacement != nullptr ? *replacement : systemClock;

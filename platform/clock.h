@@ -13,6 +13,9 @@ class Clock {
     virtual void sleep(std::uint32_t milliseconds) = 0;
 };
 
+/// The time of day: milliseconds since 1970.
+std::int64_t wallClock();
+
 /// The clock in use: the system's until another one is set.
 Clock& clockInUse();
 /// A null pointer brings the system's clock back.
