@@ -95,9 +95,19 @@ void RunRowList::showChanges() {
         SetItemCount(count);
         fitColumns();
         Refresh();
-    } else if (changed || rows_.runningJob()) {
+    } else if (changed) {
         refreshVisible();
+    } else if (const auto running = rows_.runningJob()) {
+        refreshDuration(*running);
     }
+}
+
+/// Only when it reads differently, so that nothing flickers.
+void RunRowList::refreshDuration(std::size_t job) {
+    std::string duration = durationText(rows_, job);
+    if (duration == shownDuration_) return;
+    shownDuration_ = std::move(duration);
+    RefreshItem(static_cast<long>(job) - 1);
 }
 
 void RunRowList::refreshVisible() {

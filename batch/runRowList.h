@@ -41,10 +41,12 @@ class RunRowList : public wxListView {
     void makeColumns();
     void fitColumns();
     void refreshVisible();
+    void refreshDuration(std::size_t job);
     int widthOf(const std::string& text) const;
 
     const RunRows& rows_;
     std::uint64_t shownRevision_ = 0;
+    std::string shownDuration_;  // of the running job
     bool selecting_ = false;
     mutable wxListItemAttr attribute_;
 };
