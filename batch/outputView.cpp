@@ -9,7 +9,7 @@ namespace brasquelin {
 
 namespace {
 
-constexpr std::size_t mostBytes = 128 * 1024;
+constexpr std::size_t mostBytes = 128U << 10U;
 
 }  // namespace
 
@@ -49,12 +49,10 @@ void OutputView::notePlace() {
     long to = 0;
     GetSelection(&from, &to);
     const int place = GetScrollPos(wxVERTICAL);
-    if (from != to) {
+    if (from != to || (place < place_ && !isAtEnd())) {
         following_ = false;
     } else if (isAtEnd()) {
         following_ = true;
-    } else if (place < place_) {
-        following_ = false;
     }
     place_ = place;
 }

@@ -105,7 +105,8 @@ std::string durationText(const RunRows& rows, std::size_t job) {
 
 std::string durationInWords(std::uint64_t milliseconds) {
     if (milliseconds >= 10 * second) return secondsInWords(milliseconds);
-    return formatted("%.1f s", static_cast<double>(milliseconds / 100) / 10);
+    const std::uint64_t tenths = milliseconds / 100;  // not rounded up
+    return formatted("%.1f s", static_cast<double>(tenths) / 10);
 }
 
 std::string titleText(const RunRows& rows) {
@@ -124,8 +125,9 @@ std::string progressText(const RunRows& rows) {
     std::string text = std::to_string(counts.over()) + " of " + jobsInWords(rows.size()) + ": " +
                        std::to_string(counts.done) + " done" + withoutSuccess(counts);
     if (counts.waiting > 0) text += ", " + std::to_string(counts.waiting) + " waiting";
-    if (const auto rate = rows.jobsAMinute())
+    if (const auto rate = rows.jobsAMinute()) {
         text += "   " + formatted(*rate < 100 ? "%.1f" : "%.0f", *rate) + " a minute";
+    }
     const auto left = rows.timeLeft();
     if (left && *left >= second) return text + "   " + secondsInWords(*left) + " left";
     return rows.elapsed() > 0 ? text + "   " + durationInWords(rows.elapsed()) : text;
@@ -134,8 +136,9 @@ std::string progressText(const RunRows& rows) {
 std::string endText(const RunRows& rows) {
     const JobCounts& counts = rows.counts();
     if (rows.size() == 0) return "The batch file holds no jobs.";
-    if (counts.done == rows.size())
+    if (counts.done == rows.size()) {
         return rows.size() == 1 ? "The job is done." : "All " + jobsInWords(rows.size()) + " are done.";
+    }
     const std::string tally =
         std::to_string(counts.done) + " of " + jobsInWords(rows.size()) + " done" + withoutSuccess(counts) + ".";
     if (rows.phase() == RunPhase::lost) return "The program that ran the jobs is gone: " + tally;

@@ -64,8 +64,9 @@ char32_t takeCodePoint(std::string_view& text) {
     }
     text.remove_prefix(length);
     char32_t codePoint = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-    for (const char byte : character.substr(1))
+    for (const char byte : character.substr(1)) {
         codePoint = (codePoint << 6) | (static_cast<unsigned char>(byte) & 0x3FU);
+    }
     return codePoint;
 }
 

@@ -88,7 +88,7 @@ class RunWindow : public WindowTest {
         EXPECT_EQ(title, fromWx(frame->GetTitle()));
         return became;
     }
-    void pressAlt(char letter) {
+    void pressAlt(int letter) {
         wxKeyEvent event(wxEVT_CHAR_HOOK);
         event.m_keyCode = letter;
         event.SetAltDown(true);
@@ -240,7 +240,7 @@ TEST_F(RunWindow, ItClosesWhenAllWentWellIfThatIsWanted) {
 
 TEST_F(RunWindow, TheWholeOutputIsSaved) {
     open(1);
-    written = std::string(9'000'000, 'x');
+    for (int i = 0; i < 9; ++i) written += std::string(1'000'000, 'x');
     run(1);
     say(Kind::finished, "complete");
     ASSERT_TRUE(titleBecomes("Done - 1 of 1 - Tool"));
