@@ -135,8 +135,8 @@ std::string progressText(const RunRows& rows) {
 
 std::string endText(const RunRows& rows) {
     const JobCounts& counts = rows.counts();
-    if (rows.size() == 0) return "The batch file holds no jobs.";
-    if (counts.done == rows.size()) {
+    if (rows.size() == 0 && rows.phase() != RunPhase::lost) return "The batch file holds no jobs.";
+    if (rows.size() > 0 && counts.done == rows.size()) {
         return rows.size() == 1 ? "The job is done." : "All " + jobsInWords(rows.size()) + " are done.";
     }
     const std::string tally =

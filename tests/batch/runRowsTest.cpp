@@ -123,6 +123,13 @@ TEST_F(RunRowsTest, AnEndBeforeTheLastJobLeavesTheRestOut) {
         EXPECT_EQ((std::vector<std::size_t>{2, 3}), rows.openJobs());
     }
     EXPECT_EQ("Broken off - 2 of 3 - Tool", titleText(rows));
+    rows = RunRows();
+    tell(Kind::ready);
+    tell(Kind::finished, "complete");
+    EXPECT_EQ("The batch file holds no jobs.", endText(rows));
+    rows = RunRows();
+    rows.runnerGone();  // before it said anything
+    EXPECT_EQ("The program that ran the jobs is gone: 0 of 0 jobs done.", endText(rows));
 }
 
 TEST_F(RunRowsTest, AnEarlierRunGoesOnOrStartsOver) {
