@@ -119,14 +119,13 @@ std::string lineAt(const SourceLine& place) {
     }
 }
 
-FileCheck::FileCheck() : desktopBefore_(desktop()), directoryBefore_(normalPath(".")) {
+FileCheck::FileCheck() : desktopBefore_(desktop()) {
     setDesktop(*this);
     guarded({configFilePath(), 0}, [] { readConfig(configFilePath()); });
 }
 
 FileCheck::~FileCheck() {
     setDesktop(desktopBefore_);
-    changeDirectory(directoryBefore_);
 }
 
 // Files
@@ -136,17 +135,18 @@ void FileCheck::check(const std::string& path) {
     readFileBytes(normal);  // whoever names a file that cannot be read is told so
     given_.emplace(normal, path);
     checkWithFollowed(normal);
-    changeDirectory(directoryBefore_);
+    directory_.goBack();
 }
 
 /// Somebody waits, so loops and calls are followed only as far as they are likely to bring something new.
 void FileCheck::checkText(const std::string& path, std::vector<std::string> lines) {
     mostTurns_ = mostCalls_ = 200;
+    mostExpansions_ = 50'000;
     const std::string normal = normalPath(path);
     const UnsavedText text(normal, std::move(lines));
     given_.emplace(normal, path);
     checkOnce(normal);
-    changeDirectory(directoryBefore_);
+    directory_.goBack();
 }
 
 void FileCheck::checkWithFollowed(const std::string& path) {
@@ -180,7 +180,7 @@ void FileCheck::begin(const std::string& path) {
     engineTables.reset();
     functionAction = {};
     skippedProgram_ = stopped_ = false;
-    turns_ = calls_ = givenInCall_ = 0;
+    turns_ = calls_ = expansions_ = givenInCall_ = 0;
     inHand_ = path;
     declared_.clear();
     expandedLines_.clear();
@@ -252,7 +252,7 @@ void FileCheck::checkFunctionList(const std::string& path) {
 
 void FileCheck::checkList(const std::string& path) {
     const TextFile list = readOemTextFile(path);
-    changeDirectory(directoryBefore_);
+    directory_.goBack();
     SourceLine place{path, 0};
     for (const auto& line : list.lines) {
         ++place.line;
@@ -271,12 +271,11 @@ void FileCheck::checkListLine(const SourceLine& place, std::string_view line) {
     }
     const std::string normal = normalPath(argument.path);
     if (!checked_.contains(normal)) {
-        const std::string directory = normalPath(".");
+        const KeptDirectory directory;
         checkWithFollowed(normal);
-        changeDirectory(directory);
     }
     skippedProgram_ = stopped_ = false;
-    turns_ = calls_ = 0;
+    turns_ = calls_ = expansions_ = 0;
     listLine_ = place;
     guarded(place, [&] {
         enterDirectoryOf(argument.path);
@@ -333,7 +332,7 @@ bool FileCheck::takes(std::string_view message, const Fault& fault) {
 }
 
 /// A fault that only the values of a list's line bring about is one of that line.
-void FileCheck::add(SourceLine place, std::string_view code, std::string text, int column) {
+void FileCheck::add(const SourceLine& place, std::string_view code, std::string text, int column) {
     const std::string file = normalPath(place.path);
     const auto keyOf = [&code, column](const std::string& path, int line) {
         return path + ":" + std::to_string(line) + ":" + std::to_string(column) + ":" + std::string(code);

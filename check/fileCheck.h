@@ -42,8 +42,8 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     bool goesOn() override { return !stopped_; }
     bool mayRunProgram(std::string_view path) override;
     bool mayWrite() override { return false; }
-    bool mayTurn() override { return ++turns_ < mostTurns_; }
-    bool mayCall() override { return ++calls_ < mostCalls_; }
+    bool mayTurn() override { return ++turns_ < mostTurns_ && expansions_ < mostExpansions_; }
+    bool mayCall() override { return ++calls_ < mostCalls_ && expansions_ < mostExpansions_; }
     void ignores(const SourceLine& place) override;
     void expands(const Expansion& expansion) override;
     void gives(std::string_view variable, const SourceLine& place, int callLine) override;
@@ -65,6 +65,7 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
   private:
     int mostTurns_ = 10'000;  // of all loops of a file
     int mostCalls_ = 10'000;  // of profiles by a file
+    int mostExpansions_ = 1'000'000;
 
     void checkWithFollowed(const std::string& path);
     bool checkOnce(const std::string& path);
@@ -80,7 +81,7 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     template <typename Step>
     void guarded(const SourceLine& place, Step step);
     bool concernsUnknown(std::string_view text) const;
-    void add(SourceLine place, std::string_view code, std::string text, int column = 1);
+    void add(const SourceLine& place, std::string_view code, std::string text, int column = 1);
     std::string shownPath(const std::string& normal);
 
     bool isInHand(const SourceLine& place) const;
@@ -93,7 +94,7 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     KeptTables kept_;
     LookingOn lookingOn_{*this};
     Desktop& desktopBefore_;
-    std::string directoryBefore_;
+    KeptDirectory directory_;
     std::vector<Finding> findings_;
     std::set<std::string> known_;                        // places and codes of the findings
     std::set<std::string> checked_;                      // normal paths
@@ -112,6 +113,7 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     std::map<std::string, int> givenVariables_;  // their lines
     int turns_ = 0;
     int calls_ = 0;
+    int expansions_ = 0;
 };
 
 }  // namespace brasquelin

@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "platform/files.h"
+#include "platform/paths.h"
+
 namespace brasquelin {
 
 namespace {
@@ -25,6 +28,20 @@ KeptTables::~KeptTables() {
     functionAction = std::move(action_);
     settings = std::move(settings_);
     setJobSink(std::move(sink_));
+}
+
+KeptDirectory::KeptDirectory() : path_(shortPath(".")) {}
+
+void KeptDirectory::goBack() const noexcept {
+    try {
+        changeDirectory(path_);
+    } catch (const RunTimeError&) {
+        return;
+    }
+}
+
+bool tablesInUse() {
+    return !engineTables.fileStack.empty();
 }
 
 }  // namespace brasquelin

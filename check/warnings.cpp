@@ -110,6 +110,7 @@ void FileCheck::ignores(const SourceLine& place) {
 }
 
 void FileCheck::expands(const Expansion& expansion) {
+    ++expansions_;
     if (!isInHand(expansion.place) || !expandedLines_.insert(expansion.place.line).second) return;
     expandedTexts_.emplace_back(expansion.text);
     if (expansion.ofFunction) declared_ = variableTables.functionVariables;

@@ -10,6 +10,7 @@
 
 #include <utility>
 
+#include "check/keptTables.h"
 #include "editor/editorListView.h"
 #include "editor/problemList.h"
 #include "platform/desktop.h"
@@ -28,7 +29,7 @@ enum MenuId { mnuAdd = wxID_HIGHEST + 1, mnuEdit, mnuRemove, mnuClear, mnuFor, m
 
 constexpr int loopDelay = 50;  // milliseconds, so that the menu has closed
 constexpr int editDelay = 100;
-constexpr int checkDelay = 100;
+constexpr int checkDelay = 80;
 
 /// The window is at work: while plugins run, events come through all the same.
 class AtWork {
@@ -59,6 +60,11 @@ void fillContextMenu(wxMenu& menu, bool hasSelection, bool isCommandList) {
     menu.AppendSeparator();
     menu.Append(mnuFor, "For ...");
     menu.Append(mnuNext, "... Next");
+}
+
+void showPreview() {
+    if (!tablesInUse()) return desktop().showWindow(ProgramWindow::preview, true);
+    desktop().showMessage("Another file is still being run.", "Brasquelin", Icon::exclamation);
 }
 
 }  // namespace
@@ -146,7 +152,7 @@ void FrmCreateProfile::bindMenus() {
     Bind(
         wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(canSave()); }, wxID_SAVE);
 
-    onItem(mnuPreview, [this] { act([] { desktop().showWindow(ProgramWindow::preview, true); }); });
+    onItem(mnuPreview, [this] { act(showPreview); });
 
     onItem(mnuAdd, [this] { act(addLines); });
     onItem(mnuEdit, [this] { edit(); });
@@ -251,9 +257,9 @@ void FrmCreateProfile::showDocument() {
     tmrCheck_.StartOnce(checkDelay);
 }
 
-/// While a plugin runs, the tables are its.
 void FrmCreateProfile::showProblems() {
     if (busy_) return;
+    if (tablesInUse()) return (void)tmrCheck_.StartOnce(checkDelay);
     editorState.problems = findProblems(editorState.document);
     listProblems_->showProblems();
     for (auto* list : lists()) list->Refresh();

@@ -5,8 +5,6 @@
 
 #include "check/keptTables.h"
 #include "engine/runProfile.h"
-#include "platform/files.h"
-#include "platform/paths.h"
 #include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/text.h"
@@ -42,20 +40,6 @@ class PreviewRun : public DryRun {
     int repeated_ = 0;
 };
 
-/// Back in the directory where it began, however it ends.
-class DirectoryKept {
-  public:
-    DirectoryKept() : before_(shortPath(".")) {}
-    ~DirectoryKept() {
-        reporting({}, [this] { changeDirectory(before_); });
-    }
-    DirectoryKept(const DirectoryKept&) = delete;
-    DirectoryKept& operator=(const DirectoryKept&) = delete;
-
-  private:
-    std::string before_;
-};
-
 void runAsUser(const std::string& path) {
     PromptOptions options;
     options.runAtOnce = [&path] { runProfile(path, 1); };
@@ -72,7 +56,7 @@ DocumentPreview::DocumentPreview(const ProfileDocument& document) : document_(do
 
 void DocumentPreview::run(bool withPlugins) {
     const std::string path = documentPath(document_);
-    const DirectoryKept directory;
+    const KeptDirectory directory;
     const UnsavedText text(path, documentLines(document_));
     notes_.clear();
     const auto note = [this](std::string_view /*title*/, std::string_view message) {
