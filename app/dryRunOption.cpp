@@ -8,9 +8,9 @@
 #include "app/startUp.h"
 #include "check/dryRun.h"
 #include "config/configFile.h"
+#include "platform/listFile.h"
 #include "platform/reporting.h"
 #include "platform/standardStreams.h"
-#include "platform/textFiles.h"
 #include "vars/commandLine.h"
 
 namespace brasquelin {
@@ -23,14 +23,9 @@ void open(DryRun& run, std::string_view argumentText) {
 }
 
 void replay(DryRun& run, const std::string& listPath) {
-    TextFile list;
-    try {
-        list = readOemTextFile(listPath);
-    } catch (const RunTimeError& error) {
-        throw error.about(listPath);
-    }
+    ListFile list(listPath);
     runState.replaying = true;
-    for (const auto& line : list.lines) open(run, argumentOfListLine(line));
+    for (std::string line; list.next(line);) open(run, argumentOfListLine(line));
     runState.completed = true;
 }
 
@@ -74,8 +69,8 @@ int dryRun(std::string_view arguments) {
         return perform(run, std::string(arguments));
     } catch (const EndProgram& end) {
         return end.exitStatus();
-    } catch (const RunTimeError& error) {
-        report(error);
+    } catch (const std::exception&) {
+        report(currentRunTimeError());
         return 1;
     }
 }

@@ -5,10 +5,13 @@
 #include "app/runOption.h"
 #include "app/runWindow.h"
 #include "app/startUp.h"
+#include "platform/desktop.h"
 #include "platform/paths.h"
+#include "platform/standardStreams.h"
 #include "platform/wx/application.h"
+#include "text/runTimeError.h"
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     using namespace brasquelin;
     const std::string commandLine = processCommandLine(argc, argv);
     if (const auto status = answerRunOption(commandLine)) return *status;
@@ -18,4 +21,7 @@ int main(int argc, char** argv) {
     ProgramWindows windows;
     setDesktop(windows);
     return runApplication([&] { windows.start(commandLine); });
+} catch (const std::exception&) {
+    brasquelin::writeMessage(brasquelin::errorTitle, brasquelin::currentRunTimeError().reportWhileLoading({}));
+    return 1;
 }

@@ -12,8 +12,7 @@ namespace {
 
 std::string titleOf(const std::string& path, FileKind kind) {
     try {
-        const auto file = readTextFile(path);
-        return file->lines.empty() ? std::string() : std::string(titleIn(file->lines.front(), kind));
+        return std::string(titleIn(readFirstLine(path), kind));
     } catch (const RunTimeError&) {
         return {};
     }

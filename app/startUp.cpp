@@ -18,6 +18,7 @@
 #include "platform/childProcess.h"
 #include "platform/clock.h"
 #include "platform/console/consoleDesktop.h"
+#include "platform/listFile.h"
 #include "platform/paths.h"
 #include "platform/reporting.h"
 #include "platform/standardStreams.h"
@@ -100,12 +101,12 @@ std::shared_ptr<ListProgress> showNewProgress(std::size_t total) {
 }
 
 /// Nothing when the user has cancelled it.
-std::optional<SkippedLines> replayLines(const std::vector<std::string>& lines) {
+std::optional<SkippedLines> replayLines(ListFile& list) {
     SkippedLines skipped;
     runState.replaying = true;
-    const auto progress = showNewProgress(lines.size());
-    for (; progress->done < lines.size() && !progress->cancelled; ++progress->done) {
-        if (const auto reason = replayLine(lines[progress->done])) {
+    const auto progress = showNewProgress(list.lineCount());
+    for (std::string line; !progress->cancelled && list.next(line); ++progress->done) {
+        if (const auto reason = replayLine(line)) {
             skipped.push_back("line " + std::to_string(progress->done + 1) + ": " + *reason);
         }
         showProgress();
@@ -131,9 +132,9 @@ void tellSkipped(const std::string& listPath, const SkippedLines& skipped) {
 }
 
 [[noreturn]] void replayList(const std::string& path) {
-    TextFile list;
-    loading(path, [&] { list = readOemTextFile(path); });
-    const auto skipped = replayLines(list.lines);
+    std::optional<ListFile> list;
+    loading(path, [&] { list.emplace(path); });
+    const auto skipped = replayLines(*list);
     if (!skipped) {
         writeMessage("Brasquelin", "'" + path + "' was cancelled; nothing was executed.");
         throw EndProgram(1);
@@ -178,8 +179,8 @@ bool startUp(const std::string& commandLine, const std::function<void()>& detect
         if (isListMode(commandLine)) replayList(listFilePath(commandLine));
         openNamedFile(commandLine);
         return true;
-    } catch (const RunTimeError& error) {
-        reportStartUpError(error);
+    } catch (const std::exception&) {
+        reportStartUpError(currentRunTimeError());
         return false;
     }
 }

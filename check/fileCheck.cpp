@@ -14,6 +14,7 @@
 #include "engine/runProfile.h"
 #include "platform/console/consoleDesktop.h"
 #include "platform/files.h"
+#include "platform/listFile.h"
 #include "platform/onlooker.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
@@ -132,7 +133,7 @@ FileCheck::~FileCheck() {
 
 void FileCheck::check(const std::string& path) {
     const std::string normal = normalPath(path);
-    readFileBytes(normal);  // whoever names a file that cannot be read is told so
+    readFilePart(normal, 0, 1);  // whoever names a file that cannot be read is told so
     given_.emplace(normal, path);
     checkWithFollowed(normal);
     directory_.goBack();
@@ -251,10 +252,10 @@ void FileCheck::checkFunctionList(const std::string& path) {
 }
 
 void FileCheck::checkList(const std::string& path) {
-    const TextFile list = readOemTextFile(path);
+    ListFile list(path);
     directory_.goBack();
     SourceLine place{path, 0};
-    for (const auto& line : list.lines) {
+    for (std::string line; list.next(line);) {
         ++place.line;
         checkListLine(place, argumentOfListLine(line));
     }

@@ -313,8 +313,8 @@ bool runProfile(const std::string& path, int level) {
     try {
         ProfileRun(path, level).run();
         return true;
-    } catch (const RunTimeError& error) {
-        report(error, path, engineTables.fileStack.back().line);
+    } catch (const std::exception&) {
+        report(currentRunTimeError(), path, engineTables.fileStack.back().line);
     } catch (const RunStopped&) {
         // Reported where it happened.
     }

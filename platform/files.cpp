@@ -33,6 +33,11 @@ bool removeEntry(std::string_view path) {
 
 }  // namespace
 
+void raiseTooLarge(std::string_view path, std::uint64_t most) {
+    throw RunTimeError(ErrorNumber::outOfMemory, std::string(path))
+        .because("The file holds more than " + std::to_string(most >> 20U) + " MB, the most that is read as a text.");
+}
+
 bool fileExists(std::string_view path) {
     return fileKindOf(path) == FileKind::file;
 }

@@ -17,8 +17,12 @@ bool isLink(std::string_view path);
 /// True when both paths lead to one existing directory, however they are spelled.
 bool isSameDirectory(std::string_view left, std::string_view right);
 
-/// The bytes of a file. Raises 53, 70, 75 or 76 with the path as given.
-std::string readFileBytes(std::string_view path);
+/// The most that is read as one text, in bytes.
+inline constexpr std::uint64_t mostTextBytes = 64ULL << 20;
+
+/// The bytes of a file. Raises 53, 70, 75 or 76 with the path as given: 75 for what is no regular file, such as a pipe
+/// or a device, without waiting for it. Raises 7 for more than `most` bytes.
+std::string readFileBytes(std::string_view path, std::uint64_t most = ~std::uint64_t{0});
 
 /// At most `most` bytes from position `begin` on; fewer at the end of the file. Raises as readFileBytes.
 std::string readFilePart(std::string_view path, std::uint64_t begin, std::size_t most);
@@ -34,7 +38,7 @@ struct FileStamp {
 std::optional<FileStamp> fileStamp(std::string_view path);
 
 /// Creates the file anew with these bytes: written beside its place and moved over it, so a failure leaves the old
-/// file. A device or pipe is written directly. Raises 61, 70, 75 or 76.
+/// file. Raises 61, 70, 75 or 76: 75 for a device or pipe.
 void writeFile(std::string_view path, std::string_view bytes);
 
 /// The same for a file that holds a user's work: the bytes are on the disk before the old file goes.

@@ -18,8 +18,8 @@ bool reporting(std::string_view path, Step step) {
     try {
         step();
         return true;
-    } catch (const RunTimeError& error) {
-        report(error, path);
+    } catch (const std::exception&) {
+        report(currentRunTimeError(), path);
         return false;
     }
 }

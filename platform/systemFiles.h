@@ -1,6 +1,7 @@
 // What each system does in its own way about files and paths; files.h and paths.h are for everybody else.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ std::vector<DirectoryEntry> entriesIn(std::string_view directory);
 
 /// The path for std::filesystem: resolved (see paths.h), in the system's own encoding, and a drive alone as its root.
 std::filesystem::path systemPath(std::string_view path);
+
+/// The error of a file that holds more than `most` bytes.
+[[noreturn]] void raiseTooLarge(std::string_view path, std::uint64_t most);
 
 /// Where the running program is, without a trailing separator. Tests may redirect programDirectory, not this.
 std::string executableDirectory();

@@ -52,14 +52,12 @@ void keep(std::string_view path, const FileStamp& stamp, const std::shared_ptr<c
     cache.files[std::string(path)] = {stamp, file, Clock::now()};
 }
 
-/// A NUL would be shown as the end of the line, and what follows it would be obeyed unseen.
 TextFile linesOf(const std::string& text, std::string_view path, Encoding encoding) {
     TextFile file{splitLines(text), encoding};
     if (text.find('\0') == std::string::npos) return file;
     const auto line = std::find_if(file.lines.begin(), file.lines.end(),
                                    [](const std::string& each) { return each.find('\0') != std::string::npos; });
-    throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path), static_cast<int>(line - file.lines.begin()) + 1)
-        .because("The line holds a NUL character: this is no text.");
+    raiseNul(path, static_cast<int>(line - file.lines.begin()) + 1);
 }
 
 std::string joinLines(const std::vector<std::string>& lines) {
@@ -100,15 +98,27 @@ std::shared_ptr<const TextFile> readTextFile(std::string_view path) {
         known->second.checked = now;
         return known->second.file;
     }
-    const std::string bytes = readFileBytes(path);
+    const std::string bytes = readFileBytes(path, mostTextBytes);
     auto file = std::make_shared<const TextFile>(linesOf(decodeFile(bytes), path, encodingOf(bytes)));
     if (stamp && isAbsolutePath(path)) keep(path, *stamp, file);
     return file;
 }
 
-TextFile readOemTextFile(std::string_view path) {
-    const std::string bytes = readFileBytes(path);
-    return linesOf(decodeOem(bytes), path, encodingOf(bytes));
+std::string readFirstLine(std::string_view path) {
+    constexpr std::size_t most = 1U << 16U;
+    std::string bytes = readFilePart(path, 0, most);
+    const bool wide = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+    const auto end = wide ? std::string::npos : bytes.find('\n');
+    if (end != std::string::npos) bytes.resize(end + 1);
+    const auto lines = splitLines(decodeFile(bytes));
+    if (lines.empty()) return {};
+    if (lines.front().find('\0') != std::string::npos) raiseNul(path, 1);
+    return lines.front();
+}
+
+void raiseNul(std::string_view path, int line) {
+    throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path), line)
+        .because("The line holds a NUL character: this is no text.");
 }
 
 void forgetTextFiles() {
@@ -121,7 +131,7 @@ void writeLines(std::string_view path, const std::vector<std::string>& lines) {
 
 Encoding encodingOfFile(std::string_view path) {
     try {
-        return fileStamp(path) ? encodingOf(readFileBytes(path)) : newFileEncoding;
+        return fileStamp(path) ? encodingOf(readFileBytes(path, mostTextBytes)) : newFileEncoding;
     } catch (const RunTimeError&) {
         return newFileEncoding;  // what cannot be read may be written all the same
     }

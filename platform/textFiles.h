@@ -16,7 +16,7 @@ struct TextFile {
 };
 
 /// The file's lines, decoded (see codePages.h). The same object is returned for as long as the file is unchanged.
-/// Raises 53, 70, 75 or 76; 75 with the line for what holds a NUL.
+/// Raises 53, 70, 75 or 76; 75 with the line for what holds a NUL; 7 for more than mostTextBytes.
 std::shared_ptr<const TextFile> readTextFile(std::string_view path);
 
 /// Lines that readTextFile gives for a path as long as this lives, whatever stands there: a text that is not saved yet.
@@ -36,8 +36,12 @@ class UnsavedText {
 /// True for a file, and for the path of an unsaved text.
 bool textFileExists(std::string_view path);
 
-/// The same for a list file, whose unmarked bytes may be in the OEM page. Not kept in memory.
-TextFile readOemTextFile(std::string_view path);
+/// The first line of a file of any size, decoded by itself; empty for an empty file. Raises the same.
+std::string readFirstLine(std::string_view path);
+
+/// The error of a line that holds a NUL: it would be shown as the end of the line, and what follows it would be obeyed
+/// unseen.
+[[noreturn]] void raiseNul(std::string_view path, int line);
 
 /// Drops what is kept in memory: the program has written a file or a child process has run.
 void forgetTextFiles();

@@ -1,5 +1,6 @@
 #include "text/runTimeError.h"
 
+#include <new>
 #include <utility>
 
 namespace brasquelin {
@@ -10,6 +11,8 @@ std::string_view description(ErrorNumber number) {
             return "Invalid procedure call or argument";
         case ErrorNumber::overflow:
             return "Overflow";
+        case ErrorNumber::outOfMemory:
+            return "Out of memory";
         case ErrorNumber::subscriptOutOfRange:
             return "Subscript out of range";
         case ErrorNumber::typeMismatch:
@@ -84,6 +87,20 @@ std::string RunTimeError::reportWhileLoading(std::string_view handlerPath, int h
     context += path_ + "'" + atLine(line_);
     if (!handler.empty()) context += "\r\nFrom file '" + handler + "'" + atLine(handlerLine);
     return report(context);
+}
+
+RunTimeError currentRunTimeError() {
+    try {
+        throw;
+    } catch (const RunTimeError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return RunTimeError(ErrorNumber::outOfMemory);
+    } catch (const std::length_error&) {
+        return RunTimeError(ErrorNumber::outOfMemory);
+    } catch (const std::exception& error) {
+        return RunTimeError(ErrorNumber::invalidCall).because(error.what());
+    }
 }
 
 }  // namespace brasquelin

@@ -11,6 +11,7 @@ namespace brasquelin {
 enum class ErrorNumber {
     invalidCall = 5,
     overflow = 6,
+    outOfMemory = 7,
     subscriptOutOfRange = 9,
     typeMismatch = 13,
     userInterrupt = 18,
@@ -63,6 +64,10 @@ class RunTimeError : public std::runtime_error {
     bool ofWriting_ = false;
     std::string cause_;
 };
+
+/// The exception in hand as a run-time error: itself, 7 where memory ran out, 5 with its own words for any other of the
+/// library. To be called where it was caught; whatever else was thrown goes on.
+RunTimeError currentRunTimeError();
 
 /// Thrown where the program is to end; caught once, around the event loop or the unattended run.
 class EndProgram {

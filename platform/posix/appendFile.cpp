@@ -39,6 +39,8 @@ class SystemAppendFile : public AppendFile {
 }  // namespace
 
 std::unique_ptr<AppendFile> openForAppending(const std::string& path, bool fresh) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) raise(EISDIR, FileUse::writing, path);
     const int flags = O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | (fresh ? O_TRUNC : 0);
     const int opened = open(path.c_str(), flags, 0666);
     if (opened < 0) raise(errno, FileUse::writing, path);

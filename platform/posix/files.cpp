@@ -26,10 +26,13 @@ bool statusOf(std::string_view path, struct stat& status) {
     return !name.empty() && stat(name.c_str(), &status) == 0;
 }
 
-/// The number of the open file, for a Descriptor.
+/// The number of the open file, for a Descriptor. Opening a pipe would wait for whoever writes into it.
 int openForReading(std::string_view path) {
     const std::string resolved = resolvePath(path);
-    if (directoryExists(resolved)) throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path));
+    struct stat status {};
+    if (statusOf(resolved, status) && !S_ISREG(status.st_mode)) {
+        throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path));
+    }
     const int file = open(resolved.c_str(), O_RDONLY | O_CLOEXEC);
     if (file >= 0) return file;
     const int error = errno;
@@ -80,17 +83,21 @@ bool isLink(std::string_view path) {
     return lstat(name.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-std::string readFileBytes(std::string_view path) {
+std::string readFileBytes(std::string_view path, std::uint64_t most) {
     const Descriptor file(openForReading(path));
     struct stat status {};
     std::string bytes;
-    if (fstat(file.get(), &status) == 0) bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
+    if (fstat(file.get(), &status) == 0) {
+        if (static_cast<std::uint64_t>(status.st_size) > most) raiseTooLarge(path, most);
+        bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
+    }
     char buffer[1 << 16];
     for (;;) {
         const ssize_t length = read(file.get(), buffer, sizeof buffer);
         if (length == 0) return bytes;
         if (length < 0 && errno != EINTR) raise(errno, FileUse::reading, path);
         if (length > 0) bytes.append(buffer, static_cast<std::size_t>(length));
+        if (bytes.size() > most) raiseTooLarge(path, most);
     }
 }
 

@@ -41,17 +41,6 @@ std::string targetOf(std::string_view path) {
     return target.string();
 }
 
-bool isSpecial(const std::string& target) {
-    struct stat status {};
-    return stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
-}
-
-void writeDirectly(const std::string& target, std::string_view bytes, std::string_view path) {
-    Descriptor file(open(target.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!file) raise(errno, FileUse::writing, path);
-    if (const int error = writeAll(file.get(), bytes)) raise(error, FileUse::writing, path);
-}
-
 void flushDirectory(const std::string& file) {
     const std::string directory = dirOf(file);
     const Descriptor descriptor(open(directory.empty() ? "/" : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -76,10 +65,11 @@ int fillTemporary(Descriptor& file, const std::string& target, std::string_view 
 void replaceFile(std::string_view path, std::string_view bytes, bool durable) {
     forgetTextFiles();
     const std::string target = targetOf(path);
-    if (isSpecial(target)) return writeDirectly(target, bytes, path);
-    if (directoryExists(target)) raise(EISDIR, FileUse::writing, path);
     struct stat status {};
-    if (stat(target.c_str(), &status) == 0 && access(target.c_str(), W_OK) != 0) raise(errno, FileUse::writing, path);
+    const bool exists = stat(target.c_str(), &status) == 0;
+    // Nothing can be moved over a directory, nor over a device or pipe, which nobody may be reading.
+    if (exists && !S_ISREG(status.st_mode)) raise(EISDIR, FileUse::writing, path);
+    if (exists && access(target.c_str(), W_OK) != 0) raise(errno, FileUse::writing, path);
     const SignalHold hold;  // no half-written file stays behind
     std::string temporary = target + ".XXXXXX";
     Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));

@@ -26,6 +26,14 @@ SystemHandle openExisting(const std::wstring& path, DWORD access, DWORD flags = 
     return ownHandle(CreateFileW(path.c_str(), access, shareAll, nullptr, OPEN_EXISTING, flags, nullptr));
 }
 
+/// A console, a printer port and a pipe open like files, but their end may never come.
+SystemHandle openForReading(std::string_view path) {
+    SystemHandle file = openExisting(toWide(path), GENERIC_READ);
+    if (!file) raiseLastError(path);
+    if (GetFileType(file.get()) == FILE_TYPE_DISK) return file;
+    throw RunTimeError(ErrorNumber::pathFileAccess, std::string(path));
+}
+
 std::uint64_t join(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32U) | low;
 }
@@ -91,9 +99,12 @@ bool isSameDirectory(std::string_view left, std::string_view right) {
     return join(a.nFileIndexHigh, a.nFileIndexLow) == join(b.nFileIndexHigh, b.nFileIndexLow);
 }
 
-std::string readFileBytes(std::string_view path) {
-    const SystemHandle file = openExisting(toWide(path), GENERIC_READ);
-    if (!file) raiseLastError(path);
+std::string readFileBytes(std::string_view path, std::uint64_t most) {
+    const SystemHandle file = openForReading(path);
+    LARGE_INTEGER known{};
+    if (GetFileSizeEx(file.get(), &known) != 0 && static_cast<std::uint64_t>(known.QuadPart) > most) {
+        raiseTooLarge(path, most);
+    }
     std::string bytes;
     DWORD got = 0;
     do {
@@ -101,19 +112,19 @@ std::string readFileBytes(std::string_view path) {
         const std::size_t size = bytes.size();
         bytes.resize(size + step);
         if (ReadFile(file.get(), bytes.data() + size, step, &got, nullptr) == 0) {
-            if (GetLastError() != ERROR_BROKEN_PIPE) raiseLastError(path);
-            got = 0;
+            raiseLastError(path);
         }
         bytes.resize(size + got);
+        if (bytes.size() > most) raiseTooLarge(path, most);
     } while (got > 0);
     return bytes;
 }
 
 std::string readFilePart(std::string_view path, std::uint64_t begin, std::size_t most) {
-    const SystemHandle file = openExisting(toWide(path), GENERIC_READ);
+    const SystemHandle file = openForReading(path);
     LARGE_INTEGER position;
     position.QuadPart = static_cast<LONGLONG>(begin);
-    if (!file || SetFilePointerEx(file.get(), position, nullptr, FILE_BEGIN) == 0) raiseLastError(path);
+    if (SetFilePointerEx(file.get(), position, nullptr, FILE_BEGIN) == 0) raiseLastError(path);
     std::string bytes(most, '\0');
     std::size_t size = 0;
     while (size < most) {

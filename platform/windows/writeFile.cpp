@@ -36,15 +36,13 @@ bool writeAll(HANDLE file, std::string_view bytes) {
     return true;
 }
 
-/// The console, a printer port, a pipe: nothing that another file could be moved over. Null for anything else.
-SystemHandle openDevice(const std::wstring& path) {
+/// The console, a printer port, a pipe: nothing that another file could be moved over.
+bool isDevice(const std::wstring& path) {
     const bool pipe = path.starts_with(L"\\\\.\\");
     wchar_t full[MAX_PATH] = L"";
     const DWORD length = pipe ? 0 : GetFullPathNameW(path.c_str(), MAX_PATH, full, nullptr);
     // The system turns the name of a device into a path of its own kind.
-    const bool device = length > 0 && length < MAX_PATH && std::wstring_view(full).starts_with(L"\\\\.\\");
-    if (!pipe && !device) return nullptr;
-    return openForWriting(path, OPEN_EXISTING);
+    return pipe || (length > 0 && length < MAX_PATH && std::wstring_view(full).starts_with(L"\\\\.\\"));
 }
 
 /// Where a link leads; the link itself stays.
@@ -79,10 +77,7 @@ DWORD fill(const std::wstring& path, std::string_view bytes, Durability durabili
 void replaceFile(std::string_view path, std::string_view bytes, Durability durability) {
     forgetTextFiles();
     const std::wstring target = behindLinks(path);
-    if (const SystemHandle device = openDevice(target)) {
-        if (!writeAll(device.get(), bytes)) raise(GetLastError(), path);
-        return;
-    }
+    if (isDevice(target)) raise(ERROR_BAD_UNIT, path);
     const std::wstring beside = nameBeside(target);
     DWORD code = fill(beside, bytes, durability);
     const DWORD through = durability == Durability::onDisk ? MOVEFILE_WRITE_THROUGH : 0;

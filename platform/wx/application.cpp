@@ -5,6 +5,7 @@
 #include <wx/log.h>
 
 #include <exception>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/desktop.h"
@@ -59,10 +60,10 @@ class Application : public wxApp {
     bool OnExceptionInMainLoop() override {
         try {
             throw;
-        } catch (const RunTimeError& error) {
-            report(error);
-        } catch (const std::exception& error) {
+        } catch (const std::logic_error& error) {
             desktop().showMessage(error.what(), errorTitle, Icon::critical);
+        } catch (const std::exception&) {
+            report(currentRunTimeError());
         }
         return true;
     }

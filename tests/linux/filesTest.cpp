@@ -8,7 +8,10 @@
 #include <csignal>
 
 #include "config/clearDirectory.h"
+#include "platform/appendFile.h"
+#include "platform/listFile.h"
 #include "platform/paths.h"
+#include "platform/textFiles.h"
 #include "support/programTest.h"
 
 namespace brasquelin {
@@ -34,7 +37,7 @@ TEST_F(LinuxFiles, PathsAreFoundInAnyLetterCaseAndWithEitherSeparator) {
     EXPECT_TRUE(isFileSystemRoot("/"));
 }
 
-TEST_F(LinuxFiles, ReplacingKeepsPermissionsDevicesAndLinksOfAnyLetterCase) {
+TEST_F(LinuxFiles, ReplacingKeepsPermissionsAndLinksOfAnyLetterCase) {
     write("real.txt", {"x"});
     chmod((folder() + "/real.txt").c_str(), 0640);
     link("real.txt", "Link.txt");
@@ -45,8 +48,25 @@ TEST_F(LinuxFiles, ReplacingKeepsPermissionsDevicesAndLinksOfAnyLetterCase) {
     struct stat status {};
     stat((folder() + "/real.txt").c_str(), &status);
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
-    EXPECT_NO_THROW(writeFile("/dev/null", "x"));
-    EXPECT_EQ(errorOf([] { writeFile("/dev/full", "x"); }), ErrorNumber::diskFull);
+}
+
+TEST_F(LinuxFiles, PipesAndDevicesAreNoTextsAndAreNotWaitedFor) {
+    const std::string pipe = folder() + "/pipe.bqp";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {pipe, std::string("/dev/zero")}) {
+        for (const std::function<void()>& use : std::initializer_list<std::function<void()>>{
+                 [&] { readTextFile(path); }, [&] { readFilePart(path, 0, 1); }, [&] { ListFile list(path); },
+                 [&] { readFirstLine(path); }, [&] { writeFile(path, "x"); }, [&] { saveFile(path, "x"); },
+                 [&] { openForAppending(path, false); }}) {
+            try {
+                use();
+                ADD_FAILURE() << path;
+            } catch (const RunTimeError& error) {
+                EXPECT_EQ(error.number(), ErrorNumber::pathFileAccess);
+                EXPECT_EQ(error.path(), path);
+            }
+        }
+    }
 }
 
 TEST_F(LinuxFiles, AWriteThatFailsLeavesTheOldFileAlone) {

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "platform/codePages.h"
+#include "platform/listFile.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "support/programTest.h"
+#include "text/text.h"
 #include "vars/rememberedValues.h"
 
 namespace brasquelin {
@@ -99,7 +103,7 @@ TEST_F(Files, WhatIsNoTextIsRefusedWithItsLine) {
     using namespace std::string_literals;
     writeBytes("x.txt", "one\r\ntwo\0hidden\r\n"s);
     for (const auto read : {+[](const std::string& path) { readTextFile(path); },
-                            +[](const std::string& path) { readOemTextFile(path); }}) {
+                            +[](const std::string& path) { ListFile list(path); }}) {
         try {
             read(folder() + "/x.txt");
             ADD_FAILURE() << "read";
@@ -108,6 +112,46 @@ TEST_F(Files, WhatIsNoTextIsRefusedWithItsLine) {
                       "Error 75 : Path/File access error\r\nWhile loading '" + folder() +
                           "/x.txt' at line 2\r\nFrom file 'list'\r\nThe line holds a NUL character: this is no text.");
         }
+    }
+}
+
+TEST_F(Files, ListsOfAnySizeAreReadPieceByPiece) {
+    using namespace std::string_literals;
+    std::mt19937 random(1);
+    const Lines singles[] = {
+        {"a", "b", "\r\n", "\n"}, {"a", "\r"}, {"a", "é", "😀", "\r\n"}, {"\x82", "\xC3", "\xA9", "\n"}};
+    const Lines little{"a\0"s, "\r\0\n\0"s, "\n\0"s, "\x0D\x0A", "\x0A\x0D", "\x3D\xD8"};
+    const Lines big{"\0a"s, "\0\r\0\n"s, "\0\n"s, "\x0D\x0A", "\x0A\x0D", "\xD8\x3D"};
+    const Lines marks{"", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"};
+    for (int round = 0; round < 2000; ++round) {
+        const auto mark = random() % 4;
+        const Lines& pieces = mark == 2 ? little : mark == 3 ? big : singles[random() % 4];
+        std::string bytes = marks[mark];
+        for (auto left = random() % 300; left > 0; --left) bytes += pieces[random() % pieces.size()];
+        if (random() % 4 == 0) bytes += 'x';
+        writeBytes("list.txt", bytes);
+        ListFile list(folder() + "/list.txt", 200);
+        Lines lines;
+        for (std::string line; list.next(line);) lines.push_back(line);
+        ASSERT_EQ(lines, splitLines(decodeOem(bytes))) << testing::PrintToString(bytes);
+        ASSERT_EQ(list.lineCount(), lines.size());
+    }
+}
+
+TEST_F(Files, WhatIsTooLargeIsRefusedInWords) {
+    const std::string path = folder() + "/x.bqp";
+    write("x.bqp", {"first", std::string(70, 'x')});
+    EXPECT_EQ(errorOf([&] { ListFile list(path, 64); }), ErrorNumber::outOfMemory);
+    EXPECT_EQ(readFirstLine(path), "first");
+    std::filesystem::resize_file(path, mostTextBytes + 1);
+    EXPECT_EQ(readFirstLine(path), "first");
+    try {
+        readTextFile(path);
+        ADD_FAILURE() << "read";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.reportWhileLoading({}), "Error 7 : Out of memory\r\nWhile loading '" + path +
+                                                    "'\r\nThe file holds more than 64 MB, the most that is read as a "
+                                                    "text.");
     }
 }
 

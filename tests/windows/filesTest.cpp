@@ -33,11 +33,14 @@ TEST_F(WindowsFiles, OneThatIsInUseIsDeniedAndStaysAndNothingIsLeftBehind) {
     EXPECT_EQ(listFiles(folder()).size(), 1U);
 }
 
-TEST_F(WindowsFiles, HiddenOnesAreNotListedAndDevicesAreWrittenDirectly) {
+TEST_F(WindowsFiles, HiddenOnesAreNotListedAndDevicesAreNoFiles) {
     for (const char* name : {"b.bqp", "hidden.bqp"}) write(name, {});
     SetFileAttributesW(fromUtf8(folder() + "/hidden.bqp").c_str(), FILE_ATTRIBUTE_HIDDEN);
     changeDirectory(folder());
-    writeFile("NUL", "gone");
+    for (const std::string device : {"NUL", "\\\\.\\pipe\\none"}) {
+        EXPECT_EQ(errorOf([&] { writeFile(device, "gone"); }), ErrorNumber::pathFileAccess);
+    }
+    EXPECT_EQ(errorOf([] { readFileBytes("NUL"); }), ErrorNumber::pathFileAccess);
     EXPECT_EQ(listFiles(folder()), Lines{"b.bqp"});
     EXPECT_TRUE(listFiles("").empty());
 }

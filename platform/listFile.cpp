@@ -1,0 +1,106 @@
+#include "platform/listFile.h"
+
+#include <utility>
+
+#include "platform/codePages.h"
+#include "platform/paths.h"
+#include "platform/systemCodePages.h"
+#include "platform/textFiles.h"
+#include "text/runTimeError.h"
+#include "text/text.h"
+
+namespace brasquelin {
+
+ListFile::ListFile(std::string path, std::uint64_t mostPieceBytes)
+    : path_(std::move(path)), mostPieceBytes_(mostPieceBytes) {
+    stamp_ = fileStamp(path_).value_or(FileStamp());
+    const bool small = stamp_.size <= mostPieceBytes_;
+    piece_ = small ? readFileBytes(path_, mostPieceBytes_)
+                   : readFilePart(path_, 0, static_cast<std::size_t>(mostPieceBytes_));
+    size_ = small ? piece_.size() : stamp_.size;
+    if (!small && !isAbsolutePath(path_)) path_ = shortPath(path_);  // each line may change the directory
+    readMark();
+    if (findEnd(restOfPiece()) == std::string_view::npos) lineEnd_ = '\r';
+    examine();
+}
+
+void ListFile::readMark() {
+    constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
+    if (piece_.starts_with("\xFF\xFE")) units_ = Units::littleEndian;
+    if (piece_.starts_with("\xFE\xFF")) units_ = Units::bigEndian;
+    if (units_ != Units::bytes) begin_ = 2;
+    if (piece_.starts_with(utf8Mark)) begin_ = utf8Mark.size();
+    position_ = begin_;
+}
+
+/// Which code page it is, only the whole file tells; and what cannot be obeyed is found before any line is.
+void ListFile::examine() {
+    for (std::string_view bytes; nextBytes(bytes); ++lineCount_) {
+        const bool holdsNul = (units_ == Units::bytes ? bytes.find('\0') : decoded(bytes).find('\0')) != bytes.npos;
+        if (holdsNul) raiseNul(path_, static_cast<int>(lineNumber_));
+        isUtf8_ = isUtf8_ && isUtf8(bytes);
+    }
+    if (pieceBegin_ != 0) load(0);
+    position_ = begin_;
+    lineNumber_ = 0;
+}
+
+bool ListFile::next(std::string& line) {
+    std::string_view bytes;
+    if (!nextBytes(bytes)) return false;
+    line = decoded(bytes);
+    return true;
+}
+
+/// The next line without its end; it lives until the next call.
+bool ListFile::nextBytes(std::string_view& bytes) {
+    if (position_ >= size_) return false;
+    ++lineNumber_;
+    std::size_t end = findEnd(restOfPiece());
+    if (end == std::string_view::npos && !reachesEnd()) {
+        load(position_);
+        end = findEnd(piece_);
+        if (end == std::string_view::npos && !reachesEnd()) {
+            throw RunTimeError(ErrorNumber::outOfMemory, path_, static_cast<int>(lineNumber_))
+                .because("The line is longer than " + std::to_string(mostPieceBytes_ >> 20U) + " MB.");
+        }
+    }
+    bytes = restOfPiece().substr(0, end);
+    const bool ended = end != std::string_view::npos;
+    position_ += bytes.size() + (ended ? unitOf(lineEnd_).size() : 0);
+    const std::string carriageReturn = unitOf('\r');
+    if (ended && lineEnd_ == '\n' && bytes.ends_with(carriageReturn)) bytes.remove_suffix(carriageReturn.size());
+    return true;
+}
+
+void ListFile::load(std::uint64_t begin) {
+    if (fileStamp(path_) != stamp_) {
+        throw RunTimeError(ErrorNumber::pathFileAccess, path_).because("The file was changed while it was read.");
+    }
+    piece_ = readFilePart(path_, begin, static_cast<std::size_t>(mostPieceBytes_));
+    pieceBegin_ = begin;
+    if (piece_.empty()) size_ = begin;
+}
+
+std::string_view ListFile::restOfPiece() const {
+    return std::string_view(piece_).substr(static_cast<std::size_t>(position_ - pieceBegin_));
+}
+
+std::string ListFile::unitOf(char character) const {
+    if (units_ == Units::bytes) return {character};
+    return units_ == Units::bigEndian ? std::string{'\0', character} : std::string{character, '\0'};
+}
+
+std::size_t ListFile::findEnd(std::string_view bytes) const {
+    const std::string end = unitOf(lineEnd_);
+    std::size_t at = bytes.find(end);
+    while (at != std::string_view::npos && at % end.size() != 0) at = bytes.find(end, at + 1);
+    return at;
+}
+
+std::string ListFile::decoded(std::string_view bytes) const {
+    if (units_ == Units::bytes) return isUtf8_ ? std::string(bytes) : fromOem(bytes);
+    return decodeOem(std::string(units_ == Units::bigEndian ? "\xFE\xFF" : "\xFF\xFE").append(bytes));
+}
+
+}  // namespace brasquelin
