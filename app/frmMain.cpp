@@ -3,6 +3,7 @@
 #include <wx/accel.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
+#include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
 #include "app/fileDropTarget.h"
@@ -13,6 +14,8 @@
 #include "platform/wx/placement.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
+#include "text/text.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -32,6 +35,15 @@ void appendCommands(wxMenu& menu) {
     }
 }
 
+/// More than that in a box, and it takes seconds.
+std::string wholeLine(const std::string& line) {
+    constexpr std::size_t mostCharacters = 20'000;
+    const std::string_view begin = firstCharacters(line, mostCharacters);
+    if (begin.size() == line.size()) return visibleText(line);
+    return visibleText(begin) + " ... (" + std::to_string(characterCount(line)) +
+           " characters in all; Ctrl+C in the list copies them)";
+}
+
 }  // namespace
 
 FrmMain::FrmMain()
@@ -42,12 +54,14 @@ FrmMain::FrmMain()
     makeToolbar();
     JobList_ = new JobListView(this);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
+    makeLine();
     sizer->Add(JobList_, wxSizerFlags(1).Expand());
+    sizer->Add(txtLine_, wxSizerFlags().Expand());
     SetSizer(sizer);
     bindCommands();
     Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-        JobList_->showChanges();
+        showChanges();
         event.Skip();
     });
     JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
@@ -94,6 +108,15 @@ void FrmMain::makeToolbar() {
     SetToolBar(toolbar);
 }
 
+void FrmMain::makeLine() {
+    constexpr int rows = 3;
+    txtLine_ = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                              wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP, wxDefaultValidator, "txtLine");
+    txtLine_->SetFont(JobList_->GetFont());
+    txtLine_->SetMargins(FromDIP(2));
+    txtLine_->SetMinSize(wxSize(-1, rows * txtLine_->GetCharHeight() + FromDIP(12)));
+}
+
 void FrmMain::bindCommands() {
     for (const auto& command : mainCommands()) {
         Bind(
@@ -108,7 +131,16 @@ void FrmMain::bindCommands() {
 void FrmMain::run(const MainCommand& command) {
     if (!mainCommandsEnabled()) return;
     runMainCommand(command.key, JobList_->selectedLine());
+    showChanges();
+}
+
+void FrmMain::showChanges() {
     JobList_->showChanges();
+    const auto selected = JobList_->selectedLine();
+    if (selected == shownLine_ && (!selected || shownRevision_ == jobList.revision())) return;
+    shownLine_ = selected;
+    shownRevision_ = jobList.revision();
+    txtLine_->ChangeValue(selected ? toWx(wholeLine(jobList.line(*selected))) : wxString());
 }
 
 void FrmMain::showMenu(wxContextMenuEvent& event) {

@@ -3,7 +3,13 @@
 
 #include <wx/frame.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
 #include "app/mainCommands.h"
+
+class wxTextCtrl;
 
 namespace brasquelin {
 
@@ -18,12 +24,17 @@ class FrmMain : public wxFrame {
     void makePlace();
     void makeMenu();
     void makeToolbar();
+    void makeLine();
     void bindCommands();
+    void showChanges();
     void run(const MainCommand& command);
     void showMenu(wxContextMenuEvent& event);
     void closing(wxCloseEvent& event);
 
     JobListView* JobList_ = nullptr;
+    wxTextCtrl* txtLine_ = nullptr;  // the selected line as a whole
+    std::optional<std::size_t> shownLine_;
+    std::uint64_t shownRevision_ = 0;
 };
 
 }  // namespace brasquelin

@@ -1,13 +1,14 @@
 #include "app/jobList.h"
 
 #include "text/text.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
 JobList jobList;
 
 void JobList::append(std::string line) {
-    const std::size_t count = characterCount(line);
+    const std::size_t count = characterCount(shownLine(line));
     if (lines_.empty() || count > longestCount_) {
         longest_ = lines_.size();
         longestCount_ = count;

@@ -20,7 +20,7 @@ class JobList {
     const std::string& line(std::size_t index) const { return lines_[index]; }
     const std::vector<std::string>& lines() const { return lines_; }
 
-    /// The line with the most characters, for the width of the column; nothing for an empty list.
+    /// The line of which most characters are shown, for the width of the column; nothing for an empty list.
     std::optional<std::size_t> longestLine() const;
     /// Grows with every change.
     std::uint64_t revision() const { return revision_; }

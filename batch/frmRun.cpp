@@ -21,7 +21,6 @@
 #include "batch/runPreferences.h"
 #include "batch/runRowList.h"
 #include "batch/runTexts.h"
-#include "batch/visibleText.h"
 #include "platform/desktop.h"
 #include "platform/reporting.h"
 #include "platform/wx/buttons.h"
@@ -34,6 +33,7 @@
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
 #include "text/runTimeError.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "batch/visibleText.h"
 #include "platform/codePages.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 

@@ -7,10 +7,9 @@
 
 #include "batch/runRows.h"
 #include "batch/runTexts.h"
-#include "batch/visibleText.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/wxText.h"
-#include "text/text.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -18,15 +17,8 @@ namespace {
 
 enum Column { statusColumn, numberColumn, startColumn, durationColumn, commandColumn };
 
-constexpr std::size_t longestShown = 1000;  // characters; columns cannot be wider than a screen's coordinates
-
 std::size_t jobOf(long item) {
     return static_cast<std::size_t>(item) + 1;
-}
-
-std::string shownLine(const std::string& line) {
-    const auto shown = firstCharacters(line, longestShown);
-    return visibleText(shown) + (shown.size() < line.size() ? " ..." : "");
 }
 
 bool isDark(const wxColour& colour) {

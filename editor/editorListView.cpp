@@ -6,6 +6,7 @@
 #include "editor/problemList.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -39,7 +40,7 @@ void EditorListView::findLongest() {
     longest_.reset();
     std::size_t most = 0;
     for (std::size_t i = 0; i < lines().size(); ++i) {
-        const std::size_t characters = characterCount(lines()[i]);
+        const std::size_t characters = characterCount(shownLine(lines()[i]));
         if (longest_ && characters <= most) continue;
         longest_ = i;
         most = characters;
@@ -60,9 +61,9 @@ bool EditorListView::isAttribute(long item) const {
 }
 
 /// Attribute lines are indented and dim, so that the groups stand out.
-wxString EditorListView::OnGetItemText(long item, long column) const {
-    const wxString text = LineList::OnGetItemText(item, column);
-    return isAttribute(item) ? "    " + text : text;
+wxString EditorListView::wholeText(std::size_t index) const {
+    const wxString text = LineList::wholeText(index);
+    return isAttribute(static_cast<long>(index)) ? "    " + text : text;
 }
 
 std::optional<Severity> EditorListView::severityOf(long item) const {

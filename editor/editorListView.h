@@ -23,7 +23,7 @@ class EditorListView : public LineList {
     std::size_t lineCount() const override;
     const std::string& line(std::size_t index) const override;
     std::optional<std::size_t> longestLine() const override { return longest_; }
-    wxString OnGetItemText(long item, long column) const override;
+    wxString wholeText(std::size_t index) const override;
     wxItemAttr* OnGetItemAttr(long item) const override;
 
   private:

@@ -1,9 +1,12 @@
 #include "platform/wx/lineList.h"
 
+#include <wx/dcclient.h>
+
 #include <algorithm>
 
 #include "platform/desktop.h"
 #include "platform/wx/wxText.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -17,6 +20,10 @@ LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize
     AppendColumn("");
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         widenColumn();
+        event.Skip();
+    });
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        followScrolling();
         event.Skip();
     });
     Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
@@ -36,8 +43,7 @@ void LineList::showLines() {
 void LineList::widenColumn() {
     int width = GetClientSize().x;
     if (const auto longest = longestLine()) {
-        const int text = GetTextExtent(OnGetItemText(static_cast<long>(*longest), 0)).x;
-        width = std::max(width, text + 4 * GetCharWidth());
+        width = std::max(width, textWidth(wholeText(*longest)) + 4 * GetCharWidth());
     }
     if (GetColumnWidth(0) != width) SetColumnWidth(0, width);
 }
@@ -78,9 +84,36 @@ void LineList::copySelected() {
     if (const auto selected = selectedLine()) desktop().copyToClipboard(line(*selected));
 }
 
+int LineList::textWidth(const wxString& text) const {
+    return GetTextExtent(text).x;
+}
+
+int LineList::scrolledBy() const {
+    wxRect row;
+    return GetItemCount() > 0 && GetItemRect(std::max(0L, GetTopItem()), row) ? std::max(0, -row.x) : 0;
+}
+
+/// Where the rows end in an ellipsis depends on it.
+void LineList::followScrolling() {
+    const int now = scrolledBy();
+    if (now == scrolledBy_) return;
+    scrolledBy_ = now;
+    Refresh();
+}
+
+wxString LineList::wholeText(std::size_t index) const {
+    return toWx(shownLine(line(index)));
+}
+
 wxString LineList::OnGetItemText(long item, long /*column*/) const {
     const auto index = static_cast<std::size_t>(item);
-    return index < lineCount() ? toWx(line(index)) : wxString();
+    if (index >= lineCount()) return {};
+    const wxString text = wholeText(index);
+    const int room = scrolledBy_ + GetClientSize().x - GetCharWidth();
+    if (room <= 0 || textWidth(text) <= room) return text;
+    wxClientDC measure(const_cast<LineList*>(this));
+    measure.SetFont(GetFont());
+    return wxControl::Ellipsize(text, measure, wxELLIPSIZE_END, room, wxELLIPSIZE_FLAGS_NONE);
 }
 
 }  // namespace brasquelin

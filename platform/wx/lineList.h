@@ -1,4 +1,5 @@
-// A list control that looks into lines kept elsewhere, so that a hundred thousand of them cost no time.
+// A list control that looks into lines kept elsewhere, so that a hundred thousand of them cost no time. What would not
+// be seen of a line stands there as signs, and a line that goes on beyond the window ends in an ellipsis.
 #pragma once
 
 #include <wx/listctrl.h>
@@ -26,17 +27,24 @@ class LineList : public wxListView {
   protected:
     virtual std::size_t lineCount() const = 0;
     virtual const std::string& line(std::size_t index) const = 0;
-    /// The line with the most characters, for the width of the column; nothing without lines.
+    /// The line of which most characters are shown, for the width of the column; nothing without lines.
     virtual std::optional<std::size_t> longestLine() const = 0;
 
     /// The lines have changed. The scroll position stays where there are still enough of them.
     void showLines();
 
-    wxString OnGetItemText(long item, long column) const override;
+    /// What the row shows where there is room for it.
+    virtual wxString wholeText(std::size_t index) const;
 
   private:
+    wxString OnGetItemText(long item, long column) const final;
+    int textWidth(const wxString& text) const;
+    int scrolledBy() const;
+    void followScrolling();
     void widenColumn();
     void copySelected();
+
+    int scrolledBy_ = 0;  // pixels to the right, when the rows were drawn
 };
 
 }  // namespace brasquelin

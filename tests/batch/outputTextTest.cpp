@@ -6,7 +6,6 @@
 #include <string>
 
 #include "batch/outputTail.h"
-#include "batch/visibleText.h"
 #include "platform/codePages.h"
 #include "support/scratchDirectory.h"
 
@@ -84,11 +83,6 @@ TEST(OutputTextTest, TheTailFollowsAFileThatGrows) {
     tail.show(file, 0, OutputTail::growing);
     EXPECT_TRUE(tail.update());
     EXPECT_EQ("whole\nlines\nstand\n", tail.text().substr(tail.text().find('\n') + 1));
-}
-
-TEST(OutputTextTest, CommandLinesShowWhatWouldNotBeSeen) {
-    EXPECT_EQ("a\u2409b <U+202E>\u00E9\U0001F600", visibleText("a\tb \u202E\u00E9\U0001F600"));
-    EXPECT_EQ("bad \uFFFD\uFFFD \uFFFD\uFFFD\uFFFD.\uFFFD", visibleText("bad \xFF\xC3 \xED\xA0\x80.\xC3"));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "support/scratchDirectory.h"
 #include "text/runTimeError.h"
 #include "text/substitution.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 namespace {
@@ -101,6 +102,37 @@ TEST(Substitution, DirectoriesAndDoubledBackslashes) {
     EXPECT_EQ(doubleBackslashes("C:\\Work\\P"), "C:\\\\Work\\\\P");
     EXPECT_EQ(doubleBackslashes("C:\\abc"), "");
     EXPECT_EQ(doubleBackslashes("/data/a\\b"), "/data/a\\b");
+}
+
+TEST(Text, WhatWouldNotBeSeenIsShown) {
+    EXPECT_EQ("a\u2409b <U+202E>\u00E9\U0001F600", visibleText("a\tb \u202E\u00E9\U0001F600"));
+    EXPECT_EQ("bad \uFFFD\uFFFD \uFFFD\uFFFD\uFFFD.\uFFFD", visibleText("bad \xFF\xC3 \xED\xA0\x80.\xC3"));
+    for (const char* unseen : {"\u200E", "\u200F", "\u061C", "\u202A", "\u202E", "\u2066", "\u2069", "\u200B"}) {
+        EXPECT_TRUE(visibleText(unseen).starts_with("<U+")) << visibleText(unseen);
+    }
+    EXPECT_EQ("a\u240A", shownLine("a\n"));
+    EXPECT_EQ(std::string(1000, 'x'), shownLine(std::string(1000, 'x')));
+    EXPECT_EQ(std::string(1000, 'x') + " ...", shownLine(std::string(1001, 'x')));
+    EXPECT_LT(shownLine(replaceAll(std::string(1000, 'x'), "x", "\u202E")).size(), 1100U);
+}
+
+TEST(Text, AnEditOfTheVisibleFormKeepsWhatItsSignsStandFor) {
+    const std::string text = "a\tb\u202E\u00E9\t\xFF";
+    const struct {
+        std::string shown;
+        std::string meant;
+    } cases[] = {
+        {visibleText(text), text},
+        {"xa\u2409b<U+202E>\u00E9\u2409\uFFFD", "xa\tb\u202E\u00E9\t\xFF"},
+        {"a\u2409b<U+202E>\u00E9\u2409\uFFFDy", "a\tb\u202E\u00E9\t\xFFy"},
+        {"a\u2409bX<U+202E>\u00E9\u2409\uFFFD", "a\tbX\u202E\u00E9\t\xFF"},
+        {"a\u2409b<U+202E\u00E9\u2409\uFFFD", "a\tb<U+202E\u00E9\t\xFF"},  // one character of the sign is gone
+        {"a\u2409\uFFFD", "a\t\xFF"},
+        {"\u2409", "\u2409"},  // typed: what was there was replaced as a whole
+        {"", ""},
+    };
+    for (const auto& [shown, meant] : cases) EXPECT_EQ(meant, withEdit(text, shown)) << shown;
+    EXPECT_EQ("<U+202E>", withEdit("<U+202E", "<U+202E>"));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <wx/dnd.h>
 #include <wx/frame.h>
 #include <wx/hyperlink.h>
+#include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
 #include <stdexcept>
@@ -118,6 +119,37 @@ TEST_F(MainWindow, ShowsTheJobListAndClearsIt) {
     EXPECT_EQ(0, list.GetItemCount());
     EXPECT_EQ(list.GetClientSize().x, list.GetColumnWidth(0));
     EXPECT_FALSE(list.selectedLine());
+}
+
+TEST_F(MainWindow, ALineShowsWhatIsRunAndThatItGoesOn) {
+    wxFrame& frame = start();
+    auto& list = control<JobListView>(frame, "JobList");
+    const auto& whole = control<wxTextCtrl>(frame, "txtLine");
+    const std::string hidden = "echo \u202Egpj.x\u202C\ta\rb";
+    const std::string far = "echo a" + std::string(900, ' ') + "; rm b";
+    const std::string endless(1'000'000, 'x');
+    for (const auto& line : {hidden, far, endless}) jobList.append(line);
+    pump();
+    EXPECT_EQ(toWx("echo <U+202E>gpj.x<U+202C>\u2409a\u240Db"), list.GetItemText(0));
+    for (const long item : {1L, 2L}) {
+        const wxString row = list.GetItemText(item);
+        EXPECT_TRUE(row.EndsWith("...")) << row;
+        EXPECT_LE(list.GetTextExtent(row).x, list.GetClientSize().x);
+    }
+    const auto wholeOf = [&](long item) {
+        list.Select(item);
+        pump();
+        return fromWx(whole.GetValue());
+    };
+    EXPECT_EQ("echo <U+202E>gpj.x<U+202C>\u2409a\u240Db", wholeOf(0));
+    EXPECT_EQ(far, wholeOf(1));
+    EXPECT_TRUE(wholeOf(2).ends_with("x ... (1000000 characters in all; Ctrl+C in the list copies them)"));
+    EXPECT_EQ((Lines{hidden, far, endless}), jobList.lines());
+    list.Select(0);
+    chooseFromMenu(frame, "Execute this line");
+    EXPECT_EQ(Lines{hidden}, processes.commands);
+    clickTool(frame, "Clear Joblist");
+    EXPECT_EQ("", whole.GetValue());
 }
 
 TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {

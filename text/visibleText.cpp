@@ -1,9 +1,11 @@
-#include "batch/visibleText.h"
+#include "text/visibleText.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdio>
+#include <utility>
+#include <vector>
 
 #include "text/text.h"
 
@@ -36,6 +38,32 @@ bool isUnseen(char32_t codePoint) {
 
 std::size_t lengthOf(unsigned char lead) {
     return lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+}
+
+/// Appends the visible form of what is taken off the line.
+void takeVisible(std::string& text, std::string_view& line) {
+    const std::size_t left = line.size();
+    const char32_t codePoint = takeCodePoint(line);
+    const bool cutOff = codePoint == 0 && line.size() == left;
+    if (cutOff) line.remove_prefix(1);
+    appendVisible(text, cutOff ? unreadable : codePoint);
+}
+
+/// A character and what is shown of it.
+struct Piece {
+    std::string_view bytes;
+    std::string visible;
+};
+
+std::vector<Piece> piecesOf(std::string_view text) {
+    std::vector<Piece> pieces;
+    while (!text.empty()) {
+        const std::string_view left = text;
+        std::string visible;
+        takeVisible(visible, text);
+        pieces.push_back({left.substr(0, left.size() - text.size()), std::move(visible)});
+    }
+    return pieces;
 }
 
 }  // namespace
@@ -73,14 +101,37 @@ char32_t takeCodePoint(std::string_view& text) {
 std::string visibleText(std::string_view line) {
     std::string text;
     text.reserve(line.size());
-    while (!line.empty()) {
-        const std::size_t left = line.size();
-        const char32_t codePoint = takeCodePoint(line);
-        const bool cutOff = codePoint == 0 && line.size() == left;
-        if (cutOff) line.remove_prefix(1);
-        appendVisible(text, cutOff ? unreadable : codePoint);
-    }
+    while (!line.empty()) takeVisible(text, line);
     return text;
+}
+
+std::string shownLine(std::string_view line) {
+    constexpr std::size_t longestShown = 1000;  // columns cannot be wider than a screen's coordinates
+    std::string text;
+    for (std::size_t count = 0; !line.empty() && count < longestShown;) {
+        const std::size_t before = text.size();
+        takeVisible(text, line);
+        count += characterCount(std::string_view(text).substr(before));
+    }
+    return line.empty() ? text : text + " ...";
+}
+
+std::string withEdit(std::string_view text, std::string_view shown) {
+    const std::vector<Piece> pieces = piecesOf(text);
+    std::size_t first = 0;
+    std::string kept;
+    for (; first < pieces.size() && shown.starts_with(pieces[first].visible); ++first) {
+        shown.remove_prefix(pieces[first].visible.size());
+        kept.append(pieces[first].bytes);
+    }
+    std::size_t end = pieces.size();
+    while (end > first && shown.ends_with(pieces[end - 1].visible)) {
+        --end;
+        shown.remove_suffix(pieces[end].visible.size());
+    }
+    kept.append(shown);
+    for (; end < pieces.size(); ++end) kept.append(pieces[end].bytes);
+    return kept;
 }
 
 }  // namespace brasquelin

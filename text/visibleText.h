@@ -14,7 +14,14 @@ void appendVisible(std::string& text, char32_t codePoint);
 /// Nothing is taken when the text ends within a character: 0 then.
 char32_t takeCodePoint(std::string_view& text);
 
-/// A command line as it can be shown.
+/// A line as it can be shown.
 std::string visibleText(std::string_view line);
+
+/// The same for a list: after about a thousand characters " ..." stands for the rest.
+std::string shownLine(std::string_view line);
+
+/// The text whose visible form the user has changed to `shown`: what was left alone keeps the characters that its signs
+/// stand for.
+std::string withEdit(std::string_view text, std::string_view shown);
 
 }  // namespace brasquelin
