@@ -60,7 +60,10 @@ RunOutcome runOutcomeOf(std::string_view name) {
 }
 
 std::string encode(const RunMessage& message) {
-    std::string line(kinds[static_cast<std::size_t>(message.kind)]);
+    constexpr std::size_t usual = 96;  // bytes
+    std::string line;
+    line.reserve(usual);
+    line = kinds[static_cast<std::size_t>(message.kind)];
     const auto append = [&](auto number) { line.append(" ").append(std::to_string(number)); };
     append(message.job);
     append(message.time);
@@ -68,7 +71,9 @@ std::string encode(const RunMessage& message) {
     append(message.output);
     append(message.exitCode);
     append(message.signal);
-    return line.append(" ").append(onOneLine(message.text)).append("\n");
+    line += ' ';
+    if (!message.text.empty()) line.append(onOneLine(message.text));
+    return line.append("\n");
 }
 
 std::vector<RunMessage> RunMessageReader::take(std::string_view bytes) {
