@@ -1,0 +1,46 @@
+// A program directory for one input, without windows, real time or processes.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/fakeProcesses.h"
+#include "support/scratchDirectory.h"
+#include "support/scriptedDesktop.h"
+
+namespace brasquelin {
+
+class World {
+  public:
+    World();
+    ~World();
+    World(const World&) = delete;
+    World& operator=(const World&) = delete;
+
+    std::string write(std::string_view name, std::string_view bytes) const { return directory_.write(name, bytes); }
+    std::string read(std::string_view name) const { return directory_.read(name); }
+    std::string operator/(std::string_view name) const { return directory_ / name; }
+
+    ScriptedDesktop desktop;
+    FakeProcessTable processes;
+
+  private:
+    std::filesystem::path startedIn_;
+    ScratchDirectory directory_;
+    FakeClock clock_;
+};
+
+/// Does something that may be refused: with a run-time error, a parse error, or the end of the program. True when it
+/// was not.
+bool allowed(const std::function<void()>& step);
+
+/// The pieces of an input, for targets that want several texts: separated by a line "====".
+std::vector<std::string> pieces(std::string_view input, std::size_t count);
+
+/// Ends the process when a promise is broken.
+void require(bool promise, std::string_view what);
+
+}  // namespace brasquelin
