@@ -11,6 +11,7 @@
 #include "platform/wx/buttons.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/wxText.h"
+#include "text/visibleText.h"
 #include "vars/loadPrompt.h"
 
 namespace brasquelin {
@@ -40,7 +41,9 @@ int heightForWindows(const wxWindow& window) {
 }  // namespace
 
 FrmVarForm::FrmVarForm(std::shared_ptr<PromptForm> form)
-    : ProgramDialog(form->windowName(), form->title, parentFor(*form)), form_(std::move(form)), scale_(*this) {
+    : ProgramDialog(form->windowName(), visibleText(form->title), parentFor(*form)),
+      form_(std::move(form)),
+      scale_(*this) {
     makeRows();
     makeButtons();
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {

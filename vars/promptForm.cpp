@@ -7,6 +7,7 @@
 #include "platform/paths.h"
 #include "platform/reporting.h"
 #include "text/text.h"
+#include "text/visibleText.h"
 #include "vars/rememberedValues.h"
 
 namespace brasquelin {
@@ -57,7 +58,7 @@ std::string startOf(const PromptRow& row) {
 bool askForRow(PromptRow& row, const std::string& about) {
     if (row.showsPath()) return browse(row, about);
     if (!row.showsText()) return false;
-    const auto answer = desktop().askText(row.label + "\r\n\r\n" + about, "Brasquelin", row.text);
+    const auto answer = desktop().askText(visibleText(row.label) + "\r\n\r\n" + about, "Brasquelin", row.text);
     if (!answer) throw EndProgram(desktop().hasWindows() ? 0 : 1);
     row.text = *answer;
     return true;
@@ -151,8 +152,9 @@ std::string_view PromptForm::windowName() const {
 
 std::string PromptForm::about(const PromptRow& row) const {
     const std::string_view file = kind == PromptKind::profile ? "profile" : "library";
-    const std::string variable = "Variable '" + row.name + "' of the " + std::string(file) + " '" + title + "'";
-    return row.info.empty() ? variable : variable + "\r\n" + row.info;
+    const std::string variable =
+        visibleText("Variable '" + row.name + "' of the " + std::string(file) + " '" + title + "'");
+    return row.info.empty() ? variable : variable + "\r\n" + visibleText(row.info);
 }
 
 std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations, std::string_view path) {

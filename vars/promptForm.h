@@ -83,7 +83,8 @@ struct PromptForm {
 
     /// "frmVarProfile" or "frmVarFunction"
     std::string_view windowName() const;
-    /// For boxes that ask for one row alone: which variable of which file, and what its declaration tells.
+    /// For boxes that ask for one row alone: which variable of which file, and what its declaration tells, as it can be
+    /// shown.
     std::string about(const PromptRow& row) const;
 };
 

@@ -10,9 +10,11 @@
 
 #include "platform/wx/buttons.h"
 #include "platform/wx/dropDown.h"
+#include "platform/wx/messageLines.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/twipScale.h"
 #include "platform/wx/wxText.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -34,8 +36,20 @@ wxColour mixed(const wxColour& base, const wxColour& tint, double share) {
 /// "archive (PathSave)", then what the declaration tells.
 std::string nameTip(const PromptRow& row) {
     const std::string type = row.typeSpec.substr(0, row.typeSpec.find('('));
-    const std::string tip = row.name + " (" + type + ")";
-    return row.info.empty() ? tip : tip + "\n" + row.info;
+    const std::string tip = visibleText(row.name + " (" + type + ")");
+    return row.info.empty() ? tip : tip + "\n" + visibleText(row.info);
+}
+
+std::vector<std::string> shownChoices(const PromptRow& row) {
+    std::vector<std::string> shown;
+    for (const auto& choice : row.choices) shown.push_back(visibleText(choice));
+    return shown;
+}
+
+wxString wholeTip(const std::string& info, const std::string& value) {
+    constexpr std::size_t widestLine = 110;
+    const std::string tip = info.empty() ? "" : visibleText(info) + "\n";
+    return toWx(tip + "Longer than its box:\n") + brokenIntoLines(toWx(value), widestLine);
 }
 
 }  // namespace
@@ -44,7 +58,7 @@ wxColour backdropColour(const wxWindow& window) {
     return mixed(window.GetBackgroundColour(), wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT), 0.14);
 }
 
-PromptRowView::PromptRowView(wxScrolledWindow& parent, PromptRow& row, std::size_t index) : row_(row) {
+PromptRowView::PromptRowView(wxScrolledWindow& parent, PromptRow& row, std::size_t index) : row_(row), index_(index) {
     makeName(parent, index);
     if (row.showsText()) makeText(parent, index, "textType");
     if (row.showsPath()) makeText(parent, index, "pathType");
@@ -52,10 +66,18 @@ PromptRowView::PromptRowView(wxScrolledWindow& parent, PromptRow& row, std::size
     if (row.showsChoices()) makeChoices(parent, index);
 }
 
+/// Made when it is needed: GTK complains of hidden controls that are scrolled.
+void PromptRowView::makeSign() {
+    wxWindow& parent = *varName_->GetParent();
+    goesOn_ = new wxStaticText(&parent, wxID_ANY, toWx("\u00BB"), wxDefaultPosition, wxDefaultSize, 0,
+                               controlName("goesOn", index_));
+    if (row_.backdropVisible) goesOn_->SetBackgroundColour(backdropColour(parent));
+}
+
 void PromptRowView::makeName(wxScrolledWindow& parent, std::size_t index) {
     varName_ = new wxStaticText(&parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, controlName("varName", index));
-    varName_->SetLabelText(toWx(row_.label));
+    varName_->SetLabelText(toWx(visibleText(row_.label)));
     varName_->SetToolTip(toWx(nameTip(row_)));
     if (row_.backdropVisible) varName_->SetBackgroundColour(backdropColour(parent));
     if (!row_.askUser) return;
@@ -66,16 +88,18 @@ void PromptRowView::makeName(wxScrolledWindow& parent, std::size_t index) {
 }
 
 void PromptRowView::makeText(wxScrolledWindow& parent, std::size_t index, const char* name) {
-    text_ = makeTextBox(&parent, controlName(name, index), row_.text,
-                        [this](std::string text) { row_.text = std::move(text); });
-    if (!row_.info.empty()) text_->SetToolTip(toWx(row_.info));
+    text_ = makeTextBox(&parent, controlName(name, index), visibleText(row_.text));
+    text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { showWhetherItGoesOn(); });
+    keepExact(*text_, row_.text);
 }
 
 void PromptRowView::makeChoices(wxScrolledWindow& parent, std::size_t index) {
-    listType_ = new DropDown(&parent, row_.choices, controlName("listType", index));
+    listType_ = new DropDown(&parent, shownChoices(row_), controlName("listType", index));
     listType_->SetSelection(row_.selected);
-    if (!row_.info.empty()) listType_->SetToolTip(toWx(row_.info));
-    listType_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { row_.selected = listType_->GetSelection(); });
+    listType_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) {
+        row_.selected = listType_->GetSelection();
+        showWhetherItGoesOn();
+    });
 }
 
 void PromptRowView::makeGetPath(wxScrolledWindow& parent, std::size_t index) {
@@ -84,7 +108,8 @@ void PromptRowView::makeGetPath(wxScrolledWindow& parent, std::size_t index) {
 
 void PromptRowView::browseForPath() {
     if (!browse(row_)) return;
-    text_->ChangeValue(toWx(row_.text));
+    text_->ChangeValue(toWx(visibleText(row_.text)));
+    showWhetherItGoesOn();
     text_->SetFocus();
     text_->SetInsertionPointEnd();  // the name of a file stands at the end of its path
 }
@@ -113,10 +138,46 @@ void PromptRowView::place(const TwipScale& scale, const ExtraWidths& extra, int 
         box.height = std::max(box.height, listType_->GetBestSize().y);
         listType_->SetSize(box);
     }
+    if (!valueControl()) return;
+    valueWidth_ = valueControl()->GetSize().x;
+    showWhetherItGoesOn();
+}
+
+wxControl* PromptRowView::valueControl() const {
+    return text_ ? static_cast<wxControl*>(text_) : listType_;
+}
+
+/// The beginning is enough for what has no end.
+std::string PromptRowView::shownValue() const {
+    if (text_) return shownLine(row_.text);
+    return row_.selected < 0 ? "" : shownLine(row_.choices[static_cast<std::size_t>(row_.selected)]);
+}
+
+void PromptRowView::showWhetherItGoesOn() {
+    wxControl& box = *valueControl();
+    const std::string value = shownValue();
+    const bool goesOn = box.GetSizeFromTextSize(box.GetTextExtent(toWx(value)).x).x > valueWidth_;
+    if (goesOn && !goesOn_) makeSign();
+    if (!goesOn && goesOn_) {
+        goesOn_->Destroy();
+        goesOn_ = nullptr;
+    }
+    placeSign();
+    const wxString tip = goesOn ? wholeTip(row_.info, value) : toWx(visibleText(row_.info));
+    if (goesOn_) goesOn_->SetToolTip(tip);
+    if (box.GetToolTipText() != tip) box.SetToolTip(tip);
+}
+
+void PromptRowView::placeSign() {
+    wxControl& box = *valueControl();
+    const wxSize sign = goesOn_ ? goesOn_->GetBestSize() + wxSize(box.FromDIP(4), 0) : wxSize(0, 0);
+    box.SetSize(valueWidth_ - sign.x, box.GetSize().y);
+    if (!goesOn_) return;
+    goesOn_->Move(box.GetRect().GetRight() + sign.x / 4, box.GetPosition().y + (box.GetSize().y - sign.y) / 2);
 }
 
 int PromptRowView::missingNameWidth(const TwipScale& scale) const {
-    const int needed = varName_->GetTextExtent(toWx(row_.label)).x + 1;
+    const int needed = varName_->GetTextExtent(varName_->GetLabelText()).x + 1;
     return std::max(0, needed - scale.x(RowPlacement().varName.width));
 }
 
@@ -126,8 +187,7 @@ bool PromptRowView::needsUser() const {
 }
 
 void PromptRowView::takeFocus() {
-    wxWindow* control = text_ ? static_cast<wxWindow*>(text_) : listType_;
-    if (control) control->SetFocus();
+    if (wxWindow* control = valueControl()) control->SetFocus();
     if (text_) text_->SelectAll();
 }
 

@@ -4,10 +4,12 @@
 #include <wx/gdicmn.h>
 
 #include <cstddef>
+#include <string>
 
 #include "vars/promptForm.h"
 
 class wxButton;
+class wxControl;
 class wxScrolledWindow;
 class wxStaticText;
 class wxTextCtrl;
@@ -25,7 +27,7 @@ struct ExtraWidths {
 };
 
 /// Shows a row of the form and writes into it what the user does. The controls of row 0 are named "varName", "textType"
-/// and so on, those of row n "varName(n)".
+/// and so on, those of row n "varName(n)". A value that is longer than its box is marked; the tool tip shows it whole.
 class PromptRowView {
   public:
     PromptRowView(wxScrolledWindow& parent, PromptRow& row, std::size_t index);
@@ -47,12 +49,20 @@ class PromptRowView {
     void makeChoices(wxScrolledWindow& parent, std::size_t index);
     void makeGetPath(wxScrolledWindow& parent, std::size_t index);
     void browseForPath();
+    wxControl* valueControl() const;
+    std::string shownValue() const;
+    void showWhetherItGoesOn();
+    void makeSign();
+    void placeSign();
 
     PromptRow& row_;
+    std::size_t index_;
     wxStaticText* varName_ = nullptr;
     wxTextCtrl* text_ = nullptr;
     DropDown* listType_ = nullptr;
     wxButton* getPath_ = nullptr;
+    wxStaticText* goesOn_ = nullptr;  // after a value that is longer than its box only
+    int valueWidth_ = 0;              // of the box and that sign, in pixels
 };
 
 /// The colour of the backdrops: a tint of the window's own colour that suits light and dark themes.

@@ -3,10 +3,12 @@
 #include <wx/clipbrd.h>
 #include <wx/textctrl.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/wx/wxText.h"
 #include "text/text.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -39,6 +41,15 @@ void joinLines(wxTextCtrl& box, wxCommandEvent& event) {
     box.SetInsertionPoint(cursor);
 }
 
+/// After the event, when the cursor stands where it will be.
+void showSigns(wxTextCtrl& box, const std::string& text) {
+    const wxString visible = toWx(visibleText(text));
+    if (box.GetValue() == visible) return;
+    const long fromEnd = box.GetLastPosition() - box.GetInsertionPoint();
+    box.ChangeValue(visible);
+    box.SetInsertionPoint(std::max(0L, box.GetLastPosition() - fromEnd));
+}
+
 }  // namespace
 
 wxTextCtrl* makeTextBox(wxWindow* parent, const wxString& name, std::string_view text,
@@ -56,6 +67,16 @@ wxTextCtrl* makeTextBox(wxWindow* parent, const wxString& name, std::string_view
 void keepOnOneLine(wxTextCtrl& box) {
     box.Bind(wxEVT_TEXT_PASTE, [&box](wxClipboardTextEvent& event) { paste(box, event); });
     box.Bind(wxEVT_TEXT, [&box](wxCommandEvent& event) { joinLines(box, event); });
+}
+
+void keepExact(wxTextCtrl& box, std::string& text) {
+    box.Bind(wxEVT_TEXT, [&box, &text](wxCommandEvent& event) {
+        const std::string shown = fromWx(box.GetValue());
+        text = withEdit(text, shown);
+        if (visibleText(text) != shown) box.CallAfter([&box, &text] { showSigns(box, text); });
+        event.Skip();
+    });
+    keepOnOneLine(box);
 }
 
 }  // namespace brasquelin

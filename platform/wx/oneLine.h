@@ -19,4 +19,8 @@ wxTextCtrl* makeTextBox(wxWindow* parent, const wxString& name, std::string_view
 /// which then see only what is on one line.
 void keepOnOneLine(wxTextCtrl& box);
 
+/// What would not be seen in the box's text stands there as signs. `text` follows what the user does and keeps what the
+/// signs stand for; the box, made with `visibleText` of it, does not outlive it.
+void keepExact(wxTextCtrl& box, std::string& text);
+
 }  // namespace brasquelin

@@ -26,6 +26,7 @@
 #include "platform/wx/wxText.h"
 #include "text/runTimeError.h"
 #include "text/substitution.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -163,13 +164,14 @@ bool WxDesktop::askYesNo(std::string_view text, std::string_view title) {
 
 std::optional<std::string> WxDesktop::askText(std::string_view prompt, std::string_view title,
                                               std::string_view defaultText) {
-    wxTextEntryDialog box(newestWindow(), messageText(prompt), toWx(title), toWx(defaultText));
+    std::string text(defaultText);
+    wxTextEntryDialog box(newestWindow(), messageText(prompt), toWx(title), toWx(visibleText(text)));
     for (auto* part : box.GetChildren()) {
-        if (auto* line = dynamic_cast<wxTextCtrl*>(part)) keepOnOneLine(*line);
+        if (auto* line = dynamic_cast<wxTextCtrl*>(part)) keepExact(*line, text);
     }
     keepCentred(box);
     if (showModally(box) != wxID_OK) return std::nullopt;
-    return fromWx(box.GetValue());
+    return text;
 }
 
 /// The dialog's own question about an existing file does not know the extension that is added behind it.

@@ -165,6 +165,59 @@ TEST_F(Prompt, LongNamesAreShownWhole) {
     openPicked(writeProfile("profiles/endless.bqp", "Endless", endless + "\n.Type=Text\n.Info=i\n", ""));
 }
 
+TEST_F(Prompt, ShowsSignsForWhatWouldNotBeSeenAndHandsItOnAsItIs) {
+    start();
+    const std::string path = writeProfile("profiles/signs.bqp", "S\u202Eigns",
+                                          "na\u202Eme\n.Type=Text\n.Info=in\tfo\n.Default=a\t\u202Eb\n"
+                                          "list\n.Type=List(c\u200Fd||e)\n.Info=x\n.Default=1\n",
+                                          "$na\u202Eme$/$list$");
+    next([](wxDialog& prompt) {
+        EXPECT_EQ("S<U+202E>igns", prompt.GetTitle());
+        EXPECT_EQ("na<U+202E>me=", control<wxStaticText>(prompt, "varName").GetLabelText());
+        EXPECT_EQ(toWx("in\u2409fo"), findControl(prompt, "textType")->GetToolTipText());
+        EXPECT_EQ(toWx("a\u2409<U+202E>b"), control<wxTextCtrl>(prompt, "textType").GetValue());
+        EXPECT_EQ("c<U+200F>d", control<DropDown>(prompt, "listType(1)").GetStringSelection());
+        click(prompt, "cmdOK");
+    });
+    openPicked(path);
+    next([](wxDialog& prompt) {
+        auto& box = control<wxTextCtrl>(prompt, "textType");
+        box.SetInsertionPointEnd();
+        box.WriteText("c");
+        box.SetInsertionPoint(0);
+        box.WriteText(toWx("x\u2066"));
+        pump();
+        EXPECT_EQ(toWx("x<U+2066>a\u2409<U+202E>bc"), box.GetValue());
+        EXPECT_EQ(9, box.GetInsertionPoint());
+        click(prompt, "cmdOK");
+    });
+    openPicked(path);
+    EXPECT_EQ((Lines{"echo a\t\u202Eb/c\u200Fd", "echo x\u2066a\t\u202Ebc/c\u200Fd"}), jobList.lines());
+    modals.textAnswers = {"y"};
+    EXPECT_EQ("y", windows.askText("prompt", "title", "a\tb"));
+}
+
+TEST_F(Prompt, AValueLongerThanItsBoxIsMarkedAndItsTipShowsItWhole) {
+    start();
+    const std::string far = "x" + std::string(200, ' ') + "; rm y";
+    next([&](wxDialog& prompt) {
+        wxWindow& box = *findControl(prompt, "pathType(1)");
+        EXPECT_EQ(nullptr, findControl(prompt, "goesOn(1)"));
+        const int right = box.GetRect().GetRight();
+        type(prompt, "pathType(1)", far);
+        wxWindow& sign = control<wxStaticText>(prompt, "goesOn(1)");
+        EXPECT_GE(sign.GetPosition().x, box.GetRect().GetRight());
+        EXPECT_LT(sign.GetRect().GetRight(), findControl(prompt, "getPath(1)")->GetPosition().x);
+        EXPECT_TRUE(box.GetToolTipText().EndsWith("; rm y")) << box.GetToolTipText();
+        type(prompt, "pathType(1)", "short");
+        EXPECT_EQ(nullptr, findControl(prompt, "goesOn(1)"));
+        EXPECT_EQ(right, box.GetRect().GetRight());
+        EXPECT_EQ("Input", box.GetToolTipText());
+        prompt.Close();
+    });
+    openPicked(writeAllKinds());
+}
+
 TEST_F(Prompt, AnErrorInTheProfileEndsTheProgramThroughEveryLoop) {
     wxFrame& frame = start();
     writeProfile("profiles/bad.bqp", "Bad", "v\n.Type=Text\n.Info=i\n.Default=d\n", "x\nNo such function");
