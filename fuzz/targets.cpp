@@ -187,7 +187,8 @@ void runWindow(std::string_view input) {
         require(parseJobLog(encode(entry)) == std::vector{entry}, "an entry of a job log is read back");
     }
     RunMessageReader reader;
-    for (const auto& message : reader.take(input)) {
+    for (auto& message : reader.take(input)) {
+        message.text = onOneLine(message.text);
         RunMessageReader again;
         require(again.take(encode(message)) == std::vector{message}, "a message is read back");
     }
