@@ -28,6 +28,7 @@ LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize
     });
     Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
         if (event.GetKeyCode() == 'C' && event.GetModifiers() == wxMOD_CONTROL) return copySelected();
+        if (event.GetKeyCode() == WXK_DOWN && selectFirstSeen()) return;
         event.Skip();
     });
 }
@@ -78,6 +79,13 @@ wxPoint LineList::placeOfSelection() const {
     if (selected < 0 || !GetItemRect(selected, line)) return {};
     const int height = GetClientSize().y;
     return wxPoint(0, std::clamp(line.GetBottom(), 0, height));
+}
+
+/// Without a current line GTK would take the key to leave the list. False when a line is selected already.
+bool LineList::selectFirstSeen() {
+    if (GetItemCount() == 0 || GetFirstSelected() >= 0) return false;
+    selectLine(static_cast<std::size_t>(std::max(0L, GetTopItem())));
+    return true;
 }
 
 void LineList::copySelected() {

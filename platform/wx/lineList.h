@@ -43,6 +43,7 @@ class LineList : public wxListView {
     void followScrolling();
     void widenColumn();
     void copySelected();
+    bool selectFirstSeen();
 
     int scrolledBy_ = 0;  // pixels to the right, when the rows were drawn
 };

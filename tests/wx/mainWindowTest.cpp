@@ -130,6 +130,10 @@ TEST_F(MainWindow, ALineShowsWhatIsRunAndThatItGoesOn) {
     const std::string endless(1'000'000, 'x');
     for (const auto& line : {hidden, far, endless}) jobList.append(line);
     pump();
+    wxKeyEvent down(wxEVT_KEY_DOWN);
+    down.m_keyCode = WXK_DOWN;
+    list.HandleWindowEvent(down);
+    EXPECT_EQ(0U, list.selectedLine()) << "the key must not leave the list for the box below";
     EXPECT_EQ(toWx("echo <U+202E>gpj.x<U+202C>\u2409a\u240Db"), list.GetItemText(0));
     for (const long item : {1L, 2L}) {
         const wxString row = list.GetItemText(item);
