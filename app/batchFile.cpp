@@ -15,6 +15,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/standardStreams.h"
+#include "text/raised.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {
@@ -82,18 +83,6 @@ class BatchStart {
 
     DirectoryLock lock_;
     std::optional<FileOpenWatch> watch_;
-};
-
-/// A flag that is true for as long as this lives.
-class Raised {
-  public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-  private:
-    bool& flag_;
 };
 
 void tellSignal(std::uint32_t processId) {

@@ -32,6 +32,7 @@
 #include "platform/wx/placement.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
+#include "text/raised.h"
 #include "text/runTimeError.h"
 #include "text/visibleText.h"
 
@@ -42,18 +43,6 @@ namespace {
 constexpr int gaugeRange = 1000;
 constexpr int tickTime = 50;         // milliseconds
 constexpr long progressPause = 200;  // likewise
-
-/// A flag that is true for as long as this lives.
-class Raised {
-  public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 void setText(wxStaticText& label, const std::string& text) {
     const wxString shown = toWx(text);

@@ -10,24 +10,9 @@
 #include "platform/wx/buttons.h"
 #include "platform/wx/lineList.h"
 #include "platform/wx/wxText.h"
+#include "text/raised.h"
 
 namespace brasquelin {
-
-namespace {
-
-/// True for as long as it lives.
-class AtWork {
-  public:
-    explicit AtWork(bool& busy) : busy_(busy) { busy_ = true; }
-    ~AtWork() { busy_ = false; }
-    AtWork(const AtWork&) = delete;
-    AtWork& operator=(const AtWork&) = delete;
-
-  private:
-    bool& busy_;
-};
-
-}  // namespace
 
 /// Lines that a plugin would change stand on a coloured ground.
 class PreviewList : public LineList {
@@ -93,7 +78,7 @@ wxSizer* FrmPreview::makeButtons() {
 void FrmPreview::act(const std::function<void()>& action) {
     if (busy_) return;
     {
-        const AtWork atWork(busy_);
+        const Raised atWork(busy_);
         action();
     }
     showPreview();

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/systemFiles.h"
+#include "text/substitution.h"
 
 namespace brasquelin {
 
@@ -26,7 +27,7 @@ std::string pathRelativeTo(std::string_view directory, std::string_view path) {
 }
 
 const std::string& programDirectory() {
-    static const std::string running = executableDirectory();
+    static const std::string running = dirOf(executablePath());
     return directoryOverride.empty() ? running : directoryOverride;
 }
 

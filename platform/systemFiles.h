@@ -29,7 +29,7 @@ std::filesystem::path systemPath(std::string_view path);
 /// The error of a file that holds more than `most` bytes.
 [[noreturn]] void raiseTooLarge(std::string_view path, std::uint64_t most);
 
-/// Where the running program is, without a trailing separator. Tests may redirect programDirectory, not this.
-std::string executableDirectory();
+/// The running program itself. Tests may redirect programDirectory, not this.
+std::string executablePath();
 
 }  // namespace brasquelin

@@ -66,10 +66,10 @@ std::string resolveByComponent(const std::string& path) {
 
 }  // namespace
 
-std::string executableDirectory() {
+std::string executablePath() {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? "." : dirOf(program.string());
+    return error ? joinPath(".", programFileName) : program.string();
 }
 
 std::string shortPath(std::string_view path) {

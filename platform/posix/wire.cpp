@@ -10,12 +10,11 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
-#include <filesystem>
 
-#include "platform/paths.h"
 #include "platform/posix/descendants.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/systemError.h"
+#include "platform/systemFiles.h"
 
 extern char** environ;
 
@@ -24,12 +23,6 @@ namespace brasquelin {
 namespace {
 
 constexpr int partnerEnd = 3;
-std::string ownProgram() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? joinPath(programDirectory(), programFileName) : program.string();
-}
-
 class SocketWire : public Wire {
   public:
     explicit SocketWire(int socket) : socket_(socket) { fcntl(socket, F_SETFL, O_NONBLOCK); }
@@ -76,7 +69,7 @@ class SocketWire : public Wire {
 };
 
 pid_t spawnPartner(std::string option, int socket) {
-    std::string program = ownProgram();
+    std::string program = executablePath();
     std::string end = std::to_string(partnerEnd);
     std::array<char*, 4> arguments{program.data(), option.data(), end.data(), nullptr};
     posix_spawn_file_actions_t actions;
@@ -102,7 +95,7 @@ pid_t spawnPartner(std::string option, int socket) {
 std::unique_ptr<Wire> startPartner(std::string_view option) {
     std::array<int, 2> ends{};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-        raise(errno, FileUse::reading, ownProgram());
+        raise(errno, FileUse::reading, executablePath());
     }
     auto wire = std::make_unique<SocketWire>(ends[0]);
     // A descriptor that is its partner's number already would be closed on the way.

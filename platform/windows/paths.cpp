@@ -54,14 +54,14 @@ std::wstring_view behindProgram(std::wstring_view line) {
 
 }  // namespace
 
-std::string executableDirectory() {
+std::string executablePath() {
     std::wstring name(MAX_PATH, L'\0');
     DWORD length = 0;
     while ((length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()))) == name.size()) {
         name.resize(2 * name.size());
     }
     name.resize(length);
-    return dirOf(fromWide(name));
+    return fromWide(name);
 }
 
 std::filesystem::path systemPath(std::string_view path) {

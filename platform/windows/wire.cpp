@@ -10,6 +10,7 @@
 #include <thread>
 #include <utility>
 
+#include "platform/systemFiles.h"
 #include "platform/windows/inheritedHandles.h"
 #include "platform/windows/systemError.h"
 #include "platform/windows/wideText.h"
@@ -92,16 +93,6 @@ class PipeWire : public Wire {
     bool open_ = true;
 };
 
-std::wstring ownProgram() {
-    std::wstring path(MAX_PATH, L'\0');
-    DWORD length = 0;
-    while ((length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()))) == path.size()) {
-        path.resize(2 * path.size());
-    }
-    path.resize(length);
-    return path;
-}
-
 std::string numberOf(const SystemHandle& handle) {
     return std::to_string(reinterpret_cast<std::uintptr_t>(handle.get()));
 }
@@ -116,9 +107,10 @@ SystemHandle handleOf(std::string_view number) {
 }  // namespace
 
 std::unique_ptr<Wire> startPartner(std::string_view option) {
-    const std::wstring program = ownProgram();
-    PipeEnds reading = makePipe(PipeUse::weRead, fromWide(program));
-    PipeEnds writing = makePipe(PipeUse::weWrite, fromWide(program));
+    const std::string path = executablePath();
+    const std::wstring program = toWide(path);
+    PipeEnds reading = makePipe(PipeUse::weRead, path);
+    PipeEnds writing = makePipe(PipeUse::weWrite, path);
     InheritedHandles handles({reading.theirs.get(), writing.theirs.get()});
     STARTUPINFOEXW info{};
     info.StartupInfo.cb = sizeof info;
@@ -128,7 +120,7 @@ std::unique_ptr<Wire> startPartner(std::string_view option) {
     PROCESS_INFORMATION process{};
     if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, EXTENDED_STARTUPINFO_PRESENT,
                        nullptr, nullptr, &info.StartupInfo, &process) == 0) {
-        throw RunTimeError(startErrorOf(GetLastError()), fromWide(program));
+        throw RunTimeError(startErrorOf(GetLastError()), path);
     }
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
