@@ -78,13 +78,21 @@ void takeVariable(std::string_view line, std::string_view path, int number) {
     settings.globalVarCount = std::to_string(row + 1);
 }
 
+std::string withoutToken(std::string_view line, std::string_view path, int number) {
+    try {
+        return replaceVar("exepath", exeDirectory(), line);
+    } catch (const RunTimeError& error) {
+        throw error.at(path, number);
+    }
+}
+
 void readLines(const TextFile& file, std::string_view path) {
     SectionState config(Section::config, LetterCase::exact);
     SectionState var(Section::var, LetterCase::exact);
     int number = 0;
     for (const auto& rawLine : file.lines) {
         ++number;
-        const std::string line = replaceVar("exepath", exeDirectory(), rawLine);
+        const std::string line = withoutToken(rawLine, path, number);
         if (config.noteTag(line) || var.noteTag(line)) continue;
         attempt(path, number, [&] {
             const bool isSetting = !config.isOpen() || takeSetting(line);

@@ -125,6 +125,15 @@ class FunctionRun {
     std::string expandedCommand(const std::string& command) const;
     std::string expandedWriteText(const std::string& write) const;
     void tellExpansions(bool isFile) const;
+    /// Expands a text of this line, whose errors name it.
+    template <typename Expand>
+    std::string placed(int line, Expand expand) const {
+        try {
+            return expand();
+        } catch (const RunTimeError& error) {
+            throw error.at(path_, line);
+        }
+    }
 
     std::string_view path_;
     const FunctionContext& context_;
@@ -136,9 +145,10 @@ std::string FunctionRun::perform(const std::vector<std::string>& arguments) {
     if (!isFile && !equalIgnoringCase(functionAction.type, "shell")) return {};
     resolve(arguments);
     if (onlooker()) tellExpansions(isFile);
-    std::string command = expandedCommand(functionAction.command);
+    const auto& action = functionAction;
+    const std::string command = placed(action.commandLine, [&] { return expandedCommand(action.command); });
     if (!isFile) return command;
-    saveTextFile(command, expandedWriteText(functionAction.write));
+    saveTextFile(command, placed(action.writeLine, [&] { return expandedWriteText(action.write); }));
     return "//File saved to " + command;
 }
 

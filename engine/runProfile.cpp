@@ -11,6 +11,7 @@
 #include "engine/engineTables.h"
 #include "engine/expandProfileLine.h"
 #include "engine/librarySection.h"
+#include "engine/longExpansion.h"
 #include "engine/plugins.h"
 #include "platform/desktop.h"
 #include "platform/onlooker.h"
@@ -310,6 +311,7 @@ void appendJob(std::string line) {
 
 bool runProfile(const std::string& path, int level) {
     const FileOnStack onStack(path);
+    const LongExpansion watched(path);
     try {
         ProfileRun(path, level).run();
         return true;
@@ -322,6 +324,7 @@ bool runProfile(const std::string& path, int level) {
 }
 
 bool runLibrary(const std::string& path, const std::vector<std::string>& arguments) {
+    const LongExpansion watched(path);
     return reporting(path, [&] { appendJob(runPromptedLibrary(path, arguments)); });
 }
 

@@ -66,6 +66,13 @@ RunTimeError RunTimeError::about(const std::string& path) const {
     return error;
 }
 
+RunTimeError RunTimeError::at(std::string_view path, int line) const {
+    RunTimeError error = *this;
+    if (error.path_.empty()) error.line_ = line;
+    if (error.path_.empty()) error.path_ = path;
+    return error;
+}
+
 RunTimeError RunTimeError::whollyAbout(const std::string& path) const {
     RunTimeError error = *this;
     error.path_ = path;

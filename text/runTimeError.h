@@ -40,6 +40,8 @@ class RunTimeError : public std::runtime_error {
     RunTimeError because(std::string cause) const;
     /// The same error; about this file unless it names one.
     RunTimeError about(const std::string& path) const;
+    /// The same error at this place, unless it names a file.
+    RunTimeError at(std::string_view path, int line) const;
     /// The same error about this file, whatever it names.
     RunTimeError whollyAbout(const std::string& path) const;
 

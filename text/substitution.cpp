@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/runTimeError.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -9,6 +10,18 @@ namespace brasquelin {
 namespace {
 
 constexpr std::size_t widestGap = 63;  // longer gaps share the last bit
+
+LongWorkHook longWorkHook = nullptr;
+
+/// References that lead to others may double a text with each name.
+void appendChecked(std::string& text, std::string_view piece) {
+    if (text.size() + piece.size() > mostExpandedBytes) {
+        throw RunTimeError(ErrorNumber::overflow)
+            .because("With its references replaced, the line is longer than " +
+                     std::to_string(mostExpandedBytes >> 20U) + " MB.");
+    }
+    text.append(piece);
+}
 
 std::uint64_t gapBit(std::size_t length) {
     return std::uint64_t{1} << std::min(length, widestGap);
@@ -60,45 +73,70 @@ bool ReferenceText::refersTo(std::string_view name) const {
     return false;
 }
 
-void ReferenceText::replacePair(std::size_t pair, std::string_view value) {
-    const std::size_t begin = dollars_[pair];
-    const std::size_t length = dollars_[pair + 1] - begin + 1;
-    text_.replace(begin, length, value);
+/// Takes a part of the text over into the result.
+void ReferenceText::keepText(std::size_t begin, std::size_t end) {
+    appendChecked(built_, std::string_view(text_).substr(begin, end - begin));
+}
 
-    const auto following = dollars_.erase(dollars_.begin() + static_cast<std::ptrdiff_t>(pair),
-                                          dollars_.begin() + static_cast<std::ptrdiff_t>(pair) + 2);
-    for (auto at = following; at != dollars_.end(); ++at) *at = *at - length + value.size();
-    std::ptrdiff_t index = following - dollars_.begin();
-    for (auto at = value.find('$'); at != std::string_view::npos; at = value.find('$', at + 1)) {
-        dollars_.insert(dollars_.begin() + index++, begin + at);
+void ReferenceText::replacePairs(std::size_t first, std::string_view name, std::string_view value) {
+    built_.clear();
+    builtDollars_.assign(dollars_.begin(), dollars_.begin() + static_cast<std::ptrdiff_t>(first));
+    std::size_t taken = 0;  // bytes of the text
+    std::size_t pair = first;
+    while (pair < dollars_.size()) {
+        if (pair + 1 == dollars_.size() || !pairMatches(pair, name)) {
+            builtDollars_.push_back(built_.size() + dollars_[pair++] - taken);
+            continue;
+        }
+        keepText(taken, dollars_[pair]);
+        for (auto at = value.find('$'); at != std::string_view::npos; at = value.find('$', at + 1)) {
+            builtDollars_.push_back(built_.size() + at);
+        }
+        appendChecked(built_, value);
+        taken = dollars_[pair + 1] + 1;
+        pair += 2;
     }
+    keepText(taken, text_.size());
+    text_.swap(built_);
+    dollars_.swap(builtDollars_);
     ascii_ = ascii_ && isAscii(value);
+    findGaps();
 }
 
 void ReferenceText::replace(std::string_view name, std::string_view value) {
-    if (name.find('$') != std::string_view::npos) {
-        *this = ReferenceText(replaceVar(name, value, text_));
-        return;
-    }
+    if (name.find('$') != std::string_view::npos) return assign(replaceVar(name, value, text_));
     if (!mayHoldGap(name.size())) return;
-    bool changed = false;
-    for (std::size_t pair = 0; pair + 1 < dollars_.size();) {
-        if (!pairMatches(pair, name)) {
-            ++pair;
-            continue;
-        }
-        replacePair(pair, value);
-        pair += static_cast<std::size_t>(std::count(value.begin(), value.end(), '$'));
-        changed = true;
+    tellLongWork();
+    for (std::size_t pair = 0; pair + 1 < dollars_.size(); ++pair) {
+        if (pairMatches(pair, name)) return replacePairs(pair, name, value);
     }
-    if (changed) findGaps();
 }
 
 void ReferenceText::replaceForm(std::string_view opening, std::string_view name, std::string_view value) {
     if (!mayHoldGap(name.size()) && name.find('$') == std::string_view::npos) return;
+    tellLongWork();
     const std::string form = std::string(opening) + "($" + std::string(name) + "$)";
-    if (text_.find(form) == std::string::npos) return;
-    *this = ReferenceText(replaceAll(text_, form, value));
+    std::size_t found = text_.find(form);
+    if (found == std::string::npos) return;
+    built_.clear();
+    std::size_t taken = 0;
+    for (; found != std::string::npos; found = text_.find(form, taken)) {
+        keepText(taken, found);
+        appendChecked(built_, value);
+        taken = found + form.size();
+    }
+    keepText(taken, text_.size());
+    text_.swap(built_);
+    findDollars();
+}
+
+void ReferenceText::tellLongWork() const {
+    constexpr std::size_t longText = 4096;
+    if (text_.size() > longText && longWorkHook != nullptr) longWorkHook();
+}
+
+void setLongWorkHook(LongWorkHook hook) {
+    longWorkHook = hook;
 }
 
 std::string replaceVar(std::string_view name, std::string_view value, std::string_view text) {
@@ -111,9 +149,11 @@ std::string replaceVar(std::string_view name, std::string_view value, std::strin
     std::string result;
     std::size_t from = 0;
     for (TextMatch match; (match = findIgnoringCase(text, pattern, from)); from = match.end) {
-        result.append(text.substr(from, match.begin - from)).append(value);
+        appendChecked(result, text.substr(from, match.begin - from));
+        appendChecked(result, value);
     }
-    return result.append(text.substr(from));
+    appendChecked(result, text.substr(from));
+    return result;
 }
 
 std::string dirOf(std::string_view path) {

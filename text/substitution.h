@@ -9,8 +9,16 @@
 
 namespace brasquelin {
 
+/// The longest result of a replacement.
+inline constexpr std::size_t mostExpandedBytes = 16ULL << 20;
+
+/// Called now and then while references of a long text are looked for; null for nobody. It may throw.
+using LongWorkHook = void (*)();
+void setLongWorkHook(LongWorkHook hook);
+
 /// A text whose references are replaced one name after another. It keeps the places of its dollar signs, so that a
-/// name that it does not refer to costs next to nothing.
+/// name that it does not refer to costs next to nothing, and any other one pass over the text. Replacing raises 6 for a
+/// result longer than mostExpandedBytes, and leaves the text as it was.
 class ReferenceText {
   public:
     explicit ReferenceText(std::string text = {});
@@ -34,17 +42,22 @@ class ReferenceText {
   private:
     bool mayHoldGap(std::size_t length) const;
     bool pairMatches(std::size_t pair, std::string_view name) const;
-    void replacePair(std::size_t pair, std::string_view value);
+    void replacePairs(std::size_t first, std::string_view name, std::string_view value);
+    void keepText(std::size_t begin, std::size_t end);
+    void tellLongWork() const;
     void findDollars();
     void findGaps();
 
     std::string text_;
     std::vector<std::size_t> dollars_;
+    std::string built_;  // the result of a pass; kept for its memory, as is what follows
+    std::vector<std::size_t> builtDollars_;
     std::uint64_t gaps_ = 0;  // bit n: two neighbouring dollar signs stand n bytes apart
     bool ascii_ = true;
 };
 
 /// `text` with every "$" + name + "$" replaced by `value`, in any letter case. An empty name stands for "$$".
+/// Raises 6 as above.
 std::string replaceVar(std::string_view name, std::string_view value, std::string_view text);
 
 /// The text before the last separator ("\" or "/"); empty without one.

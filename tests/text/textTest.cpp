@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <random>
+
 #include "support/scratchDirectory.h"
 #include "text/runTimeError.h"
 #include "text/substitution.h"
@@ -72,6 +75,72 @@ TEST(Substitution, ReplacesEveryReferenceInAnyLetterCaseWithoutRescanning) {
     EXPECT_EQ(replaceVar("", "x", "a$$b$$"), "axbx");
     EXPECT_EQ(replaceVar("a$b", "x", "$A$B$"), "x");
     EXPECT_EQ(replaceVar("other", "x", "$name$"), "$name$");
+}
+
+/// One name after another, by the words of the rule.
+std::string replacedSlowly(const std::string& name, const std::string& value, const std::string& text) {
+    const std::string wanted = lowerCase("$" + name + "$");
+    std::string result;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto head = fromCharacter(std::string_view(text).substr(at), 1);
+        const auto candidate = firstCharacters(head, characterCount(wanted));
+        const bool found = lowerCase(candidate) == wanted;
+        result += found ? value : std::string(firstCharacters(head, 1));
+        at += found ? candidate.size() : firstCharacters(head, 1).size();
+    }
+    return result;
+}
+
+TEST(Substitution, PassesGiveWhatTheSlowRuleGives) {
+    std::mt19937 random(3);
+    const std::vector<std::string> pieces{"$", "$", "$", "a", "A", "bc", "é", "É", "index(", ")", "x"};
+    const auto text = [&](std::size_t most) {
+        std::string made;
+        for (auto left = random() % (most + 1); left > 0; --left) made += pieces[random() % pieces.size()];
+        return made;
+    };
+    for (int round = 0; round < 20000; ++round) {
+        std::string slow = text(30);
+        ReferenceText fast(slow);
+        for (int pass = 0; pass < 8; ++pass) {
+            const std::string name = random() % 8 == 0 ? text(3) : pieces[3 + random() % 5];
+            const std::string value = text(6);
+            const std::string before = slow;
+            if (random() % 4 == 0) {
+                fast.replaceForm("index", name, value);
+                slow = replaceAll(slow, "index($" + name + "$)", value);
+            } else {
+                fast.replace(name, value);
+                slow = replacedSlowly(name, value, slow);
+            }
+            ASSERT_EQ(fast.text(), slow) << before << " with " << name << "=" << value;
+            ASSERT_EQ(fast.refersTo("a"), replacedSlowly("a", "", slow) != slow);
+        }
+    }
+}
+
+TEST(Substitution, OnePassIsLinearAndItsResultHasAnEnd) {
+    const std::size_t references = 333'000;
+    std::string line;
+    for (std::size_t i = 0; i < references; ++i) line += "$g$";
+    const auto begin = std::chrono::steady_clock::now();
+    ReferenceText text(line);
+    text.replace("g", "value");
+    EXPECT_EQ(text.text().size(), references * 5);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    text.assign(line);
+    for (const bool form : {false, true}) {
+        const std::string value(mostExpandedBytes / references + 1, 'x');
+        if (form) text.assign(replaceVar("g", "index($g$)", line));
+        try {
+            form ? text.replaceForm("index", "g", value) : text.replace("g", value);
+            ADD_FAILURE() << "replaced";
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.at("x.bqp", 3).reportWhileLoading({}),
+                      "Error 6 : Overflow\r\nWhile loading 'x.bqp' at line 3\r\nWith its references replaced, the "
+                      "line is longer than 16 MB.");
+        }
+    }
 }
 
 TEST(Substitution, AValueMayBringAReferenceForALaterName) {
