@@ -27,16 +27,60 @@ namespace {
 constexpr int journalDescriptor = 7;  // the shell knows none above 9
 constexpr int markDescriptor = 8;     // a line may send the shell's own output elsewhere
 
-/// What the shell does behind each line: number, exit status. The journal comes first: it outlives whoever reads the
-/// output.
+/// What the shell does behind each line: number, exit status, lines so far. The journal comes first: it outlives
+/// whoever reads the output.
 constexpr char afterLine[] = R"script(brasquelin_ended() {
+    brasquelin_at=$3
     echo "$1 $2" >&7
     if [ -e "$brasquelin_stop" ] || { [ "$2" != 0 ] && [ -e "$brasquelin_stop_at_failure" ]; }; then
         echo "MARK$1 $2 last" >&8
+        brasquelin_exits=yes
         exit
     fi
     echo "MARK$1 $2" >&8
 }
+)script";
+
+/// Where sh is bash, a mistake such as "${x:?}" in a line ends the shell whatever stands before "eval". Another one
+/// takes its place, with all that the lines have set, and goes on behind that line: each has two lines in the script.
+constexpr char behindMistake[] = R"script(brasquelin_at=0
+brasquelin_exits=
+brasquelin_exit() {
+    brasquelin_status=$?
+    brasquelin_exits=yes
+    exit "${1-$brasquelin_status}"
+}
+brasquelin_go_on() {
+    exec "$BASH" -c '
+        IFS= read -r -d "" brasquelin_state <&9
+        exec 9<&-
+        eval "$brasquelin_state" 2>/dev/null
+        mapfile -s $((2 * brasquelin_at + HEADER + 1)) brasquelin_rest <"$brasquelin_script"
+        [ ${#brasquelin_rest[@]} -gt 0 ] || exit "$brasquelin_status"
+        printf -v brasquelin_rest %s "${brasquelin_rest[@]}"
+        brasquelin_rest="unset brasquelin_rest brasquelin_state; (exit $brasquelin_status)
+$brasquelin_rest"
+        trap '\''brasquelin_mistake $? "$BASH_COMMAND" "$@"'\'' EXIT
+        eval "$brasquelin_rest"' "$0" "$@" 9<<EOF
+$(declare -p; declare -f; alias -p; shopt -p; set +o)
+EOF
+}
+brasquelin_mistake() {
+    brasquelin_status=$1
+    # A mistake has left the command that the shell was at, a signal has not. What "set -e" ends is no mistake.
+    case $brasquelin_exits$- in *e*) return "$1" ;; esac
+    case $2 in
+        '. '* | 'eval "$brasquelin_rest"') ;;
+        *) return "$1" ;;
+    esac
+    shift 2
+    brasquelin_go_on "$@"
+}
+if [ -n "${BASH_VERSION-}" ]; then
+    shopt -s expand_aliases
+    alias exit=brasquelin_exit
+    trap 'brasquelin_mistake $? "$BASH_COMMAND" "$@"' EXIT
+fi
 )script";
 
 struct Pipe {
@@ -200,14 +244,20 @@ bool onlyPreparesShell(std::string_view line) {
 }
 
 std::string shellScript(const std::vector<ShellLine>& lines, const ShellFiles& files, const std::string& token) {
-    std::string script = replaceAll(afterLine, "MARK", endMark(token));
+    std::string script = replaceAll(afterLine, "MARK", endMark(token)) + behindMistake;
     script.append("brasquelin_stop=").append(quotedForShell(files.stop));
-    script.append("\nbrasquelin_stop_at_failure=").append(quotedForShell(files.stopAtFailure)).append("\n");
+    script.append("\nbrasquelin_stop_at_failure=").append(quotedForShell(files.stopAtFailure));
+    script.append("\nbrasquelin_script=").append(quotedForShell(files.script)).append("\n");
+    script = replaceAll(script, "HEADER", std::to_string(std::count(script.begin(), script.end(), '\n')));
+    std::size_t step = 0;
     for (const auto& [number, line] : lines) {
+        const std::string done = std::to_string(++step);
         // "command" keeps a syntax error in one line from ending the whole batch.
         script.append("command eval ").append(quotedForShell(line)).append("\n");
-        if (number != 0) script.append("brasquelin_ended ").append(std::to_string(number)).append(" $?\n");
+        if (number == 0) script.append("brasquelin_at=").append(done).append("\n");
+        if (number != 0) script.append("brasquelin_ended " + std::to_string(number) + " $? ").append(done).append("\n");
     }
+    script.append("brasquelin_exits=yes\n");
     return script;
 }
 

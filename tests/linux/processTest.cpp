@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 
 #include "app/batchFile.h"
 #include "app/jobList.h"
@@ -12,6 +13,7 @@
 #include "platform/childProcess.h"
 #include "platform/directoryLock.h"
 #include "platform/files.h"
+#include "platform/jobShell.h"
 #include "platform/paths.h"
 #include "platform/systemLock.h"
 #include "support/becomesTrue.h"
@@ -53,6 +55,56 @@ TEST_F(LinuxProcesses, LaunchersRunBatchFilesWithTheShippedScript) {
     const std::string script = BRASQUELIN_SOURCE "/launchers/linux/brasquelin-batch";
     runForReal("cd '" + folder() + "' && echo 'a  b' | sh '" + script + "' Brasquelin my batch.bat > out.txt");
     EXPECT_EQ(read("out.txt"), "read line\necho \"<$line>\"\n<a  b>\n");
+}
+
+TEST_F(LinuxProcesses, OnlyExitEndsABatchInAnyShell) {
+    changeDirectory(folder());
+    if (std::system("command -v bash >/dev/null && ln -s \"$(command -v bash)\" sh") != 0) GTEST_SKIP() << "no bash";
+    const Lines lines{"x=1; f() { echo \"f $x\"; }; cd /",
+                      ": ${none:?}",
+                      "f",
+                      "echo $((1/0))",
+                      ": >/none/x",
+                      "set -u",
+                      "echo $none",
+                      "set +u",
+                      "alias hi='echo alias'",
+                      ": ${none:?}",
+                      "hi; pwd",
+                      "false || exit 5",
+                      "echo never",
+                      "// comment",
+                      "echo never"};
+    std::string echoed;
+    std::vector<ShellLine> numbered;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        numbered.push_back({onlyPreparesShell(lines[i]) ? 0 : i + 1, lines[i]});
+        if (i < 12) echoed += lines[i] + (i == 2 ? "\nf 1\n" : i == 10 ? "\nalias\n/\n" : "\n");
+    }
+    write("my.bat", lines);
+    writeBytes("script", shellScript(numbered, {folder() + "/script", {}, "none", "none"}, "mark"));
+    for (const std::string shell : {"/bin/sh", "bash", "bash --posix", "./sh"}) {
+        const auto run = [&](const std::string& command) {
+            return WEXITSTATUS(std::system((shell + " " + command + " >out.txt 2>errors.txt").c_str()));
+        };
+        EXPECT_EQ(run("'" BRASQUELIN_SOURCE "/launchers/linux/brasquelin-batch' my.bat"), 5) << shell;
+        EXPECT_EQ(read("out.txt"), echoed) << shell;
+        EXPECT_NE(read("errors.txt").find("ended before the last line; lines left: 2\n"), std::string::npos) << shell;
+        EXPECT_EQ(run("-c '. ./script' brasquelin-batch my.bat 7>journal 8>marks"), 5) << shell;
+        EXPECT_EQ(read("out.txt"), "f 1\nalias\n/\n") << shell;
+        std::string journal;
+        for (const auto& line : splitLines(read("journal"))) journal += line.substr(0, line.find(' ') + 1);
+        EXPECT_EQ(journal, "1 2 3 4 5 7 10 11 ") << shell;
+    }
+    for (const std::string shell : {"bash", "./sh"}) {  // a signal is no mistake
+        write("my.bat", {"kill $$", "echo never"});
+        EXPECT_EQ(
+            WTERMSIG(std::system(
+                ("exec " + shell + " '" BRASQUELIN_SOURCE "/launchers/linux/brasquelin-batch' my.bat >out.txt 2>&1")
+                    .c_str())),
+            SIGTERM);
+        EXPECT_EQ(read("out.txt").find("echo never"), std::string::npos);
+    }
 }
 
 TEST_F(LinuxProcesses, TheFirstWordOfACommandIsLookedUp) {
