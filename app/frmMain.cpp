@@ -54,9 +54,7 @@ FrmMain::FrmMain()
     makeToolbar();
     JobList_ = new JobListView(this);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    makeLine();
     sizer->Add(JobList_, wxSizerFlags(1).Expand());
-    sizer->Add(txtLine_, wxSizerFlags().Expand());
     SetSizer(sizer);
     bindCommands();
     Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
@@ -108,6 +106,7 @@ void FrmMain::makeToolbar() {
     SetToolBar(toolbar);
 }
 
+/// Not before there are lines: the program starts faster without.
 void FrmMain::makeLine() {
     constexpr int rows = 3;
     txtLine_ = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
@@ -115,6 +114,8 @@ void FrmMain::makeLine() {
     txtLine_->SetFont(JobList_->GetFont());
     txtLine_->SetMargins(FromDIP(2));
     txtLine_->SetMinSize(wxSize(-1, rows * txtLine_->GetCharHeight() + FromDIP(12)));
+    GetSizer()->Add(txtLine_, wxSizerFlags().Expand());
+    Layout();
 }
 
 void FrmMain::bindCommands() {
@@ -135,7 +136,9 @@ void FrmMain::run(const MainCommand& command) {
 }
 
 void FrmMain::showChanges() {
+    if (!txtLine_ && !jobList.empty()) makeLine();
     JobList_->showChanges();
+    if (!txtLine_) return;
     const auto selected = JobList_->selectedLine();
     if (selected == shownLine_ && (!selected || shownRevision_ == jobList.revision())) return;
     shownLine_ = selected;

@@ -107,6 +107,8 @@ std::string visibleText(std::string_view line) {
 
 std::string shownLine(std::string_view line) {
     constexpr std::size_t longestShown = 1000;  // columns cannot be wider than a screen's coordinates
+    const auto isPlain = [](char byte) { return byte >= ' ' && byte <= '~'; };
+    if (line.size() <= longestShown && std::all_of(line.begin(), line.end(), isPlain)) return std::string(line);
     std::string text;
     for (std::size_t count = 0; !line.empty() && count < longestShown;) {
         const std::size_t before = text.size();

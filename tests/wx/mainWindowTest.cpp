@@ -124,12 +124,12 @@ TEST_F(MainWindow, ShowsTheJobListAndClearsIt) {
 TEST_F(MainWindow, ALineShowsWhatIsRunAndThatItGoesOn) {
     wxFrame& frame = start();
     auto& list = control<JobListView>(frame, "JobList");
-    const auto& whole = control<wxTextCtrl>(frame, "txtLine");
     const std::string hidden = "echo \u202Egpj.x\u202C\ta\rb";
     const std::string far = "echo a" + std::string(900, ' ') + "; rm b";
     const std::string endless(1'000'000, 'x');
     for (const auto& line : {hidden, far, endless}) jobList.append(line);
     pump();
+    const auto& whole = control<wxTextCtrl>(frame, "txtLine");
     wxKeyEvent down(wxEVT_KEY_DOWN);
     down.m_keyCode = WXK_DOWN;
     list.HandleWindowEvent(down);
