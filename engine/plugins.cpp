@@ -52,7 +52,7 @@ bool namesProgram(std::string_view programPath) {
     return name.size() >= extensionLength && name.find_first_not_of(' ') != std::string::npos;
 }
 
-/// Raises what the start of a program would, which is not started. One that is named without a directory may stand
+/// Raises what the start of a missing program would. One that is named without a directory may stand
 /// anywhere on the search path.
 void requireProgram(std::string_view programPath) {
     const bool named = programPath.find_first_of("\\/") != std::string_view::npos;
@@ -63,7 +63,8 @@ void requireProgram(std::string_view programPath) {
 
 void runProgram(std::string_view programPath, std::string_view parameters, Table<NamedValue>& results) {
     if (!namesProgram(programPath)) throw RunTimeError(ErrorNumber::fileNotFound);
-    if (onlooker() && !onlooker()->mayRunProgram(programPath)) return requireProgram(programPath);
+    requireProgram(programPath);  // before anything is removed for its sake
+    if (onlooker() && !onlooker()->mayRunProgram(programPath)) return;
     const std::string resultPath = std::string(withoutLast(programPath, extensionLength)) + "var";
     DirectoryLock lock;
     lock.coverStartedPrograms();

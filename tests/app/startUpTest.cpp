@@ -133,6 +133,7 @@ TEST_F(StartUp, TheEndOfAListTellsWhichLinesWereSkippedAndWhy) {
 }
 
 TEST_F(StartUp, AListThatIsCancelledExecutesNothing) {
+    write("p/slow.exe", {"program"});
     write("p/slow.bqp", {"#Brasquelin Profile Slow", "[library]", ":plugin $scriptpath$/slow.exe", "[/library]"});
     writeList({at("plain.bqp"), at("slow.bqp"), at("plain.bqp")});
     processes_.endsAfterPolls = 1000;

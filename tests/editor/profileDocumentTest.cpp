@@ -98,6 +98,7 @@ TEST_F(ProfileDocumentTest, AFailedOpenOrSaveLeavesTheDocument) {
 }
 
 TEST_F(ProfileDocumentTest, OpeningAsksThePluginsForTheirVariables) {
+    for (const char* program : {"zip.exe", "silent.exe", "check.exe"}) write(program, {"program"});
     onCommand("zip.exe", [&] { write("zip.var", {"level = 9", "files = 3"}); });
     open({"#Brasquelin Profile P", "[library]", ":PLUGIN $ExePath$/zip.exe [Param=-x \"a b\"]",
           ":plugin $scriptpath$/silent.exe", ":check $exepath$/check.exe", "[/library]"});

@@ -206,7 +206,7 @@ TEST_F(RunProfile, StaleAnswersAreNeverReadAndOneWithoutItsSignIsQuoted) {
                          "/info.var' at line 1" + from + "The line 'files=1 ' holds no \" = \"."}));
 }
 
-TEST_F(RunProfile, AProgramLineWithoutAPathTouchesNothing) {
+TEST_F(RunProfile, AProgramThatIsNotThereTouchesNothing) {
     write("var", {"kept"});
     std::filesystem::current_path(std::filesystem::path(fromUtf8(folder())));
     for (const std::string line : {":plugin", ":check", ":plugin ", ":Plugin   [param=x]", ":check $exepath$/"}) {
@@ -215,7 +215,11 @@ TEST_F(RunProfile, AProgramLineWithoutAPathTouchesNothing) {
                   "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + profile() + "' at line 4")
             << line;
     }
-    EXPECT_TRUE(exists("var"));
+    write("gone.var", {"kept"});
+    EXPECT_FALSE(run("Echo", ":plugin $exepath$/gone.exe"));
+    EXPECT_EQ(messages().back(), "Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() +
+                                     "/gone.exe'\r\nFrom file '" + profile() + "' at line 4");
+    for (const char* kept : {"var", "gone.var"}) EXPECT_TRUE(exists(kept)) << kept;
     EXPECT_TRUE(commands().empty());
 }
 

@@ -328,6 +328,7 @@ TEST_F(Editor, CallsAnInclude) {
 
 TEST_F(Editor, WaitsForItsPluginsWithoutLosingItsDocument) {
     wxFrame& frame = open();
+    writeFile("tool.exe", "");
     writeFile("profiles/p.bqp", "#Brasquelin Profile P\n[library]\n:Plugin $exepath$/tool.exe\n[/library]\n");
     processes.actions.emplace_back("tool.exe", [&] {
         writeFile("tool.var", "files = 3\n");
