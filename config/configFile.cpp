@@ -42,14 +42,14 @@ std::string withExeDirectory(std::string_view value) {
     return (value.starts_with('\\') ? exeDirectory() : std::string()) + std::string(value);
 }
 
-void clearOnRequest(const std::string& directory) {
+void clearOnRequest(const std::string& directory, const std::vector<std::string>& kept) {
     if (!settings.startingUp || directory.empty()) return;
     const std::string question = "Do you really want to erase this directory : " + directory;
-    if (!settings.commandLine.empty() || desktop().askYesNo(question, "Erase ?")) clearDirectory(directory);
+    if (!settings.commandLine.empty() || desktop().askYesNo(question, "Erase ?")) clearDirectory(directory, kept);
 }
 
 /// False for a line that is no setting.
-bool takeSetting(std::string_view line) {
+bool takeSetting(std::string_view line, const std::vector<std::string>& kept) {
     for (const auto& key : keys) {
         if (!startsWithIgnoringCase(line, key.text)) continue;
         const auto value = line.substr(key.text.size());
@@ -60,7 +60,7 @@ bool takeSetting(std::string_view line) {
         return true;
     }
     if (!startsWithIgnoringCase(line, clearKey)) return false;
-    clearOnRequest(withExeDirectory(line.substr(clearKey.size())));
+    clearOnRequest(withExeDirectory(line.substr(clearKey.size())), kept);
     return true;
 }
 
@@ -78,6 +78,19 @@ void takeVariable(std::string_view line, std::string_view path, int number) {
     settings.globalVarCount = std::to_string(row + 1);
 }
 
+/// Those behind the line that is obeyed, too. A launcher is no path.
+std::vector<std::string> configuredPaths(const TextFile& file) {
+    std::vector<std::string> paths;
+    for (const auto& line : file.lines) {
+        for (const auto& key : keys) {
+            const bool named = key.leadingBackslashRule && startsWithIgnoringCase(line, key.text);
+            const std::string value = named ? line.substr(key.text.size()) : std::string();
+            if (!value.empty()) paths.push_back(withExeDirectory(replaceVar("exepath", exeDirectory(), value)));
+        }
+    }
+    return paths;
+}
+
 std::string withoutToken(std::string_view line, std::string_view path, int number) {
     try {
         return replaceVar("exepath", exeDirectory(), line);
@@ -89,13 +102,14 @@ std::string withoutToken(std::string_view line, std::string_view path, int numbe
 void readLines(const TextFile& file, std::string_view path) {
     SectionState config(Section::config, LetterCase::exact);
     SectionState var(Section::var, LetterCase::exact);
+    const std::vector<std::string> kept = settings.startingUp ? configuredPaths(file) : std::vector<std::string>();
     int number = 0;
     for (const auto& rawLine : file.lines) {
         ++number;
         const std::string line = withoutToken(rawLine, path, number);
         if (config.noteTag(line) || var.noteTag(line)) continue;
         attempt(path, number, [&] {
-            const bool isSetting = !config.isOpen() || takeSetting(line);
+            const bool isSetting = !config.isOpen() || takeSetting(line, kept);
             if (!isSetting && !var.isOpen()) noteIgnored(path, number, line);
             if (var.isOpen() && !line.empty()) takeVariable(line, path, number);
         });

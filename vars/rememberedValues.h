@@ -10,7 +10,8 @@ namespace brasquelin {
 /// The newest value under exactly this key.
 std::optional<std::string> recallValue(std::string_view key);
 
-/// Raises the error of writing the file.
+/// What would not be read back, a line break or a key with "=", is told and not written. Raises the error of writing
+/// the file.
 void rememberValue(std::string_view key, std::string_view value);
 
 }  // namespace brasquelin

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "platform/codePages.h"
 #include "platform/files.h"
 #include "platform/systemFiles.h"
 #include "text/substitution.h"
@@ -125,11 +126,14 @@ bool isFileSystemRoot(std::string_view path) {
 std::string processCommandLine(int argc, const char* const* argv) {
     std::string commandLine;
     for (int i = 1; i < argc; ++i) commandLine.append(i > 1 ? " " : "").append(argv[i]);
+    commandLine = decodeOem(commandLine);  // as the lines of a list are
     return commandLine.substr(std::min(commandLine.find_first_not_of(' '), commandLine.size()));
 }
 
 std::vector<std::string> processArguments(int argc, const char* const* argv) {
-    return {argv + 1, argv + argc};
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) arguments.push_back(decodeOem(argv[i]));
+    return arguments;
 }
 
 bool displayAvailable() {

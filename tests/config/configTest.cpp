@@ -107,6 +107,25 @@ TEST_F(Config, SomeDirectoriesAreNeverCleared) {
     EXPECT_TRUE(exists("outside/a.txt"));
 }
 
+TEST_F(Config, NeitherConfiguredDirectoriesNorWhatALinkLeadsToAreCleared) {
+    for (const char* name : {"lib/a.bqs", "prof/in/a.bqp", "fn/list.ini", "free/x", "outside/in/x", "inside/in/x"}) {
+        write(name, {"x"});
+    }
+    std::error_code cannotLink;
+    std::filesystem::create_directories(folder() + "/tmp/real", cannotLink);
+    std::filesystem::create_directory_symlink(folder() + "/outside", folder() + "/tmp/link", cannotLink);
+    std::filesystem::create_directory_symlink(folder() + "/inside", folder() + "/near", cannotLink);
+    settings.startingUp = true;
+    settings.commandLine = "x.bqp";
+    readLines({"[config]", "clear = \\lib", "clear = prof", "clear = \\fn", "clear = tmp/link/in", "clear = \\free",
+               "clear = near/in", "LibraryPath = \\lib", "ProfilePath = $exepath$/prof/in",
+               "BasicFunctionPath = \\fn\\list.ini", "[/config]"});
+    for (const char* kept : {"lib/a.bqs", "prof/in/a.bqp", "fn/list.ini", "outside/in/x"})
+        EXPECT_TRUE(exists(kept)) << kept;
+    EXPECT_FALSE(exists("free/x"));
+    EXPECT_EQ(exists("inside/in/x"), static_cast<bool>(cannotLink)) << "the link leads to a place beside it";
+}
+
 TEST_F(Config, RelativeDirectoriesToBeClearedStartAtTheProgram) {
     write("tmp/a.txt", {"x"});
     write("elsewhere/tmp/a.txt", {"x"});
@@ -173,6 +192,19 @@ TEST_F(Config, DirectoriesAreChosenByAPlaceholderInThem) {
     EXPECT_EQ(options.path(OptionsModel::library), folder() + "/lib");
     EXPECT_EQ(options.path(OptionsModel::profile), folder() + "/lib");
     EXPECT_EQ(desktop_.dialogs[0].title, "Select a directory");
+}
+
+TEST_F(Config, WhatWouldDamageRememberedValuesIsToldInstead) {
+    rememberValue("k", "kept");
+    rememberValue("k=x", "y");
+    rememberValue("a", "b\nk=other");
+    rememberValue("a\r\nk", "other");
+    EXPECT_EQ(read("pop.tmp"), "k=kept\r\n");
+    ASSERT_EQ(messages().size(), 3U);
+    EXPECT_EQ(messages()[2],
+              "Brasquelin: The answer for 'a k' is used, but not remembered: a key holds no \"=\", and "
+              "neither of them a line break.");
+    EXPECT_FALSE(desktop_.hadFailure());
 }
 
 TEST_F(Config, RememberedValuesAreTheNewestFiftyOne) {

@@ -84,6 +84,18 @@ TEST_F(LinuxFiles, AWriteThatFailsLeavesTheOldFileAlone) {
     EXPECT_EQ(listFiles(folder()), Lines{"kept.txt"});
 }
 
+TEST_F(LinuxFiles, TheCommandLineIsDecodedLikeAListAndTheHomeIsKept) {
+    const char* arguments[] = {"brasquelin", " x.bqp", "001=caf\x82"};
+    EXPECT_EQ(processCommandLine(3, arguments), "x.bqp 001=café");
+    EXPECT_EQ(processArguments(3, arguments), (Lines{" x.bqp", "001=café"}));
+    write("home/me/x", {});
+    const std::string before = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
+    setenv("HOME", (folder() + "/home/me").c_str(), 1);
+    for (const char* kept : {"home/me", "home"}) clearDirectory(kept);
+    setenv("HOME", before.c_str(), 1);
+    EXPECT_TRUE(exists("home/me/x"));
+}
+
 TEST_F(LinuxFiles, OnlyTheDirectoryThatIsNamedExactlyIsCleared) {
     write("real/prog/keep.txt", {});
     write("real/keep.txt", {});
