@@ -129,7 +129,6 @@ void tellNothingRun(WireLink* window) {
 }
 
 int runJobs(RunPlan plan, const RunRequest& request) {
-    constexpr unsigned patience = 10000;  // milliseconds
     std::unique_ptr<WireLink> window;
     if (request.inWindow) window = std::make_unique<WireLink>(startPartner(runWindowOption));
     if (window) window->send(introduction(request.title, plan));
@@ -142,7 +141,7 @@ int runJobs(RunPlan plan, const RunRequest& request) {
         tellNothingRun(window.get());
         if (!request.resume && !plan.jobs.empty()) status = stoppedStatus;
     }
-    if (window) window->flush(patience);
+    if (window) window->letGo();
     return status;
 }
 
@@ -200,8 +199,7 @@ int runForWindow(std::string_view end) {
     if (!wire) return stoppedStatus;
     WireLink window(std::move(wire));
     const int status = runForWindow(window);
-    constexpr unsigned patience = 10000;  // milliseconds
-    window.flush(patience);
+    window.letGo();
     return status;
 }
 

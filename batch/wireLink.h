@@ -20,8 +20,8 @@ class WireLink : public RunLink {
 
     /// Several at once.
     void send(const std::vector<RunMessage>& messages);
-    /// Waits until all is sent, the other side is gone, or this time is over.
-    void flush(unsigned milliseconds) { wire_->flush(milliseconds); }
+    /// See Wire.
+    void letGo() { wire_->letGo(); }
 
   private:
     std::unique_ptr<Wire> wire_;

@@ -17,8 +17,9 @@ class Wire {
     virtual std::string receive() = 0;
     /// False when the other side is gone and all that it sent has been received.
     virtual bool isOpen() const = 0;
-    /// Waits until all is sent, the other side is gone, or this time is over.
-    virtual void flush(unsigned milliseconds) = 0;
+    /// The last call: what is not sent yet still reaches the other side when this process ends now (Linux: without
+    /// waiting for it).
+    virtual void letGo() = 0;
 };
 
 /// Starts this program again, with "OPTION END" as its command line, and gives this side's end. The other process

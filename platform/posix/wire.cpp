@@ -43,16 +43,22 @@ class SocketWire : public Wire {
         return bytes;
     }
     bool isOpen() const override { return open_; }
-    void flush(unsigned milliseconds) override {
-        constexpr unsigned step = 10;
-        for (unsigned waited = 0; open_ && !unsent_.empty() && waited < milliseconds; waited += step) {
-            pollfd waiting{socket_.get(), POLLOUT, 0};
-            poll(&waiting, 1, static_cast<int>(step));
-            push();
-        }
+    void letGo() override {
+        push();
+        if (!open_ || unsent_.empty() || fork() != 0) return;
+        setsid();
+        for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) close(stream);
+        flush();
+        _exit(0);
     }
 
   private:
+    /// Gives up on a side that takes nothing for so long.
+    void flush() {
+        constexpr int patience = 10000;  // milliseconds
+        pollfd waiting{socket_.get(), POLLOUT, 0};
+        while (!unsent_.empty() && poll(&waiting, 1, patience) > 0) push();
+    }
     void push() {
         while (open_ && !unsent_.empty()) {
             const ssize_t sent = ::send(socket_.get(), unsent_.data(), unsent_.size(), MSG_NOSIGNAL);

@@ -81,9 +81,10 @@ class PipeWire : public Wire {
         return bytes;
     }
     bool isOpen() const override { return open_; }
-    void flush(unsigned milliseconds) override {
+    void letGo() override {
+        constexpr int patience = 10000;  // milliseconds
         std::unique_lock lock(outbox_->mutex);
-        outbox_->changed.wait_for(lock, std::chrono::milliseconds(milliseconds),
+        outbox_->changed.wait_for(lock, std::chrono::milliseconds(patience),
                                   [this] { return outbox_->over || (outbox_->idle && outbox_->unsent.empty()); });
     }
 
