@@ -171,7 +171,9 @@ void PromptRowView::showWhetherItGoesOn() {
 void PromptRowView::placeSign() {
     wxControl& box = *valueControl();
     const wxSize sign = goesOn_ ? goesOn_->GetBestSize() + wxSize(box.FromDIP(4), 0) : wxSize(0, 0);
-    box.SetSize(valueWidth_ - sign.x, box.GetSize().y);
+    const int width = valueWidth_ - sign.x;
+    // On Windows the entries of a drop-down that changes its size come up again.
+    if (box.GetSize().x != width) box.SetSize(width, box.GetSize().y);
     if (!goesOn_) return;
     goesOn_->Move(box.GetRect().GetRight() + sign.x / 4, box.GetPosition().y + (box.GetSize().y - sign.y) / 2);
 }
