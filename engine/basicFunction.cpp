@@ -146,7 +146,7 @@ std::string FunctionRun::perform(const std::vector<std::string>& arguments) {
     resolve(arguments);
     if (onlooker()) tellExpansions(isFile);
     const auto& action = functionAction;
-    const std::string command = placed(action.commandLine, [&] { return expandedCommand(action.command); });
+    std::string command = placed(action.commandLine, [&] { return expandedCommand(action.command); });
     if (!isFile) return command;
     saveTextFile(command, placed(action.writeLine, [&] { return expandedWriteText(action.write); }));
     return "//File saved to " + command;

@@ -120,8 +120,9 @@ TEST_F(Config, NeitherConfiguredDirectoriesNorWhatALinkLeadsToAreCleared) {
     readLines({"[config]", "clear = \\lib", "clear = prof", "clear = \\fn", "clear = tmp/link/in", "clear = \\free",
                "clear = near/in", "LibraryPath = \\lib", "ProfilePath = $exepath$/prof/in",
                "BasicFunctionPath = \\fn\\list.ini", "[/config]"});
-    for (const char* kept : {"lib/a.bqs", "prof/in/a.bqp", "fn/list.ini", "outside/in/x"})
+    for (const char* kept : {"lib/a.bqs", "prof/in/a.bqp", "fn/list.ini", "outside/in/x"}) {
         EXPECT_TRUE(exists(kept)) << kept;
+    }
     EXPECT_FALSE(exists("free/x"));
     EXPECT_EQ(exists("inside/in/x"), static_cast<bool>(cannotLink)) << "the link leads to a place beside it";
 }

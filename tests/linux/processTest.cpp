@@ -85,7 +85,9 @@ TEST_F(LinuxProcesses, OnlyExitEndsABatchInAnyShell) {
     writeBytes("script", shellScript(numbered, {folder() + "/script", {}, "none", "none"}, "mark"));
     for (const std::string shell : {"/bin/sh", "bash", "bash --posix", "./sh"}) {
         const auto run = [&](const std::string& command) {
-            return WEXITSTATUS(std::system((shell + " " + command + " >out.txt 2>errors.txt").c_str()));
+            std::string line = shell;
+            line.append(" ").append(command).append(" >out.txt 2>errors.txt");
+            return WEXITSTATUS(std::system(line.c_str()));
         };
         EXPECT_EQ(run("'" BRASQUELIN_SOURCE "/launchers/linux/brasquelin-batch' my.bat"), 5) << shell;
         EXPECT_EQ(read("out.txt"), echoed) << shell;

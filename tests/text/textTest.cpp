@@ -108,7 +108,7 @@ TEST(Substitution, PassesGiveWhatTheSlowRuleGives) {
             const std::string before = slow;
             if (random() % 4 == 0) {
                 fast.replaceForm("index", name, value);
-                slow = replaceAll(slow, "index($" + name + "$)", value);
+                slow = replaceAll(slow, std::string("index($").append(name).append("$)"), value);
             } else {
                 fast.replace(name, value);
                 slow = replacedSlowly(name, value, slow);
