@@ -148,7 +148,9 @@ std::string FunctionRun::perform(const std::vector<std::string>& arguments) {
     const auto& action = functionAction;
     std::string command = placed(action.commandLine, [&] { return expandedCommand(action.command); });
     if (!isFile) return command;
-    saveTextFile(command, placed(action.writeLine, [&] { return expandedWriteText(action.write); }));
+    // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): it loses track of the reference behind the lambda
+    const std::string text = placed(action.writeLine, [&] { return expandedWriteText(action.write); });
+    saveTextFile(command, text);
     return "//File saved to " + command;
 }
 
