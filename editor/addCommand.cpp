@@ -22,7 +22,8 @@ std::vector<std::string> AddCommand::callLines(const CallableEntry& entry) const
 
 void AddCommand::configure(std::size_t index) const {
     if (index >= entries_.size()) return;
-    editorState.document.append(EditorList::commands, callLines(entries_[index]));
+    const auto lines = callLines(entries_[index]);
+    editorState.edited.change([&lines](ProfileDocument& document) { document.append(EditorList::commands, lines); });
 }
 
 }  // namespace brasquelin

@@ -34,7 +34,8 @@ bool AddVariable::isReference(const std::string& label) const {
 }
 
 void AddVariable::add() const {
-    editorState.document.append(EditorList::variables, declarationLines(fields));
+    editorState.edited.change(
+        [this](ProfileDocument& document) { document.append(EditorList::variables, declarationLines(fields)); });
 }
 
 }  // namespace brasquelin

@@ -25,6 +25,18 @@ const std::vector<std::string>& activeLines() {
     return editorState.document.list(editorState.activeList);
 }
 
+void change(const EditedDocument::Change& step) {
+    editorState.edited.change(step);
+}
+
+void append(EditorList which, const std::vector<std::string>& lines) {
+    change([&](ProfileDocument& document) { document.append(which, lines); });
+}
+
+void replaceLine(EditorList which, std::size_t line, const std::string& text) {
+    change([&](ProfileDocument& document) { document.replaceLine(which, line, text); });
+}
+
 bool isLineOf(const std::vector<std::string>& lines, SelectedLine selected) {
     return selected && *selected < lines.size();
 }
@@ -33,7 +45,7 @@ void saveTo(const std::string& path) {
     reporting(path, [&] {
         saveDocument(editorState.document, path);
         settings.profilePath = path;
-        editorState.document.foreign = false;
+        editorState.edited.markSaved();
     });
 }
 
@@ -49,9 +61,11 @@ void addProgram(const std::string& chosen, const std::string& path) {
         desktop().askText("Enter parameters for launching plugin (Empty=NoParameters)", "Parameters", {});
     const bool isCheck = desktop().askYesNo("Is it a check plugin ?", "Brasquelin");
     reporting({}, [&] {
-        editorState.document.pluginNames.append(pluginNameOf(chosen));
         const LibraryWord word = isCheck ? LibraryWord::check : LibraryWord::plugin;
-        editorState.document.append(EditorList::include, {writeLibraryLine({word, path, answer.value_or("")})});
+        change([&](ProfileDocument& document) {
+            document.pluginNames.append(pluginNameOf(chosen));
+            document.append(EditorList::include, {writeLibraryLine({word, path, answer.value_or("")})});
+        });
     });
 }
 
@@ -67,13 +81,13 @@ void addInclude() {
     if (chosen.empty()) return;
     const std::string path = includePath(chosen, settings.profilePath);
     if (kindOfFile(chosen) == FileKind::program) return addProgram(chosen, path);
-    editorState.document.append(EditorList::include, {writeLibraryLine({LibraryWord::include, path, {}})});
+    append(EditorList::include, {writeLibraryLine({LibraryWord::include, path, {}})});
 }
 
 using Move = SelectedLine (*)(ProfileDocument& document, SelectedLine selected);
 
 SelectedLine moveSelected(Move move, SelectedLine selected) {
-    reporting({}, [&] { selected = move(editorState.document, selected); });
+    reporting({}, [&] { change([&](ProfileDocument& document) { selected = move(document, selected); }); });
     return selected;
 }
 
@@ -81,7 +95,7 @@ SelectedLine moveSelected(Move move, SelectedLine selected) {
 
 void enterEditor() {
     editorState.activeList = EditorList::none;
-    newDocument(editorState.document);
+    editorState.edited.replace(newDocument);
 }
 
 void stopWaiting() {
@@ -96,12 +110,13 @@ void leaveEditor() {
 
 std::string editorTitle() {
     constexpr std::string_view window = "Profile Editor";
-    if (!canSave()) return std::string(window);
-    return fileNameOf(settings.profilePath) + " - " + std::string(window);
+    const std::string mark = editorState.edited.isSaved() ? "" : "*";
+    if (!canSave()) return mark + std::string(window);
+    return mark + fileNameOf(settings.profilePath) + " - " + std::string(window);
 }
 
 void startNewProfile() {
-    newDocument(editorState.document);
+    editorState.edited.replace(newDocument);
 }
 
 void openProfile(const std::function<void()>& opened) {
@@ -109,7 +124,10 @@ void openProfile(const std::function<void()>& opened) {
     const std::string path =
         desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", start});
     if (path.empty()) return;
-    if (!reporting(path, [&] { openDocument(editorState.document, path); })) return;
+    if (!reporting(path, [&] {
+            editorState.edited.replace([&](ProfileDocument& document) { openDocument(document, path); });
+        }))
+        return;
     opened();
     if (editorState.document.foreign) tellForeign(path);
     queryPlugins(editorState.document);
@@ -132,6 +150,14 @@ void saveProfileAs() {
     if (!path.empty()) saveTo(path);
 }
 
+DocumentPlace undoChange() {
+    return editorState.edited.undo();
+}
+
+DocumentPlace redoChange() {
+    return editorState.edited.redo();
+}
+
 void addLines() {
     if (editorState.activeList == EditorList::include) return addInclude();
     if (editorState.activeList == EditorList::variables) return desktop().showWindow(ProgramWindow::addVar, true);
@@ -142,19 +168,20 @@ void editLine(SelectedLine selected) {
     if (editorState.activeList == EditorList::none || !isLineOf(activeLines(), selected)) return;
     const auto answer = desktop().askText(editLabel, "Edit", activeLines()[*selected]);
     if (!answer || answer->empty()) return;
-    editorState.document.replaceLine(editorState.activeList, *selected, *answer);
+    replaceLine(editorState.activeList, *selected, *answer);
 }
 
 SelectedLine removeSelected(SelectedLine selected) {
     if (editorState.activeList == EditorList::none) return selected;
-    removeLines(editorState.document, editorState.activeList, selected);
+    change([&](ProfileDocument& document) { removeLines(document, editorState.activeList, selected); });
     const auto& lines = activeLines();
     if (!selected || lines.empty()) return std::nullopt;
     return std::min(*selected, lines.size() - 1);
 }
 
 void clearActiveList() {
-    if (editorState.activeList != EditorList::none) clearList(editorState.document, editorState.activeList);
+    if (editorState.activeList == EditorList::none) return;
+    change([](ProfileDocument& document) { clearList(document, editorState.activeList); });
 }
 
 void askLoop() {
@@ -165,11 +192,11 @@ void askLoop() {
     const std::string start = showValueInput("Enter the 'ForToNext' var start :", {}, state.lstVar);
     const std::string end = showValueInput("Enter the 'ForToNext' var end :", {}, state.lstVar);
     const std::string step = showValueInput("Enter the 'ForToNext' var step :", {}, state.lstVar);
-    state.document.append(EditorList::commands, loopLines(name, start, end, step));
+    append(EditorList::commands, loopLines(name, start, end, step));
 }
 
 void appendNext() {
-    editorState.document.append(EditorList::commands, {std::string(nextWord)});
+    append(EditorList::commands, {std::string(nextWord)});
 }
 
 void editCommandLine(SelectedLine selected) {
@@ -177,7 +204,7 @@ void editCommandLine(SelectedLine selected) {
     if (!isLineOf(lines, selected)) return;
     editorState.lstVar = commandReferences(editorState.document);
     const std::string answer = showValueInput(editLabel, lines[*selected], editorState.lstVar);
-    if (answer != canceledAnswer) editorState.document.replaceLine(EditorList::commands, *selected, answer);
+    if (answer != canceledAnswer) replaceLine(EditorList::commands, *selected, answer);
 }
 
 SelectedLine moveSelectedUp(SelectedLine selected) {

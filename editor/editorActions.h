@@ -19,7 +19,8 @@ void stopWaiting();
 /// Closing the window: unloads its dialogs and shows the main window again.
 void leaveEditor();
 
-/// The file's name and the program part; only the latter while there is no file.
+/// The file's name and the program part; only the latter while there is no file. "*" in front while something is not
+/// saved.
 std::string editorTitle();
 
 // The menu "Profile". A file that cannot be read or written is reported; the document is as it was then.
@@ -30,6 +31,10 @@ bool canSave();  // there is a current file
 /// A file that was no profile is not replaced without a question: that is saved as by saveProfileAs.
 void saveProfile();
 void saveProfileAs();
+
+// The menu "Edit". Both give the first line that has changed, in no list where only the name has.
+DocumentPlace undoChange();
+DocumentPlace redoChange();
 
 // The context menu. Each works on `activeList`.
 /// Asks for what is to be added and appends it.

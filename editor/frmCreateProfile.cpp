@@ -8,6 +8,7 @@
 #include <wx/textctrl.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "check/keptTables.h"
@@ -60,6 +61,14 @@ void fillContextMenu(wxMenu& menu, bool hasSelection, bool isCommandList) {
     menu.AppendSeparator();
     menu.Append(mnuFor, "For ...");
     menu.Append(mnuNext, "... Next");
+}
+
+wxMenu* makeEditMenu() {
+    auto* menu = new wxMenu;
+    menu->Append(wxID_UNDO, "&Undo\tCtrl+Z");
+    auto* redo = menu->Append(wxID_REDO, "&Redo\tCtrl+Y");
+    redo->AddExtraAccel(wxAcceleratorEntry(wxACCEL_CTRL | wxACCEL_SHIFT, 'Z', wxID_REDO));
+    return menu;
 }
 
 void showPreview() {
@@ -118,6 +127,7 @@ void FrmCreateProfile::makeMenu() {
     mnuProfile->Append(wxID_EXIT, "Exit\tCtrl+Q");
     auto* bar = new wxMenuBar;
     bar->Append(mnuProfile, "&Profile");
+    bar->Append(makeEditMenu(), "&Edit");
     auto* mnuCheck = new wxMenu;
     mnuCheck->Append(mnuPreview, "Preview\tF5");
     bar->Append(mnuCheck, "&Check");
@@ -152,6 +162,7 @@ void FrmCreateProfile::bindMenus() {
     Bind(
         wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(canSave()); }, wxID_SAVE);
 
+    bindEditMenu();
     onItem(mnuPreview, [this] { act(showPreview); });
 
     onItem(mnuAdd, [this] { act(addLines); });
@@ -160,6 +171,15 @@ void FrmCreateProfile::bindMenus() {
     onItem(mnuClear, [this] { act(clearActiveList); });
     onItem(mnuFor, [this] { ForTimer_.StartOnce(loopDelay); });
     onItem(mnuNext, [this] { act(appendNext); });
+}
+
+void FrmCreateProfile::bindEditMenu() {
+    onItem(wxID_UNDO, [this] { stepThrough(undoChange); });
+    onItem(wxID_REDO, [this] { stepThrough(redoChange); });
+    Bind(
+        wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(editorState.edited.canUndo()); }, wxID_UNDO);
+    Bind(
+        wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(editorState.edited.canRedo()); }, wxID_REDO);
 }
 
 void FrmCreateProfile::bindTimers() {
@@ -172,7 +192,8 @@ void FrmCreateProfile::bindTimers() {
 wxSizer* FrmCreateProfile::makeName() {
     profileName_ =
         makeTextBox(parts_, "profileName", editorState.document.profileName, [this](const std::string& name) {
-            editorState.document.rename(name);
+            editorState.edited.rename(name);
+            SetTitle(toWx(editorTitle()));
             tmrCheck_.StartOnce(checkDelay);
         });
     auto* row = new wxBoxSizer(wxHORIZONTAL);
@@ -268,10 +289,15 @@ void FrmCreateProfile::showProblems() {
 void FrmCreateProfile::goToProblem() {
     const auto selected = listProblems_->selectedLine();
     if (busy_ || !selected) return;
-    const DocumentPlace place = editorState.problems[*selected].place;
+    goTo(editorState.problems[*selected].place);
+}
+
+/// Selects the group of this line, the last one when the line is gone.
+void FrmCreateProfile::goTo(DocumentPlace place) {
     auto* list = viewOf(place.list);
-    if (!list) return;
-    list->selectLine(groupStart(editorState.document.list(place.list), place.line));
+    const auto& lines = editorState.document.list(place.list);
+    if (!list || lines.empty()) return;
+    list->selectLine(groupStart(lines, std::min(place.line, lines.size() - 1)));
 }
 
 EditorListView* FrmCreateProfile::viewOf(EditorList which) const {
@@ -331,6 +357,12 @@ void FrmCreateProfile::remove() {
     SelectedLine next = list.selectedLine();
     act([&] { next = removeSelected(next); });
     list.selectLine(next);
+}
+
+void FrmCreateProfile::stepThrough(Step step) {
+    DocumentPlace changed;
+    act([&] { changed = step(); });
+    goTo(changed);
 }
 
 void FrmCreateProfile::moveGroup(Move move) {

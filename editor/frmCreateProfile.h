@@ -27,6 +27,7 @@ class FrmCreateProfile : public wxFrame {
 
     void makeMenu();
     void bindMenus();
+    void bindEditMenu();
     void makeParts();
     wxSizer* makeName();
     wxSizer* makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
@@ -42,6 +43,7 @@ class FrmCreateProfile : public wxFrame {
     void showDocument();
     void showProblems();
     void goToProblem();
+    void goTo(DocumentPlace place);
     void showNewDocument();
 
     void showContextMenu(EditorListView& list, wxContextMenuEvent& event);
@@ -49,6 +51,8 @@ class FrmCreateProfile : public wxFrame {
     void addTo(EditorListView& list);
     void edit();
     void remove();
+    using Step = DocumentPlace (*)();
+    void stepThrough(Step step);
     using Move = SelectedLine (*)(SelectedLine selected);
     void moveGroup(Move move);
     void closing(wxCloseEvent& event);

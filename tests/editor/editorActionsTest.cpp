@@ -29,7 +29,15 @@ class EditorActions : public ProgramTest {
     }
     std::string profile() const { return folder() + "/profiles/a.bqp"; }
 
-    ProfileDocument& document = editorState.document;
+    /// The document has these lines from the start.
+    static void given(EditorList which, const Lines& lines) {
+        editorState.edited.replace([&](ProfileDocument& changed) { changed.list(which) = lines; });
+    }
+    static void givenPlugin(const std::string& name) {
+        editorState.edited.replace([&](ProfileDocument& changed) { changed.pluginNames.append(name); });
+    }
+
+    const ProfileDocument& document = editorState.document;
     std::deque<std::string>& inputs = desktop_.values;  // none cancels
 };
 
@@ -56,10 +64,10 @@ TEST_F(EditorActions, TheCurrentFileTakesTheConfiguredDirectorysPlace) {
 
 TEST_F(EditorActions, SavesUnderANewNameAndThenThere) {
     answerFile(folder() + "/new.bqp");
-    document.listCommand = {"x"};
+    given(EditorList::commands, {"x"});
     saveProfileAs();
     EXPECT_EQ(desktop_.dialogs[0].title + "/" + desktop_.dialogs[0].filter, "Save profile as/Profile Files|*.bqp");
-    document.listCommand = {"y"};
+    given(EditorList::commands, {"y"});
     saveProfile();
     EXPECT_NE(read("new.bqp").find("\r\ny\r\n"), std::string::npos);
     startNewProfile();
@@ -127,18 +135,18 @@ TEST_F(EditorActions, AddsIncludesPluginsAndChecks) {
 
 TEST_F(EditorActions, TooManyPluginsOrGroupsAreTold) {
     editorState.activeList = EditorList::include;
-    for (int i = 0; i < 256; ++i) document.pluginNames.append("p");
+    for (int i = 0; i < 256; ++i) givenPlugin("p");
     answerFile("/bin/veto.exe");
     addLines();
     EXPECT_TRUE(document.listInclude.empty());
-    document.listCommand.assign(257, "call");
+    given(EditorList::commands, Lines(257, "call"));
     EXPECT_EQ(moveSelectedDown(3), 3U);
     EXPECT_EQ(messages(), Lines(2, "Brasquelin Error: Error 9 : Subscript out of range"));
 }
 
 TEST_F(EditorActions, EveryActionWorksOnTheActiveList) {
-    document.listInclude = {"i"};
-    document.listVar = {"v"};
+    given(EditorList::include, {"i"});
+    given(EditorList::variables, {"v"});
     addLines();
     clearActiveList();
     EXPECT_TRUE(windowCalls().empty());
@@ -167,7 +175,7 @@ TEST_F(EditorActions, EveryActionWorksOnTheActiveList) {
 
 TEST_F(EditorActions, RemovingSelectsTheLineThatFollows) {
     editorState.activeList = EditorList::commands;
-    document.listCommand = {"a", ".x=1", "b"};
+    given(EditorList::commands, {"a", ".x=1", "b"});
     EXPECT_EQ(removeSelected(1), 1U);
     EXPECT_EQ(removeSelected(0), 0U);
     EXPECT_EQ(document.listCommand, Lines{"b"});
@@ -175,7 +183,7 @@ TEST_F(EditorActions, RemovingSelectsTheLineThatFollows) {
 }
 
 TEST_F(EditorActions, ALoopIsAppendedUnlessAnAnswerIsEmpty) {
-    document.listVar = {"count"};
+    given(EditorList::variables, {"count"});
     answerText("i");
     inputs = {"1", "$count$", "1"};
     askLoop();
@@ -198,7 +206,7 @@ TEST_F(EditorActions, ALoopIsAppendedUnlessAnAnswerIsEmpty) {
 }
 
 TEST_F(EditorActions, ACommandLineIsEditedUnlessCanceled) {
-    document.listCommand = {"a", "b"};
+    given(EditorList::commands, {"a", "b"});
     editCommandLine(1);
     EXPECT_EQ(document.listCommand[1], "b");
     inputs = {"c", ""};
@@ -237,8 +245,8 @@ TEST_F(EditorActions, ACallAsksForEachVariable) {
                         ".Info=", "[/var]"});
     write("functions.ini", {"copy", "copy.ini"});
     settings.basicFunctionPath = folder() + "/functions.ini";
-    document.listInclude = {":Include $exepath$/build.bqp"};
-    document.pluginNames.append("zip");
+    given(EditorList::include, {":Include $exepath$/build.bqp"});
+    givenPlugin("zip");
     const AddCommand dialog;
     ASSERT_EQ(dialog.entries().size(), 3U);
     inputs = {"from", "to", "", "-r out.zip"};

@@ -114,6 +114,30 @@ TEST_F(Editor, OpensSavesAndShowsTheFileInItsTitle) {
     EXPECT_EQ("b.bqp - Profile Editor", frame.GetTitle());
 }
 
+TEST_F(Editor, UndoesEverythingAndMarksWhatIsNotSaved) {
+    wxFrame& frame = openWith(sampleCommands);
+    auto& commands = list(frame, "listCommand");
+    type(frame, "profileName", "Other");
+    EXPECT_EQ("*a.bqp - Profile Editor", frame.GetTitle());
+    commands.selectLine(5);
+    pressKey(commands, WXK_DELETE);
+    choosePopUp(commands, "Clear");
+    EXPECT_EQ(0, commands.GetItemCount());
+    chooseFromMenu(frame, "Undo");
+    chooseFromMenu(frame, "Undo");
+    EXPECT_EQ(8, commands.GetItemCount());
+    EXPECT_EQ(5U, commands.selectedLine());
+    chooseFromMenu(frame, "Undo");
+    EXPECT_EQ("Sample", control<wxTextCtrl>(frame, "profileName").GetValue());
+    EXPECT_EQ("a.bqp - Profile Editor", frame.GetTitle());
+    auto& menu = *frame.GetMenuBar()->GetMenu(1);
+    menu.UpdateUI();
+    EXPECT_FALSE(menu.IsEnabled(wxID_UNDO));
+    EXPECT_TRUE(menu.IsEnabled(wxID_REDO));
+    chooseFromMenu(frame, "Redo");
+    EXPECT_EQ("Other", control<wxTextCtrl>(frame, "profileName").GetValue());
+}
+
 TEST_F(Editor, ListsProblemsAndGoesToTheirGroup) {
     wxFrame& frame = openWith({"For", ".VarName=i", ".VarStart=1", ".VarEnd=$cuont$", ".VarStep=1", "Next"});
     auto& problems = control<ProblemList>(frame, "listProblems");
@@ -133,7 +157,8 @@ TEST_F(Editor, ListsProblemsAndGoesToTheirGroup) {
     pump();
     EXPECT_EQ(0, list(frame, "listVar").GetFirstSelected());
     EXPECT_EQ("$cuont$", editorState.document.listCommand[3].substr(8));
-    editorState.document.replaceLine(EditorList::commands, 3, ".VarEnd=$count$");
+    editorState.edited.change(
+        [](ProfileDocument& document) { document.replaceLine(EditorList::commands, 3, ".VarEnd=$count$"); });
     chooseFromMenu(frame, "Save");
     EXPECT_TRUE(shows({}));
 }
