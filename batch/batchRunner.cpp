@@ -13,6 +13,7 @@ namespace brasquelin {
 namespace {
 
 constexpr std::int64_t syncInterval = 1000;  // milliseconds
+constexpr int terminationSignal = 15;
 
 std::string newToken() {
     constexpr std::string_view digits = "0123456789abcdef";
@@ -109,7 +110,6 @@ void BatchRunner::takeEnd(const EndMark& mark) {
         begin();
         if (running_) end(mark.status, 0);
     }
-    lastSeen_ = mark.last;
     if (!mark.last) begin();
 }
 
@@ -142,21 +142,22 @@ void BatchRunner::end(int exitCode, int signal) {
           .signal = signal});
 }
 
+/// A shell that ended in the midst of the last job has left nothing out.
+RunOutcome BatchRunner::outcomeOf(bool cutShort) const {
+    if (cutShort && endedByUs_) return RunOutcome::stopped;
+    if (position_ >= plan_.chosen.size()) return RunOutcome::complete;
+    if (stopped_) return RunOutcome::stopped;
+    return cutShort ? RunOutcome::shellEnded : RunOutcome::firstFailure;
+}
+
 void BatchRunner::finish() {
-    constexpr int terminated = 15;
     takeOutput(marks_.rest());
-    if (running_ && endedByUs_) {
-        end(0, terminated);
-    } else if (running_) {
-        const ProcessEnd shell = shell_->ended();
+    const bool cutShort = running_;
+    if (cutShort) {
+        const ProcessEnd shell = endedByUs_ ? ProcessEnd{0, terminationSignal} : shell_->ended();
         end(shell.exitCode, shell.signal);
-        outcome_ = RunOutcome::shellEnded;
-    } else if (lastSeen_ && !stopped_) {
-        outcome_ = RunOutcome::firstFailure;
     }
-    if (position_ >= plan_.chosen.size()) outcome_ = RunOutcome::complete;
-    if (stopped_ && position_ < plan_.chosen.size()) outcome_ = RunOutcome::stopped;
-    if (endedByUs_) outcome_ = RunOutcome::stopped;
+    outcome_ = outcomeOf(cutShort);
     flush();
     if (!endedByUs_) shell_->leave(plan_.files.output);
     releaseRunFiles(plan_.files);

@@ -60,6 +60,7 @@ class BatchRunner {
     void takeEnd(const EndMark& mark);
     void begin();
     void end(int exitCode, int signal);
+    RunOutcome outcomeOf(bool cutShort) const;
     void finish();
     void flush();
     void writeTo(std::unique_ptr<AppendFile>& file, std::string& bytes);
@@ -85,7 +86,6 @@ class BatchRunner {
     bool quick_ = false;
     bool stopped_ = false;    // the user has asked for it
     bool endedByUs_ = false;  // at once
-    bool lastSeen_ = false;   // the shell has said that it stops
     std::size_t failed_ = 0;
     std::size_t ended_ = 0;
     RunOutcome outcome_ = RunOutcome::complete;
