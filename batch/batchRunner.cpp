@@ -49,7 +49,7 @@ BatchRunner::BatchRunner(RunPlan plan, RunSinks sinks, const ShellStarter& start
     outputSize_ = output_->size();
     const std::string token = newToken();
     marks_ = OutputMarks(endMark(token));
-    prepareShellFiles(plan_.files, linesOf(plan_), token);
+    prepareShellFiles(plan_.files, linesOf(plan_), token, log_->size());
     shell_ = start(plan_.files.shell, plan_.batchFile);
     begin();
     flush();

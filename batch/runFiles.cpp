@@ -139,8 +139,8 @@ void mendLog(const RunFiles& files, const std::vector<std::string>& jobs) {
     deleteFile(files.shell.journal);
 }
 
-void prepareShellFiles(const RunFiles& files, const std::vector<ShellLine>& lines, const std::string& token) {
-    const std::size_t logSize = contentsOf(files.log).size();
+void prepareShellFiles(const RunFiles& files, const std::vector<ShellLine>& lines, const std::string& token,
+                       std::uint64_t logSize) {
     writeFile(files.shell.script, shellScript(lines, files.shell, token));
     writeFile(files.shell.journal, std::string(journalHead) + std::to_string(logSize) + '\n');
     deleteFile(files.shell.stop);

@@ -1,6 +1,7 @@
 // The files of a run, beside its batch file: the job log, the output, and a directory that is there while jobs run.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -36,8 +37,9 @@ EarlierRun readEarlierRun(const RunFiles& files, const std::vector<std::string>&
 /// Brings the log up to date with an earlier run that was ended in the midst of its work.
 void mendLog(const RunFiles& files, const std::vector<std::string>& jobs);
 
-/// Writes script and journal for a run that begins. Raises the error of writing.
-void prepareShellFiles(const RunFiles& files, const std::vector<ShellLine>& lines, const std::string& token);
+/// Writes script and journal for a run that begins behind `logSize` bytes of the log. Raises the error of writing.
+void prepareShellFiles(const RunFiles& files, const std::vector<ShellLine>& lines, const std::string& token,
+                       std::uint64_t logSize);
 
 /// A sign for the shell (see ShellFiles). Raises the error of writing.
 void setSign(const std::string& path, bool wanted);
