@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,10 +14,9 @@
 #include "platform/posix/descendants.h"
 #include "platform/posix/descriptor.h"
 #include "platform/posix/shellCommand.h"
+#include "platform/posix/spawn.h"
 #include "platform/posix/systemError.h"
 #include "text/text.h"
-
-extern char** environ;
 
 namespace brasquelin {
 
@@ -92,29 +90,12 @@ struct Pipe {
 
 /// A session of its own has no terminal: nothing can wait for an answer there that nobody gives.
 pid_t spawnShell(const std::string& command, const std::string& batchFile, int output, int journal) {
-    std::array<std::string, 5> texts{"/bin/sh", "-c", command, "brasquelin-batch", batchFile};
-    std::array<char*, 6> arguments{};
-    std::transform(texts.begin(), texts.end(), arguments.begin(), [](std::string& text) { return text.data(); });
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    for (const int descriptor : {STDOUT_FILENO, STDERR_FILENO, markDescriptor}) {
-        posix_spawn_file_actions_adddup2(&actions, output, descriptor);
-    }
-    posix_spawn_file_actions_adddup2(&actions, journal, journalDescriptor);
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    sigset_t defaults;
-    sigemptyset(&defaults);
-    sigaddset(&defaults, SIGPIPE);
-    posix_spawnattr_setsigdefault(&attributes, &defaults);
-    posix_spawnattr_setflags(&attributes, static_cast<short>(POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF));
-    pid_t child = 0;
-    const int error = posix_spawn(&child, "/bin/sh", &actions, &attributes, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    posix_spawnattr_destroy(&attributes);
-    if (error != 0) raise(error, FileUse::reading, "/bin/sh");
-    return child;
+    Spawn spawn;
+    spawn.inNewSession();
+    spawn.giveNothing(STDIN_FILENO);
+    for (const int number : {STDOUT_FILENO, STDERR_FILENO, markDescriptor}) spawn.give(output, number);
+    spawn.give(journal, journalDescriptor);
+    return spawn.start({"/bin/sh", "-c", command, "brasquelin-batch", batchFile});
 }
 
 /// Out of the way of the descriptors that the shell gets.

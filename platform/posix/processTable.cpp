@@ -1,5 +1,3 @@
-#include <fcntl.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -7,58 +5,19 @@
 #include <csignal>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/childProcess.h"
 #include "platform/posix/endingSignals.h"
 #include "platform/posix/shellCommand.h"
-#include "platform/posix/systemError.h"
+#include "platform/posix/spawn.h"
 #include "platform/posix/terminalLoan.h"
-
-extern char** environ;
+#include "text/runTimeError.h"
 
 namespace brasquelin {
 
 namespace {
-
-/// How children are started: with the signals as the program found them.
-class SpawnAttributes {
-  public:
-    SpawnAttributes(bool ownGroup, const sigset_t& mask) {
-        posix_spawnattr_init(&attributes_);
-        sigset_t defaults;
-        sigemptyset(&defaults);
-        sigaddset(&defaults, SIGPIPE);
-        posix_spawnattr_setsigdefault(&attributes_, &defaults);
-        posix_spawnattr_setsigmask(&attributes_, &mask);
-        int flags = POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK;
-        if (ownGroup) flags |= POSIX_SPAWN_SETPGROUP;
-        posix_spawnattr_setflags(&attributes_, static_cast<short>(flags));
-    }
-    ~SpawnAttributes() { posix_spawnattr_destroy(&attributes_); }
-    SpawnAttributes(const SpawnAttributes&) = delete;
-    SpawnAttributes& operator=(const SpawnAttributes&) = delete;
-    const posix_spawnattr_t* get() const { return &attributes_; }
-
-  private:
-    posix_spawnattr_t attributes_{};
-};
-
-/// What a child does before it becomes another program.
-class SpawnActions {
-  public:
-    explicit SpawnActions(bool takesTerminal) {
-        posix_spawn_file_actions_init(&actions_);
-        if (takesTerminal) posix_spawn_file_actions_addtcsetpgrp_np(&actions_, STDIN_FILENO);
-    }
-    ~SpawnActions() { posix_spawn_file_actions_destroy(&actions_); }
-    SpawnActions(const SpawnActions&) = delete;
-    SpawnActions& operator=(const SpawnActions&) = delete;
-    const posix_spawn_file_actions_t* get() const { return &actions_; }
-
-  private:
-    posix_spawn_file_actions_t actions_{};
-};
 
 /// The children that have not been collected yet. Until then the system does not give their ids to anybody else.
 class SystemProcessTable : public ProcessTable {
@@ -97,18 +56,13 @@ std::uint32_t SystemProcessTable::spawn(std::string_view command, WindowStyle st
     if (command.empty()) throw RunTimeError(ErrorNumber::invalidCall);
     const bool shown = style == WindowStyle::ownWindow;
     std::vector<std::string> arguments = shown ? runWindowArguments(command) : shellArguments(command);
-    std::vector<char*> pointers;
-    pointers.reserve(arguments.size() + 1);
-    for (auto& argument : arguments) pointers.push_back(argument.data());
-    pointers.push_back(nullptr);
     const SignalHold hold;
     const bool takesTerminal = kind.waitedFor && ownsTerminal();
-    const SpawnAttributes attributes(kind.ownGroup, hold.before());
-    const SpawnActions actions(takesTerminal);
-    pid_t child = 0;
-    const char* const program = pointers.front();
-    const int error = posix_spawn(&child, program, actions.get(), attributes.get(), pointers.data(), environ);
-    if (error != 0) raise(error, FileUse::reading, program);
+    Spawn spawn;
+    spawn.withSignalMask(hold.before());
+    if (kind.ownGroup) spawn.inOwnGroup();
+    if (takesTerminal) spawn.takeTerminal();
+    const pid_t child = spawn.start(std::move(arguments));
     if (kind.waitedFor) endWithProgram(child);
     if (takesTerminal) noteTerminalLent(child);
     const auto processId = static_cast<std::uint32_t>(child);

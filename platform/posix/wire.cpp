@@ -2,21 +2,18 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <charconv>
-#include <csignal>
 
 #include "platform/posix/descendants.h"
 #include "platform/posix/descriptor.h"
+#include "platform/posix/spawn.h"
 #include "platform/posix/systemError.h"
 #include "platform/systemFiles.h"
-
-extern char** environ;
 
 namespace brasquelin {
 
@@ -74,26 +71,13 @@ class SocketWire : public Wire {
     bool open_ = true;
 };
 
-pid_t spawnPartner(std::string option, int socket) {
-    std::string program = executablePath();
-    std::string end = std::to_string(partnerEnd);
-    std::array<char*, 4> arguments{program.data(), option.data(), end.data(), nullptr};
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
+pid_t spawnPartner(const std::string& option, int socket) {
+    Spawn spawn;
+    spawn.inNewSession();
     // Whoever reads what this process prints need not wait for the partner's end.
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_RDWR, 0);
-    }
-    posix_spawn_file_actions_adddup2(&actions, socket, partnerEnd);
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    posix_spawnattr_setflags(&attributes, static_cast<short>(POSIX_SPAWN_SETSID));
-    pid_t child = 0;
-    const int error = posix_spawn(&child, program.c_str(), &actions, &attributes, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    posix_spawnattr_destroy(&attributes);
-    if (error != 0) raise(error, FileUse::reading, program);
-    return child;
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) spawn.giveNothing(stream);
+    spawn.give(socket, partnerEnd);
+    return spawn.start({executablePath(), option, std::to_string(partnerEnd)});
 }
 
 }  // namespace

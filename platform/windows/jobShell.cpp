@@ -6,6 +6,7 @@
 #include <array>
 
 #include "platform/windows/inheritedHandles.h"
+#include "platform/windows/jobObject.h"
 #include "platform/windows/programStart.h"
 #include "platform/windows/systemError.h"
 #include "platform/windows/systemHandle.h"
@@ -17,15 +18,6 @@
 namespace brasquelin {
 
 namespace {
-
-/// All that the shell starts belongs to it, and ends with the program.
-SystemHandle jobForShell() {
-    SystemHandle job = ownHandle(CreateJobObjectW(nullptr, nullptr));
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-    SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
-    return job;
-}
 
 /// The files are named by way of a variable, for the script is in a code page that may not hold their path.
 constexpr wchar_t directoryVariable[] = L"BRASQUELIN_RUN";
@@ -62,7 +54,7 @@ class WindowsJobShell : public JobShell {
     ProcessEnd end_;
 };
 
-WindowsJobShell::WindowsJobShell(const ShellFiles& files) : job_(jobForShell()) {
+WindowsJobShell::WindowsJobShell(const ShellFiles& files) : job_(newJobObject()) {
     PipeEnds output = makePipe(PipeUse::weRead, files.script);
     output_ = std::move(output.ours);
     const HANDLE writing = output.theirs.get();
@@ -85,10 +77,7 @@ WindowsJobShell::WindowsJobShell(const ShellFiles& files) : job_(jobForShell()) 
                        nullptr, &info.StartupInfo, &process) == 0) {
         throw RunTimeError(startErrorOf(GetLastError()), fromWide(program.program));
     }
-    AssignProcessToJobObject(job_.get(), process.hProcess);  // before it can start anything itself
-    ResumeThread(process.hThread);
-    CloseHandle(process.hThread);
-    shell_ = ownHandle(process.hProcess);
+    shell_ = beginInJob(process, job_.get());
 }
 
 bool WindowsJobShell::read(std::string& bytes, std::uint32_t milliseconds) {
@@ -124,8 +113,7 @@ void WindowsJobShell::end() {
 }
 
 void WindowsJobShell::leave(const std::string& /*outputFile*/) {
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-    SetInformationJobObject(job_.get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    letJobGoOn(job_.get());
     job_.reset();
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/childProcess.h"
 #include "platform/windows/debugPrivilege.h"
+#include "platform/windows/jobObject.h"
 #include "platform/windows/programStart.h"
 #include "platform/windows/systemError.h"
 #include "platform/windows/systemHandle.h"
@@ -32,8 +33,7 @@ class WindowsProcessTable : public ProcessTable {
 
     // While the handle is kept, the system does not give the id to another process.
     std::map<std::uint32_t, SystemHandle> known_;
-    // Of those that are waited for. The system ends what is in a job when its last handle goes, so they end with the
-    // program, however that ends: by a closed console, at the end of the session, or by force.
+    // Of those that are waited for: they end with the program.
     std::map<std::uint32_t, SystemHandle> jobs_;
 };
 
@@ -45,19 +45,13 @@ STARTUPINFOW startUpInfo(WindowStyle style) {
     return info;
 }
 
-bool endsWithLastHandle(HANDLE job, bool wanted) {
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
-    limits.BasicLimitInformation.LimitFlags = wanted ? JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE : 0;
-    return SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits) != 0;
-}
-
 std::uint32_t WindowsProcessTable::start(std::string_view command, WindowStyle style) {
     return create(command, style, nullptr);
 }
 
 std::uint32_t WindowsProcessTable::startToWaitFor(std::string_view command, WindowStyle style) {
-    SystemHandle job = ownHandle(CreateJobObjectW(nullptr, nullptr));
-    if (!job || !endsWithLastHandle(job.get(), true)) return start(command, style);
+    SystemHandle job = newJobObject();
+    if (!job) return start(command, style);
     const std::uint32_t processId = create(command, style, job.get());
     jobs_[processId] = std::move(job);
     return processId;
@@ -71,10 +65,7 @@ std::uint32_t WindowsProcessTable::create(std::string_view command, WindowStyle 
                        nullptr, nullptr, &info, &process) == 0) {
         throw RunTimeError(startErrorOf(GetLastError()), fromWide(program.program));
     }
-    if (job != nullptr) AssignProcessToJobObject(job, process.hProcess);  // before it can start anything itself
-    ResumeThread(process.hThread);
-    CloseHandle(process.hThread);
-    known_[process.dwProcessId] = ownHandle(process.hProcess);
+    known_[process.dwProcessId] = beginInJob(process, job);
     return process.dwProcessId;
 }
 
@@ -88,7 +79,7 @@ bool WindowsProcessTable::isRunning(std::uint32_t processId) {
     if (active && WaitForSingleObject(kept->second.get(), 0) == WAIT_TIMEOUT) return true;
     known_.erase(kept);
     if (const auto job = jobs_.find(processId); job != jobs_.end()) {
-        endsWithLastHandle(job->second.get(), false);  // what it left in the background goes on
+        letJobGoOn(job->second.get());  // what it left in the background
         jobs_.erase(job);
     }
     return false;
