@@ -111,13 +111,7 @@ std::string_view quotedIn(std::string_view message) {
 }  // namespace
 
 std::string lineAt(const SourceLine& place) {
-    try {
-        const auto file = readTextFile(place.path);
-        const auto index = static_cast<std::size_t>(place.line) - 1;
-        return index < file->lines.size() ? file->lines[index] : std::string();
-    } catch (const RunTimeError&) {
-        return {};
-    }
+    return lineOfFile(place.path, place.line);
 }
 
 FileCheck::FileCheck() : desktopBefore_(desktop()) {

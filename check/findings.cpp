@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/textFiles.h"
-#include "text/runTimeError.h"
 #include "text/text.h"
 
 namespace brasquelin {
@@ -16,17 +15,6 @@ constexpr std::array<std::string_view, 3> severityNames{"error", "warning", "hin
 constexpr std::array<std::string_view, 3> severityColours{"\x1b[1;31m", "\x1b[1;35m", "\x1b[1;36m"};
 constexpr std::string_view bold = "\x1b[1m";
 constexpr std::string_view plain = "\x1b[0m";
-
-/// Empty where the file cannot be read any more.
-std::string lineOf(const Finding& finding) {
-    try {
-        const auto file = readTextFile(finding.path);
-        const auto index = static_cast<std::size_t>(finding.line) - 1;
-        return index < file->lines.size() ? file->lines[index] : std::string();
-    } catch (const RunTimeError&) {
-        return {};
-    }
-}
 
 /// Tabs are kept, so that the caret stands where the eye expects it.
 std::string caretBelow(std::string_view line, int column) {
@@ -48,7 +36,7 @@ std::string decoratedText(const Finding& finding) {
     std::string text = std::string(bold) + place(finding) + std::string(plain) + std::string(colour);
     text +=
         std::string(nameOf(finding.severity)) + ": " + std::string(plain) + finding.text + " [" + finding.code + "]\n";
-    const std::string line = lineOf(finding);
+    const std::string line = lineOfFile(finding.path, finding.line);
     if (line.empty()) return text;
     return text + line + "\n" + std::string(colour) + caretBelow(line, finding.column) + std::string(plain) + "\n";
 }

@@ -68,6 +68,16 @@ std::string joinLines(const std::vector<std::string>& lines) {
 
 }  // namespace
 
+std::string lineOfFile(std::string_view path, int line) {
+    try {
+        const auto file = readTextFile(path);
+        const auto index = static_cast<std::size_t>(line) - 1;
+        return index < file->lines.size() ? file->lines[index] : std::string();
+    } catch (const RunTimeError&) {
+        return {};
+    }
+}
+
 UnsavedText::UnsavedText(std::string path, std::vector<std::string> lines)
     : path_(std::move(path)), file_(std::make_shared<const TextFile>(TextFile{std::move(lines), newFileEncoding})) {
     unsaved = this;

@@ -19,6 +19,9 @@ struct TextFile {
 /// Raises 53, 70, 75 or 76; 75 with the line for what holds a NUL; 7 for more than mostTextBytes.
 std::shared_ptr<const TextFile> readTextFile(std::string_view path);
 
+/// A line by its number from 1; empty where there is none, also because the file cannot be read.
+std::string lineOfFile(std::string_view path, int line);
+
 /// Lines that readTextFile gives for a path as long as this lives, whatever stands there: a text that is not saved yet.
 class UnsavedText {
   public:
