@@ -3,35 +3,15 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/startUp.h"
-#include "engine/runProfile.h"
-#include "platform/paths.h"
 #include "text/runTimeError.h"
 #include "text/text.h"
 #include "vars/typeSpec.h"
 
 namespace brasquelin {
 
-World::World() : startedIn_(std::filesystem::current_path()) {
-    setProgramDirectory(utf8(directory_.path()));
-    resetTables();
-    setDesktop(desktop);
-    setClock(&clock_);
-    setProcessTable(&processes);
-    write("say.bqs",
-          "#Brasquelin Library  Say\r\n[var]\r\ntext\r\n.Type=Text\r\n.Info=none\r\n[/var]\r\n"
-          "[command]\r\ntype=shell\r\ncommand=echo $text$\r\n[/command]\r\n");
+World::World() {
+    writeSayLibrary("say.bqs");
     write("Brasquelin.ini", "[config]\r\nBasicFunctionPath = \\list.ini\r\n[/config]\r\n");
-}
-
-World::~World() {
-    static ScriptedDesktop afterwards;  // nothing may reach a desktop that is gone
-    setDesktop(afterwards);
-    setClock(nullptr);
-    setProcessTable(nullptr);
-    setJobSink({});
-    resetTables();
-    std::filesystem::current_path(startedIn_);
 }
 
 bool allowed(const std::function<void()>& step) {

@@ -1,36 +1,22 @@
-// A program directory for one input, without windows, real time or processes.
+// A program directory for one input, and what targets do with it.
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "support/fakeProcesses.h"
-#include "support/scratchDirectory.h"
-#include "support/scriptedDesktop.h"
+#include "support/programWorld.h"
 
 namespace brasquelin {
 
-class World {
+class World : public ProgramWorld {
   public:
     World();
-    ~World();
-    World(const World&) = delete;
-    World& operator=(const World&) = delete;
 
-    std::string write(std::string_view name, std::string_view bytes) const { return directory_.write(name, bytes); }
-    std::string read(std::string_view name) const { return directory_.read(name); }
-    std::string operator/(std::string_view name) const { return directory_ / name; }
-
-    ScriptedDesktop desktop;
-    FakeProcessTable processes;
-
-  private:
-    std::filesystem::path startedIn_;
-    ScratchDirectory directory_;
-    FakeClock clock_;
+    std::string write(std::string_view name, std::string_view bytes) const { return directory.write(name, bytes); }
+    std::string read(std::string_view name) const { return directory.read(name); }
+    std::string operator/(std::string_view name) const { return directory / name; }
 };
 
 /// Does something that may be refused: with a run-time error, a parse error, or the end of the program. True when it

@@ -1,16 +1,13 @@
-// A throw-away program directory with every table reset, a scripted desktop, and no real time or processes.
+// A test in a program directory of its own (see programWorld.h).
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "support/fakeProcesses.h"
-#include "support/scratchDirectory.h"
-#include "support/scriptedDesktop.h"
+#include "support/programWorld.h"
 #include "text/runTimeError.h"
 #include "text/table.h"
 
@@ -19,9 +16,6 @@ namespace brasquelin {
 class ProgramTest : public testing::Test {
   protected:
     ProgramTest();
-    ~ProgramTest() override;
-    ProgramTest(const ProgramTest&) = delete;
-    ProgramTest& operator=(const ProgramTest&) = delete;
 
     /// The program directory, in its short form.
     const std::string& folder() const { return folder_; }
@@ -31,7 +25,6 @@ class ProgramTest : public testing::Test {
     void writeBytes(const std::string& name, const std::string& bytes) const;
     /// The same with "\n" between the lines.
     void writeText(const std::string& name, const std::string& lines) const;
-    /// The library "Say" with a text variable "text", whose job is "echo $text$".
     void writeSayLibrary(const std::string& name) const;
     std::string read(const std::string& name) const;
     bool exists(const std::string& name) const;
@@ -39,7 +32,7 @@ class ProgramTest : public testing::Test {
 
     static void setGlobals(const std::vector<NamedValue>& variables);
 
-    const std::vector<std::string>& jobs() const { return jobs_; }
+    const std::vector<std::string>& jobs() const { return world_.jobs; }
     const std::vector<std::string>& messages() const { return desktop_.messages; }
     const std::vector<std::string>& windowCalls() const { return desktop_.windowCalls; }
     const std::vector<std::string>& commands() const { return processes_.commands; }
@@ -55,15 +48,14 @@ class ProgramTest : public testing::Test {
     /// The status with which the action ends the program, -1 when it does not.
     static int exitStatusOf(const std::function<void()>& action);
 
-    ScriptedDesktop desktop_;
-    FakeClock clock_;
-    FakeProcessTable processes_;
-
   private:
-    ScratchDirectory directory_;
-    std::filesystem::path startedIn_;
+    ProgramWorld world_;
     std::string folder_;
-    std::vector<std::string> jobs_;
+
+  protected:
+    ScriptedDesktop& desktop_ = world_.desktop;
+    FakeClock& clock_ = world_.clock;
+    FakeProcessTable& processes_ = world_.processes;
 };
 
 }  // namespace brasquelin
