@@ -14,6 +14,7 @@ const brasquelin::FuzzTarget* target = nullptr;
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name is given
 extern "C" int LLVMFuzzerInitialize(int* /*count*/, char*** /*arguments*/) {
     const char* wanted = std::getenv("BRASQUELIN_FUZZ_TARGET");
     const std::string_view name = wanted == nullptr ? "" : wanted;
@@ -26,6 +27,7 @@ extern "C" int LLVMFuzzerInitialize(int* /*count*/, char*** /*arguments*/) {
     std::exit(name == "?" ? 0 : 2);
 }
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name is given
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     target->run({reinterpret_cast<const char*>(data), size});
     return 0;

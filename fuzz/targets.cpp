@@ -13,6 +13,9 @@
 #include "config/configFile.h"
 #include "editor/profileDocument.h"
 #include "fuzz/world.h"
+#include "platform/textFiles.h"
+#include "support/slowReplacement.h"
+#include "text/substitution.h"
 #include "text/text.h"
 #include "vars/commandLine.h"
 #include "vars/loadPrompt.h"
@@ -37,7 +40,7 @@ void configuration(std::string_view input) {
     fields.libraryPath = settings.libraryPath;
     for (std::size_t i = 0; i < globalVarRows(); ++i) {
         const auto& [name, value] = settings.globalVars[i];
-        fields.variables.push_back(name + '=' + value);
+        fields.variables.push_back(std::string(name).append(1, '=').append(value));
     }
     const auto variables = settings.globalVars;
     if (!allowed([&] { writeConfig(path, fields); })) return;
@@ -159,6 +162,35 @@ void checker(std::string_view input) {
     require(world.processes.commands.empty(), "the checker runs nothing");
 }
 
+/// The first line is expanded by the others, "name=value" or "form(name=value".
+void expansion(std::string_view input) {
+    constexpr std::size_t longest = 20000;  // the slow way takes its time
+    constexpr std::string_view form = "form(";
+    const World world;
+    const std::string path = world.write("lines.txt", input);
+    if (!allowed([&] { readTextFile(path); })) return;
+    const auto file = readTextFile(path);
+    if (file->lines.empty()) return;
+    std::string slow = file->lines.front();
+    ReferenceText fast(slow);
+    for (std::size_t i = 1; i < file->lines.size() && slow.size() < longest; ++i) {
+        std::string_view name = file->lines[i];
+        const auto equals = name.find('=');
+        if (equals == std::string_view::npos) continue;
+        const std::string_view value = name.substr(equals + 1);
+        name = name.substr(0, equals);
+        if (name.starts_with(form)) {
+            name.remove_prefix(form.size());
+            fast.replaceForm("text", name, value);
+            slow = replaceAll(slow, "text($" + std::string(name) + "$)", value);
+        } else {
+            fast.replace(name, value);
+            slow = replacedSlowly(name, value, slow);
+        }
+        require(fast.text() == slow, "a reference is replaced as the rule says");
+    }
+}
+
 /// What comes from a shell, a job log and the other side of a run window, in pieces.
 void runWindow(std::string_view input) {
     const std::string mark = "\x1etoken ";
@@ -208,6 +240,7 @@ const std::vector<FuzzTarget>& fuzzTargets() {
                                                  {"result-file", resultFile},
                                                  {"editor", editor},
                                                  {"checker", checker},
+                                                 {"expansion", expansion},
                                                  {"run-window", runWindow}};
     return targets;
 }

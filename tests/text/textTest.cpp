@@ -6,6 +6,7 @@
 #include <random>
 
 #include "support/scratchDirectory.h"
+#include "support/slowReplacement.h"
 #include "text/runTimeError.h"
 #include "text/substitution.h"
 #include "text/visibleText.h"
@@ -75,20 +76,6 @@ TEST(Substitution, ReplacesEveryReferenceInAnyLetterCaseWithoutRescanning) {
     EXPECT_EQ(replaceVar("", "x", "a$$b$$"), "axbx");
     EXPECT_EQ(replaceVar("a$b", "x", "$A$B$"), "x");
     EXPECT_EQ(replaceVar("other", "x", "$name$"), "$name$");
-}
-
-/// One name after another, by the words of the rule.
-std::string replacedSlowly(const std::string& name, const std::string& value, const std::string& text) {
-    const std::string wanted = lowerCase("$" + name + "$");
-    std::string result;
-    for (std::size_t at = 0; at < text.size();) {
-        const auto head = fromCharacter(std::string_view(text).substr(at), 1);
-        const auto candidate = firstCharacters(head, characterCount(wanted));
-        const bool found = lowerCase(candidate) == wanted;
-        result += found ? value : std::string(firstCharacters(head, 1));
-        at += found ? candidate.size() : firstCharacters(head, 1).size();
-    }
-    return result;
 }
 
 TEST(Substitution, PassesGiveWhatTheSlowRuleGives) {
