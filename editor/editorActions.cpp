@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "config/configFile.h"
+#include "editor/keptProfiles.h"
 #include "editor/newLines.h"
 #include "editor/references.h"
 #include "editor/valueInput.h"
@@ -46,6 +47,7 @@ void saveTo(const std::string& path) {
         saveDocument(editorState.document, path);
         settings.profilePath = path;
         editorState.edited.markSaved();
+        keepUnsaved();
     });
 }
 
@@ -94,6 +96,7 @@ SelectedLine moveSelected(Move move, SelectedLine selected) {
 }  // namespace
 
 void enterEditor() {
+    editorState.keptFile.clear();
     editorState.activeList = EditorList::none;
     editorState.edited.replace(newDocument);
 }
@@ -103,6 +106,8 @@ void stopWaiting() {
 }
 
 void leaveEditor() {
+    tryToKeep();
+    leaveKept();
     desktop().unloadWindow(ProgramWindow::addVar);
     desktop().unloadWindow(ProgramWindow::addCommand);
     desktop().showWindow(ProgramWindow::main, false);
@@ -116,7 +121,15 @@ std::string editorTitle() {
 }
 
 void startNewProfile() {
+    tryToKeep();
+    leaveKept();
     editorState.edited.replace(newDocument);
+}
+
+void restoreProfile(const std::string& file, const std::function<void()>& opened) {
+    if (!restoreKept(file)) return;
+    opened();
+    queryPlugins(editorState.document);
 }
 
 void openProfile(const std::function<void()>& opened) {
@@ -124,10 +137,12 @@ void openProfile(const std::function<void()>& opened) {
     const std::string path =
         desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", start});
     if (path.empty()) return;
+    tryToKeep();
     if (!reporting(path, [&] {
             editorState.edited.replace([&](ProfileDocument& document) { openDocument(document, path); });
         }))
         return;
+    leaveKept();
     opened();
     if (editorState.document.foreign) tellForeign(path);
     queryPlugins(editorState.document);

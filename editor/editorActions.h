@@ -25,6 +25,8 @@ std::string editorTitle();
 
 // The menu "Profile". A file that cannot be read or written is reported; the document is as it was then.
 void startNewProfile();
+/// What was kept of another document becomes the document, and its plugins are run.
+void restoreProfile(const std::string& file, const std::function<void()>& opened);
 /// `opened` is called when the document is another one, before its plugins are run.
 void openProfile(const std::function<void()>& opened);
 bool canSave();  // there is a current file

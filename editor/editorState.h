@@ -13,6 +13,7 @@ namespace brasquelin {
 struct EditorState {
     EditedDocument edited;
     const ProfileDocument& document = edited.document();
+    std::string keptFile;                      // keeps what is not saved of it; empty while there is none
     EditorList activeList = EditorList::none;  // last right-clicked or double-clicked
     std::vector<Problem> problems;             // of the document as it was checked last
     std::vector<std::string> lstVar;           // the references that the next value prompt offers

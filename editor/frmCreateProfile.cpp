@@ -13,9 +13,11 @@
 
 #include "check/keptTables.h"
 #include "editor/editorListView.h"
+#include "editor/keptProfiles.h"
 #include "editor/problemList.h"
 #include "platform/desktop.h"
 #include "platform/wx/buttons.h"
+#include "platform/wx/noticeLine.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/placement.h"
@@ -31,6 +33,7 @@ enum MenuId { mnuAdd = wxID_HIGHEST + 1, mnuEdit, mnuRemove, mnuClear, mnuFor, m
 constexpr int loopDelay = 50;  // milliseconds, so that the menu has closed
 constexpr int editDelay = 100;
 constexpr int checkDelay = 80;
+constexpr int keepDelay = 1000;
 
 /// The window is at work: while plugins run, events come through all the same.
 class AtWork {
@@ -94,11 +97,14 @@ FrmCreateProfile::FrmCreateProfile()
     SetSize(FromDIP(wxSize(760, 780)));
     placeOnScreen(*this);
     showDocument();
+    showOffer();
     listInclude_->SetFocus();
 }
 
 void FrmCreateProfile::makeParts() {
     auto* all = new wxBoxSizer(wxVERTICAL);
+    notice_ = new NoticeLine(parts_, "notice");
+    all->Add(notice_, wxSizerFlags().Expand());
     all->Add(makeName(), wxSizerFlags().Expand().DoubleBorder(wxALL));
     const auto below = wxSizerFlags(2).Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM);
     all->Add(makeList(listInclude_, EditorList::include, "listInclude",
@@ -145,16 +151,14 @@ void FrmCreateProfile::bindMenus() {
             startNewProfile();
             showNewDocument();
         });
+        showOffer();
     });
     onItem(wxID_OPEN, [this] {
         act([this] {
             const wxBusyCursor plugins;
-            openProfile([this] {
-                showNewDocument();
-                showDocument();
-                desktop().processPendingEvents();  // so that it is seen while its plugins run
-            });
+            openProfile([this] { showOpened(); });
         });
+        showOffer();
     });
     onItem(wxID_SAVE, [this] { act(saveProfile); });
     onItem(wxID_SAVEAS, [this] { act(saveProfileAs); });
@@ -187,6 +191,7 @@ void FrmCreateProfile::bindTimers() {
     tmrEdit_.Bind(wxEVT_TIMER,
                   [this](wxTimerEvent&) { act([this] { editCommandLine(listCommand_->selectedLine()); }); });
     tmrCheck_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { showProblems(); });
+    tmrKeep_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { canKeep_ = tryToKeep(); });
 }
 
 wxSizer* FrmCreateProfile::makeName() {
@@ -195,6 +200,7 @@ wxSizer* FrmCreateProfile::makeName() {
             editorState.edited.rename(name);
             SetTitle(toWx(editorTitle()));
             tmrCheck_.StartOnce(checkDelay);
+            keepSoon();
         });
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(new wxStaticText(parts_, wxID_ANY, "Profile name :"), wxSizerFlags().CenterVertical().Border(wxRIGHT));
@@ -270,12 +276,41 @@ void FrmCreateProfile::showNewDocument() {
     for (auto* list : lists()) list->showFromStart();
 }
 
+void FrmCreateProfile::showOpened() {
+    showNewDocument();
+    showDocument();
+    desktop().processPendingEvents();  // so that it is seen while its plugins run
+}
+
+void FrmCreateProfile::showOffer() {
+    const auto offer = keptOffer();
+    if (!offer) return notice_->hide();
+    const auto restore = [this, file = offer->file] {
+        act([&] {
+            const wxBusyCursor plugins;
+            restoreProfile(file, [this] { showOpened(); });
+        });
+        showOffer();
+    };
+    const auto discard = [this, file = offer->file] {
+        discardKept(file);
+        showOffer();
+    };
+    notice_->tell(offer->text, {{"Restore", "cmdRestore", restore}, {"Discard", "cmdDiscard", discard}});
+}
+
+/// Not with every change, but while changes come, too.
+void FrmCreateProfile::keepSoon() {
+    if (canKeep_ && !tmrKeep_.IsRunning()) tmrKeep_.StartOnce(keepDelay);
+}
+
 void FrmCreateProfile::showDocument() {
     const wxString name = toWx(editorState.document.profileName);
     if (profileName_->GetValue() != name) profileName_->ChangeValue(name);
     for (auto* list : lists()) list->showChanges();
     SetTitle(toWx(editorTitle()));
     tmrCheck_.StartOnce(checkDelay);
+    keepSoon();
 }
 
 void FrmCreateProfile::showProblems() {
@@ -379,6 +414,7 @@ void FrmCreateProfile::closing(wxCloseEvent& event) {
     ForTimer_.Stop();
     tmrEdit_.Stop();
     tmrCheck_.Stop();
+    tmrKeep_.Stop();
     leaveEditor();
     Hide();
     Destroy();

@@ -16,6 +16,7 @@ class wxTextCtrl;
 namespace brasquelin {
 
 class EditorListView;
+class NoticeLine;
 class ProblemList;
 
 class FrmCreateProfile : public wxFrame {
@@ -45,6 +46,9 @@ class FrmCreateProfile : public wxFrame {
     void goToProblem();
     void goTo(DocumentPlace place);
     void showNewDocument();
+    void showOpened();
+    void keepSoon();
+    void showOffer();
 
     void showContextMenu(EditorListView& list, wxContextMenuEvent& event);
     void handleKey(EditorListView& list, wxKeyEvent& event);
@@ -67,9 +71,12 @@ class FrmCreateProfile : public wxFrame {
     EditorListView* listVar_ = nullptr;
     EditorListView* listCommand_ = nullptr;
     ProblemList* listProblems_ = nullptr;
+    NoticeLine* notice_ = nullptr;
     wxTimer ForTimer_;
     wxTimer tmrEdit_;
     wxTimer tmrCheck_;  // runs once nothing has changed for a moment
+    wxTimer tmrKeep_;   // runs while something is to be kept
+    bool canKeep_ = true;
     bool busy_ = false;
 };
 

@@ -9,6 +9,7 @@
 #include "editor/editorListView.h"
 #include "editor/editorState.h"
 #include "editor/problemList.h"
+#include "platform/files.h"
 #include "platform/wx/dropDown.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
@@ -136,6 +137,33 @@ TEST_F(Editor, UndoesEverythingAndMarksWhatIsNotSaved) {
     EXPECT_TRUE(menu.IsEnabled(wxID_REDO));
     chooseFromMenu(frame, "Redo");
     EXPECT_EQ("Other", control<wxTextCtrl>(frame, "profileName").GetValue());
+}
+
+TEST_F(Editor, OffersWhatWasNotSavedWithoutAQuestion) {
+    wxFrame* frame = &openWith(sampleCommands);
+    const auto offers = [&frame] { return findControl(*frame, "notice")->IsShown(); };
+    EXPECT_FALSE(offers());
+    type(*frame, "profileName", "Other");
+    chooseFromMenu(*frame, "New");
+    EXPECT_TRUE(offers());
+    click(*frame, "cmdRestore");
+    pump();
+    EXPECT_FALSE(offers());
+    EXPECT_EQ("*a.bqp - Profile Editor", frame->GetTitle());
+    EXPECT_EQ("Other", control<wxTextCtrl>(*frame, "profileName").GetValue());
+    EXPECT_EQ(8, list(*frame, "listCommand").GetItemCount());
+
+    chooseFromMenu(*frame, "Exit");
+    pump();
+    clickTool(dynamic_cast<wxFrame&>(*loadedWindow("frmMain")), "Profile Editor");
+    pump();
+    frame = dynamic_cast<wxFrame*>(loadedWindow("frmCreateProfile"));
+    EXPECT_TRUE(offers());
+    click(*frame, "cmdDiscard");
+    pump();
+    EXPECT_FALSE(offers());
+    type(*frame, "profileName", "Typed");
+    EXPECT_TRUE(becomesTrue([this] { return fileExists(inDirectory("profile.kept")); })) << "should the program crash";
 }
 
 TEST_F(Editor, ListsProblemsAndGoesToTheirGroup) {

@@ -1,0 +1,149 @@
+#include "editor/keptProfiles.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <utility>
+#include <vector>
+
+#include "config/configFile.h"
+#include "editor/editorState.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/reporting.h"
+#include "platform/textFiles.h"
+#include "text/substitution.h"
+#include "vars/variableTables.h"
+
+namespace brasquelin {
+
+NLOHMANN_JSON_SERIALIZE_ENUM(Encoding, {{Encoding::utf8, "UTF-8"},
+                                        {Encoding::utf8WithMark, "UTF-8 with mark"},
+                                        {Encoding::ansi, "ANSI"}})
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::size_t mostKept = 20;
+constexpr std::string_view keptStart = "profile";
+constexpr std::string_view keptEnd = ".kept";
+
+KeptProfile fromJson(const Json& all) {
+    KeptProfile kept;
+    kept.path = all.at("path");
+    kept.document.rename(all.at("name").get<std::string>());
+    kept.document.append(EditorList::include, all.at("library"));
+    kept.document.append(EditorList::variables, all.at("var"));
+    kept.document.append(EditorList::commands, all.at("profile"));
+    for (const auto& name : all.at("plugins")) kept.document.pluginNames.append(name);
+    kept.document.foreign = all.at("foreign");
+    kept.document.encoding = all.at("encoding");
+    return kept;
+}
+
+std::string keptPath(std::size_t number) {
+    const std::string middle = number == 1 ? "" : "-" + std::to_string(number);
+    return joinPath(programDirectory(), std::string(keptStart) + middle + std::string(keptEnd));
+}
+
+std::string unusedPath() {
+    std::size_t number = 1;
+    while (fileExists(keptPath(number))) ++number;
+    return keptPath(number);
+}
+
+/// The files of documents that are not in the editor now, the newest first.
+std::vector<std::string> leftFiles() {
+    std::vector<std::pair<std::int64_t, std::string>> found;
+    for (const auto& name : listFiles(programDirectory())) {
+        const std::string path = joinPath(programDirectory(), name);
+        if (!name.starts_with(keptStart) || !name.ends_with(keptEnd) || path == editorState.keptFile) continue;
+        if (const auto stamp = fileStamp(path)) found.emplace_back(-stamp->modified, path);
+    }
+    std::sort(found.begin(), found.end());
+    std::vector<std::string> paths;
+    for (auto& [age, path] : found) paths.push_back(std::move(path));
+    return paths;
+}
+
+std::string offerText(const std::string& file) {
+    try {
+        const KeptProfile kept = readKept(file);
+        const std::string of = kept.path.empty() ? "The new profile '" + kept.document.profileName + "'"
+                                                 : "What was changed in '" + fileNameOf(kept.path) + "'";
+        return of + " was not saved, but kept.";
+    } catch (const RunTimeError&) {
+        return "'" + fileNameOf(file) + "', which keeps what was not saved, cannot be read.";
+    }
+}
+
+}  // namespace
+
+void writeKept(const std::string& file, const KeptProfile& kept) {
+    const ProfileDocument& document = kept.document;
+    const auto& plugins = document.pluginNames;
+    const Json all{{"path", kept.path},
+                   {"name", document.profileName},
+                   {"library", document.listInclude},
+                   {"var", document.listVar},
+                   {"profile", document.listCommand},
+                   {"plugins", std::vector<std::string>(plugins.begin(), plugins.end())},
+                   {"foreign", document.foreign},
+                   {"encoding", document.encoding}};
+    writeFile(file, all.dump(0, ' ', false, Json::error_handler_t::replace) + "\n");
+}
+
+KeptProfile readKept(const std::string& file) {
+    try {
+        return fromJson(Json::parse(readFileBytes(file, mostTextBytes)));
+    } catch (const Json::exception&) {
+        throw RunTimeError(ErrorNumber::deviceError, file).because("It holds no kept profile.");
+    }
+}
+
+void keepUnsaved() {
+    auto& state = editorState;
+    if (state.edited.isSaved()) {
+        if (!state.keptFile.empty()) deleteFile(state.keptFile);
+        state.keptFile.clear();
+        return;
+    }
+    if (state.keptFile.empty()) state.keptFile = unusedPath();
+    writeKept(state.keptFile, {state.document, settings.profilePath});
+}
+
+bool tryToKeep() {
+    return reporting(editorState.keptFile, keepUnsaved);
+}
+
+void leaveKept() {
+    editorState.keptFile.clear();
+    const auto left = leftFiles();
+    for (std::size_t i = mostKept; i < left.size(); ++i) deleteFile(left[i]);
+}
+
+std::optional<KeptOffer> keptOffer() {
+    const auto left = leftFiles();
+    if (left.empty()) return std::nullopt;
+    return KeptOffer{left.front(), offerText(left.front())};
+}
+
+bool restoreKept(const std::string& file) {
+    return reporting(file, [&] {
+        KeptProfile kept = readKept(file);
+        tryToKeep();
+        leaveKept();
+        editorState.edited.replace([&](ProfileDocument& document) { document = std::move(kept.document); });
+        editorState.edited.markUnsaved();
+        settings.profilePath = kept.path;
+        variableTables.pluginResults[0].resetCount();
+        keepUnsaved();
+        discardKept(file);
+    });
+}
+
+void discardKept(const std::string& file) {
+    deleteFile(file);
+}
+
+}  // namespace brasquelin
