@@ -4,7 +4,8 @@
 
 namespace brasquelin {
 
-JobListView::JobListView(wxWindow* parent) : LineList(parent, "JobList", wxBORDER_NONE, parent->GetClientSize()) {}
+JobListView::JobListView(wxWindow* parent)
+    : LineList(parent, "JobList", wxBORDER_NONE, parent->GetClientSize(), Selection::several) {}
 
 void JobListView::showChanges() {
     if (shownRevision_ == jobList.revision()) return;

@@ -61,6 +61,8 @@ class Desktop {
     /// The chosen file's full name; empty when cancelled.
     virtual std::string askFile(const FileDialogRequest& request) = 0;
     virtual void copyToClipboard(std::string_view text) = 0;
+    /// Empty when the clipboard holds no text.
+    virtual std::string clipboardText() = 0;
     /// Opens a link or document with its associated program.
     virtual void openLink(std::string_view target) = 0;
 

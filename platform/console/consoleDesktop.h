@@ -13,6 +13,7 @@ class ConsoleDesktop : public Desktop {
                                        std::string_view defaultText) override;
     std::string askFile(const FileDialogRequest& request) override;
     void copyToClipboard(std::string_view /*text*/) override {}
+    std::string clipboardText() override { return {}; }
     void openLink(std::string_view target) override;
     void showWindow(ProgramWindow window, bool modal) override;
     void unloadWindow(ProgramWindow /*window*/) override {}

@@ -3,16 +3,44 @@
 #include <wx/dcclient.h>
 
 #include <algorithm>
+#include <iterator>
+#include <numeric>
+#include <utility>
 
 #include "platform/desktop.h"
 #include "platform/wx/wxText.h"
 #include "text/visibleText.h"
 
+#ifdef __WXGTK__
+#include <wx/selstore.h>
+
+/// The toolkit's own goes through all selected rows, one by one, to tell whether a row is among them: with ten
+/// thousands of them a list takes seconds. This one stands in for it where the toolkit is a shared library.
+bool wxSelectionStore::IsSelected(unsigned item) const {
+    return std::binary_search(m_itemsSel.begin(), m_itemsSel.end(), item) != m_defaultState;
+}
+#endif
+
 namespace brasquelin {
 
-LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize& size)
-    : wxListView(parent, wxID_ANY, wxDefaultPosition, size,
-                 wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL | wxLC_NO_HEADER | border, wxDefaultValidator, name) {
+namespace {
+
+using Rows = std::vector<std::size_t>;
+
+/// The rows that are in one of them only.
+Rows differenceOf(const Rows& left, const Rows& right) {
+    Rows rows;
+    std::set_symmetric_difference(left.begin(), left.end(), right.begin(), right.end(), std::back_inserter(rows));
+    return rows;
+}
+
+}  // namespace
+
+LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize& size, Selection selection)
+    : wxListView(
+          parent, wxID_ANY, wxDefaultPosition, size,
+          wxLC_REPORT | wxLC_VIRTUAL | wxLC_NO_HEADER | border | (selection == Selection::one ? wxLC_SINGLE_SEL : 0),
+          wxDefaultValidator, name) {
     // With equal widths the line with the most characters is the widest.
     wxFont font = GetFont();
     font.SetFamily(wxFONTFAMILY_TELETYPE);
@@ -33,9 +61,11 @@ LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize
     });
 }
 
+LineList::~LineList() = default;
+
 void LineList::showLines() {
     const long count = static_cast<long>(lineCount());
-    if (count < GetItemCount() && GetFirstSelected() >= 0) Select(GetFirstSelected(), false);
+    if (count < GetItemCount()) setAllSelected(false);
     SetItemCount(count);
     widenColumn();
     Refresh();
@@ -50,46 +80,84 @@ void LineList::widenColumn() {
 }
 
 std::optional<std::size_t> LineList::selectedLine() const {
-    const long selected = GetFirstSelected();
+    if (GetSelectedItemCount() == 0) return std::nullopt;
+    const long focused = GetFocusedItem();
+    const long selected = focused >= 0 && IsSelected(focused) ? focused : GetFirstSelected();
     if (selected < 0 || static_cast<std::size_t>(selected) >= lineCount()) return std::nullopt;
     return static_cast<std::size_t>(selected);
 }
 
+void LineList::setAllSelected(bool selected) {
+    if (GetItemCount() == 0 || (!selected && GetSelectedItemCount() == 0)) return;
+    if (HasFlag(wxLC_SINGLE_SEL)) return Select(GetFirstSelected(), selected);
+    SetItemState(-1, selected ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
+}
+
 void LineList::selectLine(std::optional<std::size_t> line) {
-    if (!line) {
-        if (GetFirstSelected() >= 0) Select(GetFirstSelected(), false);
-        return;
-    }
-    const long item = static_cast<long>(*line);
-    Select(item);
-    Focus(item);  // scrolls, too
+    if (!line) return setAllSelected(false);
+    selectLines({*line});
 }
 
 void LineList::selectLineAt(const wxPoint& place) {
     int flags = 0;
     const long item = HitTest(place, flags);
     if (item == wxNOT_FOUND) return;
-    Select(item);
+    if (!IsSelected(item)) return selectLine(static_cast<std::size_t>(item));
     Focus(item);
+}
+
+std::vector<std::size_t> LineList::selectedLines() const {
+    std::vector<std::size_t> lines(selectedCount());
+    if (static_cast<int>(lines.size()) == GetItemCount()) {
+        std::iota(lines.begin(), lines.end(), 0U);
+        return lines;
+    }
+    long item = -1;
+    for (auto& line : lines) line = static_cast<std::size_t>(item = GetNextSelected(item));
+    return lines;
+}
+
+/// Each row that changes takes its time: a step from what is selected now, from none or from all, whichever is nearest.
+void LineList::selectLines(const std::vector<std::size_t>& lines) {
+    const auto count = static_cast<std::size_t>(GetItemCount());
+    const auto fromNow = differenceOf(selectedLines(), lines).size();
+    const bool fromAll = !HasFlag(wxLC_SINGLE_SEL) && count - lines.size() < std::min(fromNow, lines.size());
+    if (fromAll || lines.size() < fromNow) setAllSelected(fromAll);
+    for (const std::size_t line : differenceOf(selectedLines(), lines)) {
+        Select(static_cast<long>(line), std::binary_search(lines.begin(), lines.end(), line));
+    }
+    if (!lines.empty()) Focus(static_cast<long>(lines.front()));  // scrolls, too
+}
+
+void LineList::selectAll() {
+    setAllSelected(true);
+}
+
+void LineList::letLinesBeDragged(DragActions actions) {
+    dragging_ = std::make_unique<LineDragging>(*this, std::move(actions));
 }
 
 wxPoint LineList::placeOfSelection() const {
     wxRect line;
-    const long selected = GetFirstSelected();
-    if (selected < 0 || !GetItemRect(selected, line)) return {};
+    const auto selected = selectedLine();
+    if (!selected || !GetItemRect(static_cast<long>(*selected), line)) return {};
     const int height = GetClientSize().y;
     return wxPoint(0, std::clamp(line.GetBottom(), 0, height));
 }
 
 /// Without a current line GTK would take the key to leave the list. False when a line is selected already.
 bool LineList::selectFirstSeen() {
-    if (GetItemCount() == 0 || GetFirstSelected() >= 0) return false;
+    if (GetItemCount() == 0 || GetSelectedItemCount() > 0) return false;
     selectLine(static_cast<std::size_t>(std::max(0L, GetTopItem())));
     return true;
 }
 
 void LineList::copySelected() {
-    if (const auto selected = selectedLine()) desktop().copyToClipboard(line(*selected));
+    const auto selected = selectedLines();
+    if (selected.empty()) return;
+    std::string text = line(selected.front());
+    for (std::size_t i = 1; i < selected.size(); ++i) text.append("\n").append(line(selected[i]));
+    desktop().copyToClipboard(text);
 }
 
 int LineList::textWidth(const wxString& text) const {

@@ -4,25 +4,46 @@
 
 #include <wx/listctrl.h>
 
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "platform/wx/lineDragging.h"
 
 namespace brasquelin {
 
 class LineList : public wxListView {
   public:
-    /// A list that gets its final size here starts faster than one that is resized.
-    LineList(wxWindow* parent, const char* name, long border, const wxSize& size = wxDefaultSize);
+    enum class Selection { one, several };
 
+    /// A list that gets its final size here starts faster than one that is resized.
+    LineList(wxWindow* parent, const char* name, long border, const wxSize& size = wxDefaultSize,
+             Selection selection = Selection::one);
+    ~LineList() override;
+
+    /// Of several selected lines the one that has the keys, where it is among them, else the first.
     std::optional<std::size_t> selectedLine() const;
 
-    /// Selects a line and scrolls it into view; nothing deselects.
+    /// Selects this line alone and scrolls it into view; nothing deselects.
     void selectLine(std::optional<std::size_t> line);
 
-    /// Selects the line at a place in the control; a place without one changes nothing.
+    /// Selects the line at a place in the control, unless it is one of several selected ones; a place without one
+    /// changes nothing.
     void selectLineAt(const wxPoint& place);
     /// Where a menu for the selected line is to open.
     wxPoint placeOfSelection() const;
+
+    /// Sorted. Fast, however many lines there are and are selected.
+    std::vector<std::size_t> selectedLines() const;
+    std::size_t selectedCount() const { return static_cast<std::size_t>(GetSelectedItemCount()); }
+    /// Selects these lines (sorted) instead; the first of them has the keys and comes into view.
+    void selectLines(const std::vector<std::size_t>& lines);
+    void selectAll();
+
+    /// From now on the selected lines can be dragged, and what is dragged there dropped.
+    void letLinesBeDragged(DragActions actions);
 
   protected:
     virtual std::size_t lineCount() const = 0;
@@ -36,16 +57,20 @@ class LineList : public wxListView {
     /// What the row shows where there is room for it.
     virtual wxString wholeText(std::size_t index) const;
 
+    /// What Ctrl+C does: the selected lines, each on its own.
+    virtual void copySelected();
+
   private:
     wxString OnGetItemText(long item, long column) const final;
     int textWidth(const wxString& text) const;
     int scrolledBy() const;
     void followScrolling();
     void widenColumn();
-    void copySelected();
     bool selectFirstSeen();
+    void setAllSelected(bool selected);
 
     int scrolledBy_ = 0;  // pixels to the right, when the rows were drawn
+    std::unique_ptr<LineDragging> dragging_;
 };
 
 }  // namespace brasquelin

@@ -1,11 +1,11 @@
 #include "platform/wx/oneLine.h"
 
-#include <wx/clipbrd.h>
 #include <wx/textctrl.h>
 
 #include <algorithm>
 #include <utility>
 
+#include "platform/desktop.h"
 #include "platform/wx/wxText.h"
 #include "text/text.h"
 #include "text/visibleText.h"
@@ -18,16 +18,9 @@ bool hasBreak(const wxString& text) {
     return text.find_first_of("\r\n") != wxString::npos;
 }
 
-wxString clipboardText() {
-    const wxClipboardLocker lock;
-    wxTextDataObject text;
-    if (!lock || !wxTheClipboard->GetData(text)) return {};
-    return text.GetText();
-}
-
 /// Some desktops paste no more than the first line.
 void paste(wxTextCtrl& box, wxClipboardTextEvent& event) {
-    const wxString text = clipboardText();
+    const wxString text = toWx(desktop().clipboardText());
     if (!hasBreak(text)) return event.Skip();
     box.WriteText(toWx(onOneLine(fromWx(text))));
 }

@@ -203,6 +203,13 @@ void WxDesktop::copyToClipboard(std::string_view text) {
     wxTheClipboard->Flush();  // outlives the program
 }
 
+std::string WxDesktop::clipboardText() {
+    const wxClipboardLocker lock;
+    wxTextDataObject text;
+    if (!lock || !wxTheClipboard->GetData(text)) return {};
+    return fromWx(text.GetText());
+}
+
 void WxDesktop::openLink(std::string_view target) {
     const bool link = target.starts_with("mailto:") || target.find("://") != std::string_view::npos;
     const bool opened =

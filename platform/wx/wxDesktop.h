@@ -21,6 +21,7 @@ class WxDesktop : public Desktop {
                                        std::string_view defaultText) override;
     std::string askFile(const FileDialogRequest& request) override;
     void copyToClipboard(std::string_view text) override;
+    std::string clipboardText() override;
     void openLink(std::string_view target) override;
     void showRunning(const std::string& what, std::function<void()> cancel) override;
     void hideRunning() override;

@@ -36,6 +36,7 @@ class ScriptedDesktop : public Desktop {
                                        std::string_view defaultText) override;
     std::string askFile(const FileDialogRequest& request) override;
     void copyToClipboard(std::string_view text) override { clipboard = text; }
+    std::string clipboardText() override { return clipboard; }
     void openLink(std::string_view target) override { questions.emplace_back(target); }
     void showWindow(ProgramWindow window, bool modal) override;
     void unloadWindow(ProgramWindow window) override;

@@ -114,7 +114,7 @@ TEST_F(MainWindow, ShowsTheJobListAndClearsIt) {
     EXPECT_EQ(2, list.GetItemCount());
     EXPECT_EQ("short", list.GetItemText(0));
     EXPECT_GE(list.GetColumnWidth(0), list.GetTextExtent(wxString('w', 400)).x);
-    list.Select(1);
+    list.selectLine(1);
     clickTool(frame, "Clear Joblist");
     EXPECT_EQ(0, list.GetItemCount());
     EXPECT_EQ(list.GetClientSize().x, list.GetColumnWidth(0));
@@ -140,8 +140,8 @@ TEST_F(MainWindow, ALineShowsWhatIsRunAndThatItGoesOn) {
         EXPECT_TRUE(row.EndsWith("...")) << row;
         EXPECT_LE(list.GetTextExtent(row).x, list.GetClientSize().x);
     }
-    const auto wholeOf = [&](long item) {
-        list.Select(item);
+    const auto wholeOf = [&](std::size_t item) {
+        list.selectLine(item);
         pump();
         return fromWx(whole.GetValue());
     };
@@ -149,7 +149,7 @@ TEST_F(MainWindow, ALineShowsWhatIsRunAndThatItGoesOn) {
     EXPECT_EQ(far, wholeOf(1));
     EXPECT_TRUE(wholeOf(2).ends_with("x ... (1000000 characters in all; Ctrl+C in the list copies them)"));
     EXPECT_EQ((Lines{hidden, far, endless}), jobList.lines());
-    list.Select(0);
+    list.selectLine(0);
     chooseFromMenu(frame, "Execute this line");
     EXPECT_EQ(Lines{hidden}, processes.commands);
     clickTool(frame, "Clear Joblist");
