@@ -38,7 +38,13 @@ struct FileStamp {
 std::optional<FileStamp> fileStamp(std::string_view path);
 
 /// Creates the file anew with these bytes: written beside its place and moved over it, so a failure leaves the old
-/// file. Raises 61, 70, 75 or 76: 75 for a device or pipe.
+/// file. Owner, mode and links stay. A program that is killed meanwhile leaves one temporary file beside it, which the
+/// next write replaces.
+/// A file that has hard links, or that may be written but not replaced (its directory is closed to the user, say), is
+/// written in place: a copy of the old bytes stands beside it meanwhile or, where nothing can be created, in the user's
+/// directory of temporary files, and a failure puts the old bytes back. If that fails, too, the copy stays and the
+/// error names it; a program that is killed there leaves the copy.
+/// Raises 61, 70, 75 or 76: 75 for a device or pipe.
 void writeFile(std::string_view path, std::string_view bytes);
 
 /// The same for a file that holds a user's work: the bytes are on the disk before the old file goes.

@@ -16,10 +16,10 @@ class Descriptor {
     Descriptor& operator=(const Descriptor&) = delete;
     int get() const { return value_; }
     explicit operator bool() const { return value_ >= 0; }
-    /// False when the system reports a late write error.
-    bool reset() {
-        const int value = std::exchange(value_, -1);
-        return value < 0 || close(value) == 0;
+    /// Holds another one, or none. False when the system reports a late write error.
+    bool reset(int value = -1) {
+        const int before = std::exchange(value_, value);
+        return before < 0 || close(before) == 0;
     }
 
   private:

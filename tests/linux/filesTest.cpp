@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -69,19 +70,118 @@ TEST_F(LinuxFiles, PipesAndDevicesAreNoTextsAndAreNotWaitedFor) {
     }
 }
 
-TEST_F(LinuxFiles, AWriteThatFailsLeavesTheOldFileAlone) {
-    write("kept.txt", {"old"});
+/// In a process of its own: 0, or the number of the error that it raised.
+int inOtherProcess(const std::function<void()>& step) {
+    const pid_t child = fork();
+    if (child == 0) {
+        try {
+            step();
+        } catch (const RunTimeError& error) {
+            _exit(static_cast<int>(error.number()));
+        }
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+/// The same as a user who owns nothing.
+int asNobody(const std::function<void()>& step) {
+    return inOtherProcess([&] {
+        constexpr uid_t nobody = 65534;
+        if (setgid(nobody) != 0 || setuid(nobody) != 0) _exit(99);
+        step();
+    });
+}
+
+/// The error of a write while files may not grow beyond 64 bytes.
+ErrorNumber errorOfSmallDisk(const std::function<ErrorNumber()>& write) {
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit small{64, before.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
-    const ErrorNumber error = errorOf([this] { saveFile(folder() + "/kept.txt", std::string(1000, 'x')); });
+    const ErrorNumber error = write();
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(error, ErrorNumber::pathFileAccess);
-    EXPECT_EQ(read("kept.txt"), "old\r\n");
-    EXPECT_EQ(listFiles(folder()), Lines{"kept.txt"});
+    return error;
+}
+
+TEST_F(LinuxFiles, AWriteThatFailsLeavesTheOldFileAlone) {
+    write("kept.txt", {"old"});
+    for (const bool linked : {false, true}) {
+        const std::string path = folder() + "/kept.txt";
+        if (linked) std::filesystem::create_hard_link(path, folder() + "/linked");
+        EXPECT_EQ(errorOfSmallDisk([&] { return errorOf([&] { saveFile(path, std::string(1000, 'x')); }); }),
+                  ErrorNumber::pathFileAccess);
+        EXPECT_EQ(read("kept.txt"), "old\r\n");
+        EXPECT_EQ(listFiles(folder()), linked ? (Lines{"kept.txt", "linked"}) : Lines{"kept.txt"});
+    }
+}
+
+TEST_F(LinuxFiles, AWritableFileIsWrittenWhereNothingCanBeMovedOverIt) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+    write("theirs/open.ini", {"old"});
+    write("theirs/closed.ini", {"old"});
+    chmod((folder() + "/theirs/open.ini").c_str(), 0666);
+    const auto save = [&](const char* name) {
+        return asNobody([&] { saveFile(folder() + "/theirs/" + name, "new text\r\n"); });
+    };
+    EXPECT_EQ(save("open.ini"), 0);
+    EXPECT_EQ(read("theirs/open.ini"), "new text\r\n");
+    EXPECT_EQ(save("closed.ini"), static_cast<int>(ErrorNumber::permissionDenied));
+    EXPECT_EQ(save("new.ini"), static_cast<int>(ErrorNumber::permissionDenied));
+    write("theirs/open.ini", {"old"});
+    chmod((folder() + "/theirs").c_str(), 01777);  // they may add files, but not replace those of others
+    EXPECT_EQ(save("open.ini"), 0);
+    EXPECT_EQ(read("theirs/open.ini"), "new text\r\n");
+    EXPECT_EQ(listFiles(folder() + "/theirs"), (Lines{"closed.ini", "open.ini"}));
+}
+
+TEST_F(LinuxFiles, WhatAKilledSaveLeftIsReplacedByTheNext) {
+    const std::string path = folder() + "/x.ini";
+    const std::string large(4 << 20, 'x');
+    std::size_t most = 0;
+    for (unsigned round = 1; round <= 10 || (most < 2 && round < 100); ++round) {
+        const pid_t child = fork();
+        for (int i = 0; child == 0 && i < 10000; ++i) writeFile(path, large);
+        if (child == 0) _exit(0);
+        usleep(2000 * (1 + round % 10));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        most = std::max(most, listFiles(folder()).size());
+        EXPECT_TRUE(!fileExists(path) || readFileBytes(path) == large);
+    }
+    EXPECT_EQ(most, 2U);
+    saveFile(path, "new");
+    EXPECT_EQ(listFiles(folder()), Lines{"x.ini"});
+}
+
+TEST_F(LinuxFiles, TwoProgramsThatSaveAtOnceDoNotMixTheirTexts) {
+    const std::string path = folder() + "/x.ini";
+    std::vector<pid_t> children;
+    for (const char letter : {'a', 'b', 'c'}) {
+        children.push_back(fork());
+        if (children.back() != 0) continue;
+        for (int i = 0; i < 300; ++i) writeFile(path, std::string(100000, letter));
+        _exit(0);
+    }
+    std::size_t running = children.size();
+    int looks = 0;
+    while (running > 0) {
+        int status = 0;
+        if (waitpid(-1, &status, WNOHANG) > 0) {
+            --running;
+            EXPECT_EQ(status, 0);
+        }
+        if (!fileExists(path)) continue;
+        const std::string text = readFileBytes(path);
+        ASSERT_EQ(text, std::string(100000, text.front()));
+        ++looks;
+    }
+    EXPECT_GT(looks, 10);
+    EXPECT_EQ(listFiles(folder()), Lines{"x.ini"});
 }
 
 TEST_F(LinuxFiles, TheCommandLineIsDecodedLikeAListAndTheHomeIsKept) {

@@ -7,6 +7,8 @@
 #include "platform/codePages.h"
 #include "platform/listFile.h"
 #include "platform/paths.h"
+#include "platform/systemWriting.h"
+#include "platform/temporaryName.h"
 #include "platform/textFiles.h"
 #include "support/programTest.h"
 #include "text/text.h"
@@ -25,6 +27,9 @@ TEST_F(Files, AreReplacedWhole) {
     writeFile(path, "first");
     saveFile(path, "second");
     EXPECT_EQ(readFileBytes(path), "second");
+    changeDirectory(folder());
+    writeFile(name, "third");
+    EXPECT_EQ(readFileBytes(path), "third");
     EXPECT_EQ(listFiles(folder()), Lines{name});
     EXPECT_TRUE(deleteFile(path));
     EXPECT_FALSE(deleteFile(path));
@@ -45,6 +50,60 @@ TEST_F(Files, BehindALinkAreReplacedThere) {
     }
     EXPECT_TRUE(deleteFile(folder() + "/link.txt"));
     EXPECT_TRUE(listFiles(folder()).empty());
+}
+
+TEST_F(Files, HardLinksStayLinksOfOneFile) {
+    write("one.txt", {"a text that is longer than the new one"});
+    std::filesystem::create_hard_link(folder() + "/one.txt", folder() + "/other.txt");
+    for (const std::string text : {"short", "", "longer than anything that stood there before this"}) {
+        saveFile(folder() + "/one.txt", text);
+        EXPECT_EQ(read("other.txt"), text);
+    }
+    EXPECT_EQ(listFiles(folder()), (Lines{"one.txt", "other.txt"}));
+}
+
+TEST_F(Files, NamesAsLongAsTheSystemTakesThemAreSaved) {
+    std::string name(253, 'n');
+    for (const char* end : {"é", "ab"}) {
+        const std::string path = folder() + "/" + name + end;
+        saveFile(path, "first");
+        saveFile(path, end);
+        EXPECT_EQ(readFileBytes(path), end);
+    }
+    EXPECT_EQ(listFiles(folder()).size(), 2U);
+    EXPECT_EQ(errorOf([&] { saveFile(folder() + "/" + name + "abc", ""); }), ErrorNumber::pathFileAccess);
+}
+
+TEST_F(Files, OnTheirWayHaveOneNameForEachWhoWritesThem) {
+    const auto open = [this] { return openTemporary(fromUtf8(folder()), "x.ini"); };
+    const auto first = open()->path();
+    EXPECT_FALSE(std::filesystem::exists(first));
+    writeBytes(utf8(first.filename()), "left by a program that was killed");
+    {
+        const auto one = open();
+        const auto other = open();
+        EXPECT_EQ(one->path(), first);
+        EXPECT_NE(other->path(), first);
+        EXPECT_EQ(std::filesystem::file_size(first), 0U);
+        other->setKept(true);
+    }
+    EXPECT_EQ(listFiles(folder()), Lines{"x.ini.1.brasquelin~"});
+}
+
+TEST_F(Files, OnTheirWayHaveNamesThatAreCutBetweenCodePoints) {
+    EXPECT_EQ(temporaryName<char>("x", 0, 255), "x.brasquelin~");
+    const std::string narrow = "éééééééééééééééééééééééééééééééé";
+    std::wstring wide;  // of pairs
+    while (wide.size() < 64) wide += {L'\xD83D', L'\xDE00'};
+    for (std::size_t most = 50; most < 60; ++most) {
+        const std::string cut = temporaryName(narrow, 12, most);
+        EXPECT_TRUE(isUtf8(cut)) << cut;
+        EXPECT_TRUE(cut.size() == most || cut.size() == most - 1) << cut;
+        const std::wstring cutPairs = temporaryName(wide, 0, most);
+        EXPECT_EQ(cutPairs.find(L'.') % 2, 0U) << most;
+    }
+    EXPECT_NE(temporaryName<char>(std::string(60, 'x') + "a", 0, 60),
+              temporaryName<char>(std::string(60, 'x') + "b", 0, 60));
 }
 
 TEST_F(Files, ErrorsTellWhatIsWrong) {

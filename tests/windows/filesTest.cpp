@@ -33,6 +33,23 @@ TEST_F(WindowsFiles, OneThatIsInUseIsDeniedAndStaysAndNothingIsLeftBehind) {
     EXPECT_EQ(listFiles(folder()).size(), 1U);
 }
 
+TEST_F(WindowsFiles, OneThatIsReadOnlyIsDeniedAndOneThatOthersMayWriteIsWrittenInPlace) {
+    writeBytes("kept.ini", "old");
+    const std::string path = folder() + "/kept.ini";
+    EXPECT_EQ(errorWhileOpen(FILE_SHARE_READ | FILE_SHARE_WRITE,
+                             [&] {
+                                 saveFile(path, "new");
+                                 throw RunTimeError(ErrorNumber::overflow);
+                             }),
+              ErrorNumber::overflow);
+    EXPECT_EQ(readFileBytes(path), "new");
+    SetFileAttributesW(fromUtf8(path).c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(errorOf([&] { saveFile(path, "newer"); }), ErrorNumber::permissionDenied);
+    SetFileAttributesW(fromUtf8(path).c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(readFileBytes(path), "new");
+    EXPECT_EQ(listFiles(folder()).size(), 1U);
+}
+
 TEST_F(WindowsFiles, HiddenOnesAreNotListedAndDevicesAreNoFiles) {
     for (const char* name : {"b.bqp", "hidden.bqp"}) write(name, {});
     SetFileAttributesW(fromUtf8(folder() + "/hidden.bqp").c_str(), FILE_ATTRIBUTE_HIDDEN);
