@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/jobList.h"
+#include "app/jobListEditing.h"
 #include "config/configFile.h"
 #include "platform/childProcess.h"
 #include "platform/clock.h"
@@ -21,6 +22,8 @@
 namespace brasquelin {
 
 namespace {
+
+bool starting = false;  // while pending events are processed
 
 /// `betweenLauncherAndFile` separates a configured launcher from the batch file.
 std::string batchCommand(std::string_view betweenLauncherAndFile) {
@@ -133,8 +136,7 @@ void executeJobList() {
         desktop().showMessage("Joblist empty !", "Error", Icon::exclamation);
         return;
     }
-    static bool starting = false;
-    if (starting) return;  // a second click, while pending events are processed
+    if (starting) return;  // a second click
     const Raised whileStarting(starting);
     BatchStart batch;
     // The word is the launcher's title.
@@ -144,8 +146,12 @@ void executeJobList() {
     throw EndProgram(0);
 }
 
+bool batchIsStarting() {
+    return starting;
+}
+
 void clearJobList() {
-    jobList.clear();
+    clearJobs();
 }
 
 }  // namespace brasquelin

@@ -22,6 +22,10 @@ void executeLine(std::optional<std::size_t> selected);
 /// Writes the batch file, starts it through the launcher and ends the program. An empty list is only a message.
 void executeJobList();
 
+/// True from then on until it has started: the list is on its way.
+bool batchIsStarting();
+
+/// By hand: it can be undone.
 void clearJobList();
 
 }  // namespace brasquelin

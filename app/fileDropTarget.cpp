@@ -23,12 +23,16 @@ bool dialogIsOpen() {
 
 }  // namespace
 
-bool FileDropTarget::OnDropFiles(wxCoord /*x*/, wxCoord /*y*/, const wxArrayString& names) {
+bool dropFiles(wxWindow& window, const std::vector<std::string>& paths) {
     if (dialogIsOpen() && !runState.running) return false;
+    window.CallAfter([paths] { openDropped(paths); });
+    return true;
+}
+
+bool FileDropTarget::OnDropFiles(wxCoord /*x*/, wxCoord /*y*/, const wxArrayString& names) {
     std::vector<std::string> paths;
     for (const auto& name : names) paths.push_back(fromWx(name));
-    window_.CallAfter([paths] { openDropped(paths); });
-    return true;
+    return dropFiles(window_, paths);
 }
 
 }  // namespace brasquelin

@@ -4,7 +4,13 @@
 #include <wx/dnd.h>
 #include <wx/window.h>
 
+#include <string>
+#include <vector>
+
 namespace brasquelin {
+
+/// Opens the files behind the event, as openDropped. False when a dialog is open: it would get under it.
+bool dropFiles(wxWindow& window, const std::vector<std::string>& paths);
 
 class FileDropTarget : public wxFileDropTarget {
   public:

@@ -8,6 +8,7 @@
 
 #include "app/fileDropTarget.h"
 #include "app/jobList.h"
+#include "app/jobListControl.h"
 #include "app/jobListView.h"
 #include "app/startUp.h"
 #include "platform/wx/pictures.h"
@@ -56,6 +57,8 @@ FrmMain::FrmMain()
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(JobList_, wxSizerFlags(1).Expand());
     SetSizer(sizer);
+    jobs_ = std::make_unique<JobListControl>(*this, *JobList_, *sizer);
+    GetMenuBar()->Append(jobs_->makeMenu(), "&Edit");
     bindCommands();
     Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
@@ -70,6 +73,7 @@ FrmMain::FrmMain()
 
 FrmMain::~FrmMain() {
     jobList.clear();
+    jobHistory.clear();
     endLastChild();
 }
 
@@ -131,7 +135,7 @@ void FrmMain::bindCommands() {
 
 void FrmMain::run(const MainCommand& command) {
     if (!mainCommandsEnabled()) return;
-    runMainCommand(command.key, JobList_->selectedLine());
+    runMainCommand(command.key, JobList_->selectedJob());
     showChanges();
 }
 
@@ -139,7 +143,7 @@ void FrmMain::showChanges() {
     if (!txtLine_ && !jobList.empty()) makeLine();
     JobList_->showChanges();
     if (!txtLine_) return;
-    const auto selected = JobList_->selectedLine();
+    const auto selected = JobList_->selectedJob();
     if (selected == shownLine_ && (!selected || shownRevision_ == jobList.revision())) return;
     shownLine_ = selected;
     shownRevision_ = jobList.revision();
@@ -149,9 +153,12 @@ void FrmMain::showChanges() {
 void FrmMain::showMenu(wxContextMenuEvent& event) {
     wxMenu mnuPrincipal;
     appendCommands(mnuPrincipal);
+    JobList_->showChanges();
     const bool byKey = event.GetPosition() == wxDefaultPosition;
     const wxPoint place = byKey ? JobList_->placeOfSelection() : JobList_->ScreenToClient(event.GetPosition());
     if (!byKey) JobList_->selectLineAt(place);
+    mnuPrincipal.AppendSeparator();
+    jobs_->appendCommands(mnuPrincipal);
     popUpMenu(*JobList_, mnuPrincipal, place);
 }
 

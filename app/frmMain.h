@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 #include "app/mainCommands.h"
@@ -13,6 +14,7 @@ class wxTextCtrl;
 
 namespace brasquelin {
 
+class JobListControl;
 class JobListView;
 
 class FrmMain : public wxFrame {
@@ -32,6 +34,7 @@ class FrmMain : public wxFrame {
     void closing(wxCloseEvent& event);
 
     JobListView* JobList_ = nullptr;
+    std::unique_ptr<JobListControl> jobs_;
     wxTextCtrl* txtLine_ = nullptr;  // the selected line as a whole
     std::optional<std::size_t> shownLine_;
     std::uint64_t shownRevision_ = 0;

@@ -5,24 +5,35 @@
 namespace brasquelin {
 
 JobListView::JobListView(wxWindow* parent)
-    : LineList(parent, "JobList", wxBORDER_NONE, parent->GetClientSize(), Selection::several) {}
+    : LineList(parent, "JobList", wxBORDER_NONE, parent->GetClientSize(), Selection::several), filter_(jobList) {}
 
 void JobListView::showChanges() {
     if (shownRevision_ == jobList.revision()) return;
     shownRevision_ = jobList.revision();
+    filter_.update();
     showLines();
 }
 
-std::size_t JobListView::lineCount() const {
-    return jobList.size();
+void JobListView::showOnly(const std::string& text) {
+    const Jobs selected = selectedJobs();
+    selectLine({});
+    filter_.setText(text);
+    showLines();
+    selectJobs(selected);
+}
+
+std::optional<std::size_t> JobListView::selectedJob() const {
+    const auto row = selectedLine();
+    if (!row) return std::nullopt;
+    return filter_.jobOf(*row);
+}
+
+void JobListView::selectJobs(const Jobs& jobs) {
+    selectLines(filter_.rowsOf(jobs));
 }
 
 const std::string& JobListView::line(std::size_t index) const {
-    return jobList.line(index);
-}
-
-std::optional<std::size_t> JobListView::longestLine() const {
-    return jobList.longestLine();
+    return jobList.line(filter_.jobOf(index));
 }
 
 }  // namespace brasquelin

@@ -8,6 +8,7 @@
 
 #include "app/batchFile.h"
 #include "app/jobList.h"
+#include "app/jobListEditing.h"
 #include "app/openFile.h"
 #include "config/configFile.h"
 #include "config/registerFileTypes.h"
@@ -161,6 +162,7 @@ void resetTables() {
     editorState.reset();
     runState.reset();
     jobList.clear();
+    jobHistory.clear();
     forgetTextFiles();
     childProcessId = 0;
     setJobSink([](std::string line) { jobList.append(std::move(line)); });

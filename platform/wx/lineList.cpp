@@ -25,6 +25,8 @@ namespace brasquelin {
 
 namespace {
 
+constexpr std::size_t mostSteps = 5000;
+
 using Rows = std::vector<std::size_t>;
 
 /// The rows that are in one of them only.
@@ -123,7 +125,9 @@ void LineList::selectLines(const std::vector<std::size_t>& lines) {
     const auto fromNow = differenceOf(selectedLines(), lines).size();
     const bool fromAll = !HasFlag(wxLC_SINGLE_SEL) && count - lines.size() < std::min(fromNow, lines.size());
     if (fromAll || lines.size() < fromNow) setAllSelected(fromAll);
-    for (const std::size_t line : differenceOf(selectedLines(), lines)) {
+    const Rows steps = differenceOf(selectedLines(), lines);
+    if (steps.size() > mostSteps) return selectLine(lines.front());
+    for (const std::size_t line : steps) {
         Select(static_cast<long>(line), std::binary_search(lines.begin(), lines.end(), line));
     }
     if (!lines.empty()) Focus(static_cast<long>(lines.front()));  // scrolls, too

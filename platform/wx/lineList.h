@@ -38,7 +38,8 @@ class LineList : public wxListView {
     /// Sorted. Fast, however many lines there are and are selected.
     std::vector<std::size_t> selectedLines() const;
     std::size_t selectedCount() const { return static_cast<std::size_t>(GetSelectedItemCount()); }
-    /// Selects these lines (sorted) instead; the first of them has the keys and comes into view.
+    /// Selects these lines (sorted) instead; the first of them has the keys and comes into view. Where
+    /// that would be too slow, with many thousands of lines here and there, only the first is selected.
     void selectLines(const std::vector<std::size_t>& lines);
     void selectAll();
 

@@ -35,7 +35,11 @@ TEST_F(MainWindow, OffersItsCommandsInTheMenuThePopUpMenuAndTheToolbar) {
     Lines popUp;
     setMenuPresenter([&](wxWindow&, wxMenu& menu, const wxPoint&) { popUp = captionsOf(menu); });
     rightClick(control<JobListView>(frame, "JobList"));
-    EXPECT_EQ(commandCaptions, popUp);
+    EXPECT_EQ(commandCaptions,
+              Lines(popUp.begin(), popUp.begin() + static_cast<std::ptrdiff_t>(commandCaptions.size())));
+    const Lines edits = captionsOf(*frame.GetMenuBar()->GetMenu(1));
+    EXPECT_EQ("-", popUp[commandCaptions.size()]);
+    EXPECT_EQ(edits, Lines(popUp.end() - static_cast<std::ptrdiff_t>(edits.size()), popUp.end()));
 
     auto& toolbar = control<wxToolBar>(frame, "Toolbar1");
     Lines tools;
@@ -154,6 +158,59 @@ TEST_F(MainWindow, ALineShowsWhatIsRunAndThatItGoesOn) {
     EXPECT_EQ(Lines{hidden}, processes.commands);
     clickTool(frame, "Clear Joblist");
     EXPECT_EQ("", whole.GetValue());
+}
+
+TEST_F(MainWindow, JobsAreEditedByKeysAndMenusAlsoWhereSomeAreHidden) {
+    using Rows = std::vector<std::size_t>;
+    wxFrame& frame = start();
+    auto& list = control<JobListView>(frame, "JobList");
+    for (const char* line : {"copy a", "move b", "copy c"}) jobList.append(line);
+    pump();
+    const auto press = [&](int key, bool control = false, bool alt = false) {
+        wxKeyEvent event(wxEVT_CHAR_HOOK);
+        event.m_keyCode = key;
+        event.m_controlDown = control;
+        event.m_altDown = alt;
+        list.HandleWindowEvent(event);
+        pump();
+    };
+    list.selectLines({1, 2});
+    press(WXK_UP, false, true);
+    EXPECT_EQ((Lines{"move b", "copy c", "copy a"}), jobList.lines());
+    EXPECT_EQ((Rows{0, 1}), list.selectedLines());
+    press('Z', true);
+    EXPECT_EQ((Rows{1, 2}), list.selectedLines());
+    press('A', true);
+    press('C', true);
+    EXPECT_EQ("copy a\nmove b\ncopy c", windows.clipboardText());
+
+    press('F', true);
+    type(frame, "txtFind", "COPY");
+    EXPECT_EQ("2 of 3", fromWx(findControl(frame, "lblFound")->GetLabel()));
+    EXPECT_EQ((Rows{0, 2}), list.selectedJobs());
+    list.SetFocus();
+    press('A', true);
+    choosePopUps("Delete");
+    rightClick(list);
+    EXPECT_EQ(Lines{"move b"}, jobList.lines()) << "what is hidden stays";
+    chooseFromMenu(frame, "Undo");
+    EXPECT_EQ((Rows{0, 2}), list.selectedJobs());
+    EXPECT_EQ(2, list.GetItemCount());
+    list.selectLine(1);
+    modals.textAnswers = {"MOVE c"};
+    press(WXK_F2);
+    EXPECT_EQ((Lines{"copy a", "move b", "MOVE c"}), jobList.lines());
+    EXPECT_EQ(3, list.GetItemCount()) << "what was changed is seen";
+    EXPECT_EQ(2U, list.selectedJob());
+
+    press('F', true);
+    type(frame, "txtFind", "move");
+    press(WXK_ESCAPE);
+    EXPECT_EQ(3, list.GetItemCount());
+    EXPECT_FALSE(findControl(frame, "findBar")->IsShown());
+    clickTool(frame, "Clear Joblist");
+    press('Z', true);
+    EXPECT_EQ(3U, jobList.size());
 }
 
 TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {

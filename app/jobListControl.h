@@ -1,0 +1,47 @@
+// What the user does to the job list in the main window: commands, keys, dragging, finding.
+#pragma once
+
+#include <vector>
+
+#include "app/jobCommands.h"
+
+class wxFrame;
+class wxKeyEvent;
+class wxMenu;
+class wxSizer;
+
+namespace brasquelin {
+
+class FindBar;
+class JobListView;
+
+class JobListControl {
+  public:
+    /// `place` holds the list first; the find bar comes below it.
+    JobListControl(wxFrame& frame, JobListView& list, wxSizer& place);
+
+    /// A menu "Edit" for the menu bar.
+    wxMenu* makeMenu();
+    /// The commands, each enabled if it can do something now.
+    void appendCommands(wxMenu& menu) const;
+
+  private:
+    void bindCommands();
+    void handleKey(wxKeyEvent& event);
+    void enableCommands(wxMenu& menu) const;
+    JobSelection selection() const;
+    void run(JobCommandKind command);
+    void show(const Jobs& changed, JobCommandKind by);
+    void letJobsBeDragged();
+    void openFind();
+    void closeFind();
+    void find(const std::string& text);
+
+    wxFrame& frame_;
+    JobListView& list_;
+    wxSizer& place_;
+    FindBar* findBar_ = nullptr;  // not before it is wanted
+    wxMenu* editMenu_ = nullptr;
+};
+
+}  // namespace brasquelin
