@@ -82,8 +82,8 @@ bool ProgramWindows::isVisible(ProgramWindow window) const {
     return known && known->IsShown();
 }
 
-std::optional<std::string> ProgramWindows::askValue(const ValueQuestion& question) {
-    std::optional<std::string> answer;
+ValueAnswer ProgramWindows::askValue(const ValueQuestion& question) {
+    ValueAnswer answer;
     showUntilClosed(*new InputForm(question, answer));
     return answer;
 }

@@ -13,11 +13,13 @@ std::vector<std::string> AddCommand::callLines(const CallableEntry& entry) const
     if (const auto prompt = parameterPrompt(entry.name); !prompt.empty()) {
         return {entry.name + "=" + showValueInput(prompt, {}, references_)};
     }
+    const auto parameters = parametersOfInclude(entry.path);
+    ValueChain chain(parameters.size(), references_);
     std::vector<std::string> lines{entry.name};
-    for (const auto& variable : variablesOfInclude(entry.path)) {
-        lines.push_back("." + variable + "=" + showValueInput(variable, {}, references_));
+    for (const auto& [name, start, about] : parameters) {
+        lines.push_back("." + name + "=" + chain.ask(name, start, about));
     }
-    return lines;
+    return chain.stopped() ? std::vector<std::string>() : lines;
 }
 
 void AddCommand::configure(std::size_t index) const {

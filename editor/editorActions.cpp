@@ -204,9 +204,11 @@ void askLoop() {
     state.lstVar = loopReferences(state.document);
     const std::string name = desktop().askText("Enter the 'ForToNext' var name :", "Brasquelin", {}).value_or("");
     if (name.empty()) return;  // no loop would come of it
-    const std::string start = showValueInput("Enter the 'ForToNext' var start :", {}, state.lstVar);
-    const std::string end = showValueInput("Enter the 'ForToNext' var end :", {}, state.lstVar);
-    const std::string step = showValueInput("Enter the 'ForToNext' var step :", {}, state.lstVar);
+    ValueChain chain(4, state.lstVar, 1);
+    const std::string start = chain.ask("Enter the 'ForToNext' var start :");
+    const std::string end = chain.ask("Enter the 'ForToNext' var end :");
+    const std::string step = chain.ask("Enter the 'ForToNext' var step :");
+    if (chain.stopped()) return;
     append(EditorList::commands, loopLines(name, start, end, step));
 }
 

@@ -5,41 +5,82 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <algorithm>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/wx/buttons.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
+#include "text/text.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
-InputForm::InputForm(ValueQuestion question, std::optional<std::string>& answer)
+InputForm::InputForm(ValueQuestion question, ValueAnswer& answer)
     : ProgramDialog("inputForm", "Enter value"), question_(std::move(question)), answer_(answer) {
-    auto* descriptionCaption = new wxStaticText(this, wxID_ANY, toWxLines(question_.prompt), wxDefaultPosition,
-                                                wxDefaultSize, 0, "descriptionCaption");
+    auto* head = makeHead();
     valueBox_ = makeTextBox(this, "valueBox", question_.defaultText);
     Command3_ = makePictureButton(this, Picture::reference, 16, "Command3", "Insert a reference",
                                   [this] { offerReferences(); });
-    auto* cmdCancel = makeCancelButton(this, "&Cancel");
-    auto* cmdOK = makeButton(this, "OK", "cmdOK", [this] { confirm(); });
 
     auto* value = new wxBoxSizer(wxHORIZONTAL);
     value->Add(valueBox_, wxSizerFlags(1).CenterVertical().Border(wxRIGHT));
     value->Add(Command3_, wxSizerFlags().CenterVertical());
     auto* all = new wxBoxSizer(wxVERTICAL);
-    all->Add(descriptionCaption, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxTOP | wxRIGHT));
-    all->Add(value, wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxTOP | wxRIGHT));
+    const auto part = wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxTOP | wxRIGHT);
+    all->Add(head, part);
+    all->Add(value, part);
+    if (!question_.about.empty()) all->Add(makeAbout(), part);
     all->AddStretchSpacer();
-    all->Add(makeButtonRow(cmdCancel, cmdOK), wxSizerFlags().Expand().DoubleBorder(wxALL));
+    all->Add(makeButtons(), wxSizerFlags().Expand().DoubleBorder(wxALL));
     SetSizer(all);
     fit(FromDIP(wxSize(520, 120)));
     valueBox_->SetFocus();
     valueBox_->SetInsertionPointEnd();
 }
 
-void InputForm::confirm() {
-    answer_ = fromWx(valueBox_->GetValue());
+wxSizer* InputForm::makeHead() {
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(new wxStaticText(this, wxID_ANY, toWxLines(question_.prompt), wxDefaultPosition, wxDefaultSize, 0,
+                              "descriptionCaption"),
+             wxSizerFlags(1));
+    if (question_.count < 2) return row;
+    const auto place = wxString::Format("%zu of %zu", question_.number, question_.count);
+    row->Add(new wxStaticText(this, wxID_ANY, place, wxDefaultPosition, wxDefaultSize, 0, "placeCaption"));
+    return row;
+}
+
+/// A long list of choices ends in an ellipsis.
+wxStaticText* InputForm::makeAbout() {
+    constexpr std::size_t mostLines = 12;
+    std::vector<std::string_view> lines = split(question_.about, "\n");
+    const bool longer = lines.size() > mostLines;
+    lines.resize(std::min(lines.size(), mostLines));
+    std::string text;
+    for (const auto line : lines) text.append(text.empty() ? "" : "\n").append(shownLine(line));
+    if (longer) text.append("\n...");
+    return new wxStaticText(this, wxID_ANY, toWx(text), wxDefaultPosition, wxDefaultSize,
+                            wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "aboutCaption");
+}
+
+wxSizer* InputForm::makeButtons() {
+    auto* cmdCancel = makeCancelButton(this, "&Cancel");
+    auto* cmdOK = makeButton(this, "OK", "cmdOK", [this] {
+        endWith({ValueEnd::given, fromWx(valueBox_->GetValue())});
+    });
+    auto* row = makeButtonRow(cmdCancel, cmdOK);
+    if (question_.count < 2) return row;
+    auto* cmdStop = makeButton(this, "&Stop", "cmdStop", [this] { endWith({ValueEnd::stopped}); });
+    cmdStop->SetToolTip("Ask for no more values and add nothing");
+    row->Insert(0, cmdStop);
+    return row;
+}
+
+void InputForm::endWith(ValueAnswer answer) {
+    answer_ = std::move(answer);
     closeWindow();
 }
 

@@ -12,6 +12,7 @@
 #include "text/fileFormat.h"
 #include "text/text.h"
 #include "vars/declarations.h"
+#include "vars/typeSpec.h"
 #include "vars/variableTables.h"
 
 namespace brasquelin {
@@ -117,11 +118,39 @@ std::string_view parameterPrompt(std::string_view entry) {
     return entry.starts_with(functionPrefix) ? "Basic Function parameter :" : "";
 }
 
-std::vector<std::string> variablesOfInclude(const std::string& path) {
-    std::vector<std::string> names;
+namespace {
+
+/// Choices are given by their number.
+std::string startOf(const VariableDeclaration& variable) {
+    if (!isChoice(kindOf(variable.typeSpec))) return includePath(variable.defaultValue, settings.profilePath);
+    return variable.defaultValue.empty() ? std::string() : "list(" + variable.defaultValue + ")";
+}
+
+std::string aboutChoices(const VariableDeclaration& variable) {
+    std::string text;
+    std::size_t number = 0;
+    for (const auto item : choiceItems(variable.typeSpec)) {
+        text.append("\nlist(").append(std::to_string(++number)).append("): ").append(item);
+    }
+    return text;
+}
+
+std::string aboutVariable(const VariableDeclaration& variable) {
+    const std::string_view spec = variable.typeSpec;
+    std::string text = variable.info.empty() || variable.info == "none" ? std::string() : variable.info + '\n';
+    text.append("Type: ").append(spec.substr(0, spec.find('(')));
+    return isChoice(kindOf(spec)) ? text + aboutChoices(variable) : text;
+}
+
+}  // namespace
+
+std::vector<CallParameter> parametersOfInclude(const std::string& path) {
+    std::vector<CallParameter> parameters;
     readFunctionVariables(path, OnParseError::report);
-    for (const auto& variable : variableTables.functionVariables) names.push_back(variable.name);
-    return names;
+    for (const auto& variable : variableTables.functionVariables) {
+        parameters.push_back({variable.name, startOf(variable), aboutVariable(variable)});
+    }
+    return parameters;
 }
 
 }  // namespace brasquelin

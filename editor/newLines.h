@@ -52,8 +52,14 @@ std::vector<CallableEntry> callableEntries(const ProfileDocument& document);
 /// What asks for the parameter of a plugin or basic function; empty for an include, which takes variables.
 std::string_view parameterPrompt(std::string_view entry);
 
-/// The variables that a call of the include asks for, in order. Empty, after a message, for a bad declaration. Raises
-/// the error of opening the file.
-std::vector<std::string> variablesOfInclude(const std::string& path);
+/// A value that a call of an include gives.
+struct CallParameter {
+    std::string name;
+    std::string start;  // the declared default, as a call writes it
+    std::string about;  // lines: the information, the type, the choices
+};
+/// Those that a call of the include asks for, in order. Empty, after a message, for a bad declaration. Raises the error
+/// of opening the file.
+std::vector<CallParameter> parametersOfInclude(const std::string& path);
 
 }  // namespace brasquelin

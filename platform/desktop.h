@@ -34,7 +34,16 @@ std::string_view nameOf(ProgramWindow window);
 struct ValueQuestion {
     std::string prompt;
     std::string defaultText;
-    std::vector<std::string> references;  // offered in a menu; an empty one does not open
+    std::vector<std::string> references = {};  // offered in a menu; an empty one does not open
+    std::string about = {};                    // what may be said of the value, in lines
+    std::size_t number = 0;                    // its place among several that are asked for one after another
+    std::size_t count = 0;                     // of those
+};
+/// `stopped`: no further one of several is to be asked for.
+enum class ValueEnd { given, cancelled, stopped };
+struct ValueAnswer {
+    ValueEnd end = ValueEnd::cancelled;
+    std::string text = {};
 };
 
 /// How far a list has been worked off. The waiting window looks into it.
@@ -71,8 +80,8 @@ class Desktop {
     virtual void unloadWindow(ProgramWindow window) = 0;
     virtual bool isVisible(ProgramWindow window) const = 0;
 
-    /// Asks for one text with references at hand; nothing when it was cancelled.
-    virtual std::optional<std::string> askValue(const ValueQuestion& question) = 0;
+    /// Asks for one text with references at hand.
+    virtual ValueAnswer askValue(const ValueQuestion& question) = 0;
 
     /// Shows a prompt (`frmVarProfile` or `frmVarFunction`) in place of one that is up. Modal: returns when it was
     /// closed.

@@ -39,8 +39,9 @@ void ConsoleDesktop::showWindow(ProgramWindow window, bool /*modal*/) {
     decline("Brasquelin", "The window " + std::string(nameOf(window)) + " needs a display.");
 }
 
-std::optional<std::string> ConsoleDesktop::askValue(const ValueQuestion& question) {
-    return askText(question.prompt, "Brasquelin", question.defaultText);
+ValueAnswer ConsoleDesktop::askValue(const ValueQuestion& question) {
+    askText(question.prompt, "Brasquelin", question.defaultText);
+    return {};
 }
 
 void ConsoleDesktop::showPrompt(std::shared_ptr<PromptForm> /*form*/, bool /*modal*/) {

@@ -18,7 +18,7 @@ class ConsoleDesktop : public Desktop {
     void showWindow(ProgramWindow window, bool modal) override;
     void unloadWindow(ProgramWindow /*window*/) override {}
     bool isVisible(ProgramWindow /*window*/) const override { return false; }
-    std::optional<std::string> askValue(const ValueQuestion& question) override;
+    ValueAnswer askValue(const ValueQuestion& question) override;
     void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
     void closePrompt() override {}
     void runBehindWaitWindow(std::function<void()> run) override { run(); }

@@ -241,8 +241,8 @@ TEST_F(EditorActions, ADeclarationCollectsItsChoices) {
 }
 
 TEST_F(EditorActions, ACallAsksForEachVariable) {
-    write("build.bqp", {"#Brasquelin Profile build", "[var]", "src", ".Type=Text", ".Info=", "dst", ".Type=Text",
-                        ".Info=", "[/var]"});
+    write("build.bqp", {"#Brasquelin Profile build", "[var]", "src", ".Type=Text", ".Info=", "dst",
+                        ".Type=List(red||green)", ".Info=where to", ".Default=2", "[/var]"});
     write("functions.ini", {"copy", "copy.ini"});
     settings.basicFunctionPath = folder() + "/functions.ini";
     given(EditorList::include, {":Include $exepath$/build.bqp"});
@@ -256,8 +256,24 @@ TEST_F(EditorActions, ACallAsksForEachVariable) {
                                            "Plugin.zip=-r out.zip", "build", ".src=Canceled", ".dst=Canceled"}));
     const Lines asked = prompts();
     EXPECT_EQ(Lines(asked.begin(), asked.begin() + 4),
-              (Lines{"src []", "dst []", "Basic Function parameter : []", "Plugin Command Line : []"}));
-    EXPECT_EQ(desktop_.valueQuestions.back().references, dialog.references());
+              (Lines{"src []", "dst [list(2)]", "Basic Function parameter : []", "Plugin Command Line : []"}));
+    const ValueQuestion last = desktop_.valueQuestions.back();
+    EXPECT_EQ(last.references, dialog.references());
+    EXPECT_EQ(last.about, "where to\nType: List\nlist(1): red\nlist(2): green");
+    EXPECT_EQ(std::pair(last.number, last.count), std::pair(std::size_t{2}, std::size_t{2}));
+}
+
+TEST_F(EditorActions, AStoppedChainAddsNothing) {
+    write("build.bqp", {"#Brasquelin Profile build", "[var]", "src", ".Type=Text", ".Info=", "[/var]"});
+    given(EditorList::include, {":Include $exepath$/build.bqp"});
+    desktop_.stopsChains = true;
+    AddCommand().configure(0);
+    answerText("i");
+    inputs = {"1"};
+    askLoop();
+    EXPECT_TRUE(document.listCommand.empty());
+    EXPECT_EQ(prompts().size(), 3U);  // of the loop's, the second one stops it
+    EXPECT_EQ(desktop_.valueQuestions.back().number, 3U);
 }
 
 }  // namespace

@@ -81,7 +81,7 @@ TEST_F(NewLines, AMissingFunctionListOrABadDeclarationIsOnlyTold) {
     EXPECT_EQ(messages(),
               Lines{"Brasquelin Error: Error 53 : File not found\r\nWhile loading '" + folder() + "/none.ini'"});
     write("bad.bqs", {"#", "[var]", "a", ".Type=Text", ".Info=", "b", ".Type=List(x", "[/var]"});
-    EXPECT_TRUE(variablesOfInclude(folder() + "/bad.bqs").empty());
+    EXPECT_TRUE(parametersOfInclude(folder() + "/bad.bqs").empty());
     EXPECT_EQ(messages().size(), 2U);
 }
 

@@ -42,10 +42,10 @@ void ScriptedDesktop::unloadWindow(ProgramWindow window) {
     if (visible_.erase(window) > 0) windowCalls.push_back("unload " + std::string(nameOf(window)));
 }
 
-std::optional<std::string> ScriptedDesktop::askValue(const ValueQuestion& question) {
+ValueAnswer ScriptedDesktop::askValue(const ValueQuestion& question) {
     valueQuestions.push_back(question);
-    if (values.empty()) return std::nullopt;
-    return takeFirst(values);
+    if (values.empty()) return {stopsChains ? ValueEnd::stopped : ValueEnd::cancelled};
+    return {ValueEnd::given, takeFirst(values)};
 }
 
 void ScriptedDesktop::showPrompt(std::shared_ptr<PromptForm> form, bool modal) {

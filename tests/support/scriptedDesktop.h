@@ -20,6 +20,7 @@ class ScriptedDesktop : public Desktop {
     std::shared_ptr<PromptForm> prompt;    // shown last
     std::vector<ValueQuestion> valueQuestions;
     std::deque<std::string> values;    // answers of the value window; cancelled when there is none left
+    bool stopsChains = false;          // or, instead, the whole chain stopped
     std::vector<std::string> running;  // what the user was told that is running
     std::vector<FileDialogRequest> dialogs;
     std::string clipboard;
@@ -41,7 +42,7 @@ class ScriptedDesktop : public Desktop {
     void showWindow(ProgramWindow window, bool modal) override;
     void unloadWindow(ProgramWindow window) override;
     bool isVisible(ProgramWindow window) const override { return visible_.contains(window); }
-    std::optional<std::string> askValue(const ValueQuestion& question) override;
+    ValueAnswer askValue(const ValueQuestion& question) override;
     void showPrompt(std::shared_ptr<PromptForm> form, bool modal) override;
     void closePrompt() override {}
     void runBehindWaitWindow(std::function<void()> run) override;

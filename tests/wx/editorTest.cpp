@@ -235,7 +235,13 @@ TEST_F(Editor, PastedLineBreaksBecomeBlanks) {
         paste(window, "valueBox");
         click(window, "cmdCancel");
     });
-    EXPECT_EQ(std::nullopt, windows.askValue({"prompt", "", {}}));
+    EXPECT_EQ(ValueEnd::cancelled, windows.askValue({"prompt", "", {}}).end);
+    next([&](wxDialog& window) {
+        EXPECT_EQ("2 of 3", control<wxStaticText>(window, "placeCaption").GetLabel());
+        EXPECT_EQ("Type: List\n...", control<wxStaticText>(window, "aboutCaption").GetLabel());
+        click(window, "cmdStop");
+    });
+    EXPECT_EQ(ValueEnd::stopped, windows.askValue({"prompt", "", {}, "Type: List\n...", 2, 3}).end);
 }
 
 TEST_F(Editor, OffersLoopsOnlyForTheCommandList) {
