@@ -5,6 +5,7 @@
 #include "config/configFile.h"
 #include "editor/keptProfiles.h"
 #include "editor/newLines.h"
+#include "editor/pluginQuery.h"
 #include "editor/references.h"
 #include "editor/valueInput.h"
 #include "engine/plugins.h"
@@ -14,7 +15,9 @@
 #include "platform/paths.h"
 #include "platform/reporting.h"
 #include "text/fileFormat.h"
+#include "text/runTimeError.h"
 #include "text/text.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -48,7 +51,37 @@ void saveTo(const std::string& path) {
         settings.profilePath = path;
         editorState.edited.markSaved();
         keepUnsaved();
+        tellStatus("Saved '" + path + "'.");
     });
+}
+
+std::vector<FileLine> linesToBeLost() {
+    std::vector<FileLine> lost;
+    try {
+        if (canSave() && !editorState.document.foreign) lost = linesLostBySaving(settings.profilePath);
+    } catch (const RunTimeError&) {
+        lost.clear();  // a file that cannot be read any more
+    }
+    return lost;
+}
+
+std::string listOf(const std::vector<FileLine>& lines) {
+    constexpr std::size_t most = 20;
+    std::string text;
+    for (std::size_t i = 0; i < std::min(lines.size(), most); ++i) {
+        text += "line " + std::to_string(lines[i].number) + ": " + visibleText(lines[i].text) + "\r\n";
+    }
+    if (lines.size() > most) text += "and " + std::to_string(lines.size() - most) + " more\r\n";
+    return text;
+}
+
+/// True unless the user would rather keep what saving drops.
+bool mayDropLines() {
+    const auto lost = linesToBeLost();
+    return lost.empty() ||
+           desktop().askYesNo("Saving drops these lines, which stand in no section of a profile:\r\n\r\n" +
+                                  listOf(lost) + "\r\nSave all the same ?",
+                              "Brasquelin");
 }
 
 void tellForeign(const std::string& path) {
@@ -68,6 +101,7 @@ void addProgram(const std::string& chosen, const std::string& path) {
             document.pluginNames.append(pluginNameOf(chosen));
             document.append(EditorList::include, {writeLibraryLine({word, path, answer.value_or("")})});
         });
+        if (!isCheck) editorState.newPlugins.push_back(editorState.document.listInclude.back());
     });
 }
 
@@ -97,12 +131,14 @@ SelectedLine moveSelected(Move move, SelectedLine selected) {
 
 void enterEditor() {
     editorState.keptFile.clear();
+    editorState.newPlugins.clear();
+    editorState.status.clear();
     editorState.activeList = EditorList::none;
     editorState.edited.replace(newDocument);
 }
 
 void stopWaiting() {
-    killProcess(childProcessId);
+    cancelChild();
 }
 
 void leaveEditor() {
@@ -123,13 +159,14 @@ std::string editorTitle() {
 void startNewProfile() {
     tryToKeep();
     leaveKept();
+    editorState.newPlugins.clear();
     editorState.edited.replace(newDocument);
 }
 
 void restoreProfile(const std::string& file, const std::function<void()>& opened) {
     if (!restoreKept(file)) return;
     opened();
-    queryPlugins(editorState.document);
+    queryPlugins();
 }
 
 void openProfile(const std::function<void()>& opened) {
@@ -145,7 +182,7 @@ void openProfile(const std::function<void()>& opened) {
     leaveKept();
     opened();
     if (editorState.document.foreign) tellForeign(path);
-    queryPlugins(editorState.document);
+    queryPlugins();
 }
 
 bool canSave() {
@@ -155,7 +192,22 @@ bool canSave() {
 void saveProfile() {
     if (!canSave()) return;
     if (editorState.document.foreign) return saveProfileAs();
-    saveTo(settings.profilePath);
+    if (mayDropLines()) saveTo(settings.profilePath);
+}
+
+std::string lossNote() {
+    const auto lost = linesToBeLost().size();
+    if (lost == 0) return {};
+    const std::string what =
+        lost == 1 ? "A line of this file stands" : std::to_string(lost) + " lines of this file stand";
+    return what + " in no section of a profile. Saving will drop " + (lost == 1 ? "it." : "them.");
+}
+
+void showLoss() {
+    const auto lost = linesToBeLost();
+    if (!lost.empty())
+        desktop().showMessage("In '" + settings.profilePath + "', in no section:\r\n\r\n" + listOf(lost), "Brasquelin",
+                              Icon::information);
 }
 
 void saveProfileAs() {

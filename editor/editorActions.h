@@ -33,6 +33,10 @@ bool canSave();  // there is a current file
 /// A file that was no profile is not replaced without a question: that is saved as by saveProfileAs.
 void saveProfile();
 void saveProfileAs();
+/// That the current file holds lines which saving will drop (then it asks); empty when it holds none.
+std::string lossNote();
+/// Lists them in a message.
+void showLoss();
 
 // The menu "Edit". Both give the first line that has changed, in no list where only the name has.
 DocumentPlace undoChange();

@@ -1,6 +1,7 @@
 // The profile editor's state: the document and what is kept beside it.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,6 +18,9 @@ struct EditorState {
     EditorList activeList = EditorList::none;  // last right-clicked or double-clicked
     std::vector<Problem> problems;             // of the document as it was checked last
     std::vector<std::string> lstVar;           // the references that the next value prompt offers
+    std::vector<std::string> newPlugins;       // lines that were added; their variables are not known yet
+    std::string status;                        // what the window tells below its lists
+    std::function<void()> statusChanged;       // set by the window
 
     void reset() {
         std::destroy_at(this);
@@ -24,5 +28,8 @@ struct EditorState {
     }
 };
 extern EditorState editorState;
+
+/// Shown at once, also while something else goes on.
+void tellStatus(std::string status);
 
 }  // namespace brasquelin

@@ -14,6 +14,7 @@
 #include "check/keptTables.h"
 #include "editor/editorListView.h"
 #include "editor/keptProfiles.h"
+#include "editor/pluginQuery.h"
 #include "editor/problemList.h"
 #include "platform/desktop.h"
 #include "platform/wx/buttons.h"
@@ -23,6 +24,7 @@
 #include "platform/wx/placement.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
+#include "text/visibleText.h"
 
 namespace brasquelin {
 
@@ -96,8 +98,13 @@ FrmCreateProfile::FrmCreateProfile()
     SetMinSize(FromDIP(wxSize(420, 500)));
     SetSize(FromDIP(wxSize(760, 780)));
     placeOnScreen(*this);
+    CreateStatusBar(1, wxSTB_DEFAULT_STYLE, wxID_ANY, "statusLine");
+    editorState.statusChanged = [this] {
+        showStatus();
+        GetStatusBar()->Update();
+    };
     showDocument();
-    showOffer();
+    showNotices();
     listInclude_->SetFocus();
 }
 
@@ -151,14 +158,13 @@ void FrmCreateProfile::bindMenus() {
             startNewProfile();
             showNewDocument();
         });
-        showOffer();
     });
     onItem(wxID_OPEN, [this] {
+        lossSeen_ = false;
         act([this] {
             const wxBusyCursor plugins;
             openProfile([this] { showOpened(); });
         });
-        showOffer();
     });
     onItem(wxID_SAVE, [this] { act(saveProfile); });
     onItem(wxID_SAVEAS, [this] { act(saveProfileAs); });
@@ -267,9 +273,12 @@ void FrmCreateProfile::act(const Action& action) {
     if (busy_) return;
     {
         const AtWork atWork(busy_, *profileName_);
+        const bool wasSaved = editorState.edited.isSaved();
         action();
+        if (wasSaved && !editorState.edited.isSaved()) tellStatus({});
     }
     showDocument();
+    showNotices();
 }
 
 void FrmCreateProfile::showNewDocument() {
@@ -282,21 +291,54 @@ void FrmCreateProfile::showOpened() {
     desktop().processPendingEvents();  // so that it is seen while its plugins run
 }
 
-void FrmCreateProfile::showOffer() {
-    const auto offer = keptOffer();
-    if (!offer) return notice_->hide();
-    const auto restore = [this, file = offer->file] {
+/// One at a time: what can be lost comes first.
+void FrmCreateProfile::showNotices() {
+    if (const auto offer = keptOffer()) return showOffer(*offer);
+    if (const std::string loss = lossSeen_ ? "" : lossNote(); !loss.empty()) return showLossNotice(loss);
+    if (const std::string plugins = newPluginsNote(); !plugins.empty()) return showPluginNotice(plugins);
+    notice_->hide();
+}
+
+void FrmCreateProfile::showOffer(const KeptOffer& offer) {
+    const auto restore = [this, file = offer.file] {
+        lossSeen_ = false;
         act([&] {
             const wxBusyCursor plugins;
             restoreProfile(file, [this] { showOpened(); });
         });
-        showOffer();
     };
-    const auto discard = [this, file = offer->file] {
+    const auto discard = [this, file = offer.file] {
         discardKept(file);
-        showOffer();
+        showNotices();
     };
-    notice_->tell(offer->text, {{"Restore", "cmdRestore", restore}, {"Discard", "cmdDiscard", discard}});
+    notice_->tell(offer.text, {{"Restore", "cmdRestore", restore}, {"Discard", "cmdDiscard", discard}});
+}
+
+void FrmCreateProfile::showLossNotice(const std::string& text) {
+    const auto seen = [this] {
+        lossSeen_ = true;
+        showNotices();
+    };
+    const auto show = [seen] {
+        showLoss();
+        seen();
+    };
+    notice_->tell(text, {{"Show", "cmdShowLoss", show}, {"Close", "cmdCloseNotice", seen}});
+}
+
+void FrmCreateProfile::showPluginNotice(const std::string& text) {
+    const auto load = [this] {
+        act([] {
+            const wxBusyCursor plugins;
+            queryNewPlugins();
+        });
+    };
+    notice_->tell(text, {{"Load its variables", "cmdLoadVariables", load}});
+}
+
+/// What was told goes with the next change.
+void FrmCreateProfile::showStatus() {
+    SetStatusText(toWx(visibleText(editorState.status)));
 }
 
 /// Not with every change, but while changes come, too.
@@ -415,6 +457,7 @@ void FrmCreateProfile::closing(wxCloseEvent& event) {
     tmrEdit_.Stop();
     tmrCheck_.Stop();
     tmrKeep_.Stop();
+    editorState.statusChanged = {};
     leaveEditor();
     Hide();
     Destroy();

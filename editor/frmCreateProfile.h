@@ -16,6 +16,7 @@ class wxTextCtrl;
 namespace brasquelin {
 
 class EditorListView;
+struct KeptOffer;
 class NoticeLine;
 class ProblemList;
 
@@ -48,7 +49,11 @@ class FrmCreateProfile : public wxFrame {
     void showNewDocument();
     void showOpened();
     void keepSoon();
-    void showOffer();
+    void showNotices();
+    void showOffer(const KeptOffer& offer);
+    void showLossNotice(const std::string& text);
+    void showPluginNotice(const std::string& text);
+    void showStatus();
 
     void showContextMenu(EditorListView& list, wxContextMenuEvent& event);
     void handleKey(EditorListView& list, wxKeyEvent& event);
@@ -78,6 +83,7 @@ class FrmCreateProfile : public wxFrame {
     wxTimer tmrKeep_;   // runs while something is to be kept
     bool canKeep_ = true;
     bool busy_ = false;
+    bool lossSeen_ = false;  // the user knows what saving drops
 };
 
 }  // namespace brasquelin

@@ -40,6 +40,7 @@ InputForm::InputForm(ValueQuestion question, ValueAnswer& answer)
     fit(FromDIP(wxSize(520, 120)));
     valueBox_->SetFocus();
     valueBox_->SetInsertionPointEnd();
+    if (question_.number > 0) valueBox_->SelectAll();  // a start value is typed over
 }
 
 wxSizer* InputForm::makeHead() {

@@ -32,14 +32,18 @@ class SectionReader {
                     {SectionState(Section::var), document.listVar},
                     {SectionState(Section::profile), document.listCommand}} {}
 
-    void take(const std::string& line) {
-        if (line.empty()) return;
+    /// False for a line that no list holds.
+    bool take(const std::string& line) {
         for (auto& section : sections_) {
-            if (section.state.noteTag(line)) return;
+            if (section.state.noteTag(line)) return true;
         }
+        bool taken = false;
         for (auto& section : sections_) {
-            if (section.state.isOpen()) section.lines.push_back(line);
+            if (!section.state.isOpen()) continue;
+            if (!line.empty()) section.lines.push_back(line);
+            taken = true;
         }
+        return taken;
     }
 
   private:
@@ -60,17 +64,6 @@ ProfileDocument readDocument(const std::string& path) {
     SectionReader reader(document);
     std::for_each(file->lines.begin() + 1, file->lines.end(), [&](const std::string& line) { reader.take(line); });
     return document;
-}
-
-std::vector<LibraryLine> pluginsOf(const ProfileDocument& document, const std::string& profilePath) {
-    std::vector<LibraryLine> plugins;
-    for (const auto& line : document.listInclude) {
-        auto parsed = parseLibraryLine(line);
-        if (!parsed || parsed->word != LibraryWord::plugin || !parsed->spaced) continue;
-        parsed->path = replaceDirectories(parsed->path, profilePath);
-        plugins.push_back(std::move(*parsed));
-    }
-    return plugins;
 }
 
 // Line groups
@@ -124,6 +117,19 @@ std::optional<std::size_t> moveGroup(ProfileDocument& document, std::optional<st
 
 }  // namespace
 
+std::vector<FileLine> linesLostBySaving(const std::string& path) {
+    std::vector<FileLine> lost;
+    const auto file = readTextFile(path);
+    ProfileDocument document;
+    SectionReader reader(document);
+    for (std::size_t i = 1; i < file->lines.size(); ++i) {
+        const std::string& line = file->lines[i];
+        const bool kept = reader.take(line);
+        if (!kept && line.find_first_not_of(" \t") != std::string::npos) lost.push_back({i + 1, line});
+    }
+    return lost;
+}
+
 std::vector<std::string>& ProfileDocument::list(EditorList which) {
     if (which == EditorList::include) return listInclude;
     return which == EditorList::variables ? listVar : listCommand;
@@ -151,6 +157,16 @@ void newDocument(ProfileDocument& document) {
     variableTables.pluginResults[0].resetCount();
 }
 
+std::vector<DocumentPlugin> pluginsOf(const ProfileDocument& document, const std::string& profilePath) {
+    std::vector<DocumentPlugin> plugins;
+    for (const auto& line : document.listInclude) {
+        const auto parsed = parseLibraryLine(line);
+        if (!parsed || parsed->word != LibraryWord::plugin || !parsed->spaced) continue;
+        plugins.push_back({line, replaceDirectories(parsed->path, profilePath), std::string(parsed->parameters)});
+    }
+    return plugins;
+}
+
 void openDocument(ProfileDocument& document, const std::string& path) {
     ProfileDocument opened = readDocument(path);
     opened.pluginNames = document.pluginNames;
@@ -158,12 +174,6 @@ void openDocument(ProfileDocument& document, const std::string& path) {
     document = std::move(opened);
     settings.profilePath = path;
     variableTables.pluginResults[0].resetCount();
-}
-
-void queryPlugins(const ProfileDocument& document) {
-    for (const auto& plugin : pluginsOf(document, settings.profilePath)) {
-        reporting(plugin.path, [&] { runPlugin(plugin.path, plugin.parameters, 0); });
-    }
 }
 
 void DocumentLayout::append(Section section, EditorList which, const std::vector<std::string>& content) {

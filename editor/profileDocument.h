@@ -43,13 +43,27 @@ void newDocument(ProfileDocument& document);
 /// document is as it was then.
 void openDocument(ProfileDocument& document, const std::string& path);
 
-/// Runs the document's plugins to learn their variables; one that fails is reported.
-void queryPlugins(const ProfileDocument& document);
+/// A plugin of the document.
+struct DocumentPlugin {
+    std::string line;
+    std::string path;
+    std::string parameters;
+};
+/// In the order of their lines. `profilePath` is the document's file.
+std::vector<DocumentPlugin> pluginsOf(const ProfileDocument& document, const std::string& profilePath);
 
 /// The profile file holds the document's lines in their sections, in the document's encoding. Raises the error of
 /// writing.
 void saveDocument(const ProfileDocument& document, const std::string& path);
 std::vector<std::string> documentLines(const ProfileDocument& document);
+
+/// A line of a file, counted from 1.
+struct FileLine {
+    std::size_t number = 0;
+    std::string text;
+};
+/// What stands in no section of the file, such as remarks: a document does not hold it. Raises the errors of opening.
+std::vector<FileLine> linesLostBySaving(const std::string& path);
 
 /// A line of one of the lists.
 struct DocumentPlace {

@@ -5,8 +5,11 @@
 #include "config/configFile.h"
 #include "editor/addCommand.h"
 #include "editor/addVariable.h"
+#include "editor/pluginQuery.h"
+#include "platform/childProcess.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
+#include "vars/variableTables.h"
 
 namespace brasquelin {
 namespace {
@@ -91,6 +94,72 @@ TEST_F(EditorActions, FailuresNameTheFileAndKeepTheDocument) {
                      "Brasquelin Error: Error 76 : Path not found\r\nWhile writting '" + folder() + "/none/x.bqp'"}));
     EXPECT_EQ(document.listCommand, Lines{"one"});
     EXPECT_EQ(settings.profilePath, profile());
+}
+
+TEST_F(EditorActions, OpeningAsksThePluginsForTheirVariables) {
+    for (const char* program : {"zip.exe", "silent.exe", "check.exe", "mute.exe"}) write(program, {"program"});
+    onCommand("zip.exe", [&] {
+        EXPECT_EQ(editorState.status, "Plugin 1 of 3: 'zip.exe' ...");
+        write("zip.var", {"level = 9", "files = 3"});
+    });
+    const auto open = [&](const Lines& includes) {
+        Lines lines{"#Brasquelin Profile P", "[library]"};
+        lines.insert(lines.end(), includes.begin(), includes.end());
+        write("p.bqp", lines);
+        answerFile(folder() + "/p.bqp");
+        openProfile([] {});
+    };
+    open({":PLUGIN $ExePath$/zip.exe [Param=-x \"a b\"]", ":plugin $scriptpath$/silent.exe",
+          ":check $exepath$/check.exe", ":plugin $exepath$/mute.exe"});
+    EXPECT_EQ(commands(), (Lines{"\"" + folder() + "/zip.exe\" -x \"a b\"", "\"" + folder() + "/silent.exe\" ",
+                                 "\"" + folder() + "/mute.exe\" "}));
+    ASSERT_EQ(document.pluginNames.count(), 3U);
+    EXPECT_EQ(document.pluginNames.row(1), "silent");
+    ASSERT_EQ(variableTables.pluginResults[0].count(), 2U);
+    EXPECT_EQ(variableTables.pluginResults[0].row(1).name, "files");
+    ASSERT_EQ(messages().size(), 1U);  // for both that have failed
+    EXPECT_NE(messages()[0].find("silent.var"), std::string::npos);
+    EXPECT_NE(messages()[0].find("mute.var"), std::string::npos);
+
+    // One that the user ends leaves the rest out.
+    desktop_.onEvents = cancelChild;
+    open({":plugin $exepath$/silent.exe", ":plugin $exepath$/zip.exe"});
+    EXPECT_EQ(commands().size(), 4U);
+    EXPECT_EQ(editorState.status, "Stopped: 1 more plugins were not asked for their variables.");
+    EXPECT_EQ(messages().size(), 1U);
+}
+
+TEST_F(EditorActions, ANewPluginOffersItsVariablesOnDemand) {
+    write("zip.exe", {"program"});
+    onCommand("zip.exe", [&] { write("zip.var", {"level = 9"}); });
+    editorState.activeList = EditorList::include;
+    answerFile(folder() + "/zip.exe");
+    addLines();
+    EXPECT_TRUE(commands().empty());
+    EXPECT_EQ(newPluginsNote(), "The variables of 'zip.exe' are not known yet.");
+    queryNewPlugins();
+    EXPECT_EQ(variableTables.pluginResults[0].count(), 1U);
+    EXPECT_EQ(newPluginsNote(), "");
+}
+
+TEST_F(EditorActions, LinesThatSavingDropsAreTold) {
+    write("p.bqp", {"#Brasquelin Profile P", "// by me", " ", "[library]", ":Include x", "", "[/library]", "[notes]",
+                    "[profile]", "one", "[/profile]", "last"});
+    answerFile(folder() + "/p.bqp");
+    openProfile([] {});
+    EXPECT_EQ(lossNote(), "3 lines of this file stand in no section of a profile. Saving will drop them.");
+    const std::string bytes = read("p.bqp");
+    saveProfile();
+    EXPECT_EQ(read("p.bqp"), bytes);
+    ASSERT_EQ(desktop_.questions.size(), 1U);
+    EXPECT_NE(desktop_.questions[0].find("line 2: // by me\r\nline 8: [notes]\r\nline 12: last\r\n"),
+              std::string::npos);
+    desktop_.yes = true;
+    saveProfile();
+    saveProfile();
+    EXPECT_EQ(desktop_.questions.size(), 2U);
+    EXPECT_EQ(lossNote(), "");
+    EXPECT_EQ(read("p.bqp").find("by me"), std::string::npos);
 }
 
 TEST_F(EditorActions, AFileThatIsNoProfileIsReplacedOnlyAfterAQuestion) {

@@ -97,23 +97,6 @@ TEST_F(ProfileDocumentTest, AFailedOpenOrSaveLeavesTheDocument) {
     EXPECT_TRUE(commands().empty());
 }
 
-TEST_F(ProfileDocumentTest, OpeningAsksThePluginsForTheirVariables) {
-    for (const char* program : {"zip.exe", "silent.exe", "check.exe"}) write(program, {"program"});
-    onCommand("zip.exe", [&] { write("zip.var", {"level = 9", "files = 3"}); });
-    open({"#Brasquelin Profile P", "[library]", ":PLUGIN $ExePath$/zip.exe [Param=-x \"a b\"]",
-          ":plugin $scriptpath$/silent.exe", ":check $exepath$/check.exe", "[/library]"});
-    EXPECT_TRUE(commands().empty());
-    queryPlugins(document);
-    EXPECT_EQ(commands(), (Lines{"\"" + folder() + "/zip.exe\" -x \"a b\"", "\"" + folder() + "/silent.exe\" "}));
-    ASSERT_EQ(document.pluginNames.count(), 2U);
-    EXPECT_EQ(document.pluginNames.row(0), "zip");
-    EXPECT_EQ(document.pluginNames.row(1), "silent");
-    EXPECT_EQ(variableTables.pluginResults[0].count(), 2U);
-    EXPECT_EQ(variableTables.pluginResults[0].row(1).name, "files");
-    ASSERT_EQ(messages().size(), 1U);
-    EXPECT_NE(messages()[0].find("silent.var"), std::string::npos);
-}
-
 TEST_F(ProfileDocumentTest, PluginNamesStayUntilANewDocumentOrAClearedList) {
     document.pluginNames.append("added");
     document.listInclude = {":Plugin added.exe"};
