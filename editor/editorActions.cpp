@@ -120,13 +120,6 @@ void addInclude() {
     append(EditorList::include, {writeLibraryLine({LibraryWord::include, path, {}})});
 }
 
-using Move = SelectedLine (*)(ProfileDocument& document, SelectedLine selected);
-
-SelectedLine moveSelected(Move move, SelectedLine selected) {
-    reporting({}, [&] { change([&](ProfileDocument& document) { selected = move(document, selected); }); });
-    return selected;
-}
-
 }  // namespace
 
 void enterEditor() {
@@ -238,14 +231,6 @@ void editLine(SelectedLine selected) {
     replaceLine(editorState.activeList, *selected, *answer);
 }
 
-SelectedLine removeSelected(SelectedLine selected) {
-    if (editorState.activeList == EditorList::none) return selected;
-    change([&](ProfileDocument& document) { removeLines(document, editorState.activeList, selected); });
-    const auto& lines = activeLines();
-    if (!selected || lines.empty()) return std::nullopt;
-    return std::min(*selected, lines.size() - 1);
-}
-
 void clearActiveList() {
     if (editorState.activeList == EditorList::none) return;
     change([](ProfileDocument& document) { clearList(document, editorState.activeList); });
@@ -274,14 +259,6 @@ void editCommandLine(SelectedLine selected) {
     editorState.lstVar = commandReferences(editorState.document);
     const std::string answer = showValueInput(editLabel, lines[*selected], editorState.lstVar);
     if (answer != canceledAnswer) replaceLine(EditorList::commands, *selected, answer);
-}
-
-SelectedLine moveSelectedUp(SelectedLine selected) {
-    return moveSelected(moveGroupUp, selected);
-}
-
-SelectedLine moveSelectedDown(SelectedLine selected) {
-    return moveSelected(moveGroupDown, selected);
 }
 
 }  // namespace brasquelin

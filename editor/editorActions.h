@@ -47,8 +47,6 @@ DocumentPlace redoChange();
 void addLines();
 /// Include and variable list: asks for a new text of the selected line; an empty answer keeps it.
 void editLine(SelectedLine selected);
-/// Gives the line that is to be selected then.
-SelectedLine removeSelected(SelectedLine selected);
 void clearActiveList();
 
 // The command list.
@@ -57,8 +55,5 @@ void askLoop();
 void appendNext();
 /// Asks for a new text of the selected command line with the references at hand.
 void editCommandLine(SelectedLine selected);
-/// Gives the line that is to be selected then. Too many groups or lines in a group are reported.
-SelectedLine moveSelectedUp(SelectedLine selected);
-SelectedLine moveSelectedDown(SelectedLine selected);
 
 }  // namespace brasquelin

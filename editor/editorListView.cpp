@@ -3,6 +3,7 @@
 #include <wx/settings.h>
 
 #include "editor/editorState.h"
+#include "editor/groupActions.h"
 #include "editor/problemList.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
@@ -11,7 +12,7 @@
 namespace brasquelin {
 
 EditorListView::EditorListView(wxWindow* parent, EditorList which, const char* name)
-    : LineList(parent, name, wxBORDER_THEME), which_(which) {
+    : LineList(parent, name, wxBORDER_THEME, wxDefaultSize, Selection::several), which_(which) {
     attributeLook_.SetTextColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     SetMinSize(FromDIP(wxSize(200, 60)));
 }
@@ -64,6 +65,10 @@ bool EditorListView::isAttribute(long item) const {
 wxString EditorListView::wholeText(std::size_t index) const {
     const wxString text = LineList::wholeText(index);
     return isAttribute(static_cast<long>(index)) ? "    " + text : text;
+}
+
+void EditorListView::copySelected() {
+    brasquelin::copySelected(which_, selectedLines());
 }
 
 std::optional<Severity> EditorListView::severityOf(long item) const {

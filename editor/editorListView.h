@@ -25,6 +25,7 @@ class EditorListView : public LineList {
     std::optional<std::size_t> longestLine() const override { return longest_; }
     wxString wholeText(std::size_t index) const override;
     wxItemAttr* OnGetItemAttr(long item) const override;
+    void copySelected() override;
 
   private:
     const std::vector<std::string>& lines() const;

@@ -68,12 +68,27 @@ void fillContextMenu(wxMenu& menu, bool hasSelection, bool isCommandList) {
     menu.Append(mnuNext, "... Next");
 }
 
+void appendGroupItems(wxMenu& menu) {
+    menu.Append(wxID_CUT, "Cu&t\tCtrl+X");
+    menu.Append(wxID_COPY, "&Copy\tCtrl+C");
+    menu.Append(wxID_PASTE, "&Paste\tCtrl+V");
+    menu.Append(wxID_SELECTALL, "Select &all\tCtrl+A");
+}
+
 wxMenu* makeEditMenu() {
     auto* menu = new wxMenu;
     menu->Append(wxID_UNDO, "&Undo\tCtrl+Z");
     auto* redo = menu->Append(wxID_REDO, "&Redo\tCtrl+Y");
     redo->AddExtraAccel(wxAcceleratorEntry(wxACCEL_CTRL | wxACCEL_SHIFT, 'Z', wxID_REDO));
+    menu->AppendSeparator();
+    appendGroupItems(*menu);
     return menu;
+}
+
+/// Of the names of the buttons beside a list; the command list had them first.
+std::string nameSuffix(EditorList which) {
+    if (which == EditorList::include) return "Include";
+    return which == EditorList::variables ? "Var" : "";
 }
 
 void showPreview() {
@@ -119,14 +134,12 @@ void FrmCreateProfile::makeParts() {
              below);
     all->Add(makeList(listVar_, EditorList::variables, "listVar", "Variables :", "[var] ... [/var]"),
              wxSizerFlags(below).Proportion(3));
-    auto* commands = new wxBoxSizer(wxHORIZONTAL);
-    commands->Add(makeList(listCommand_, EditorList::commands, "listCommand",
-                           "Profile (Command to execute) :", "[profile] ... [/profile]"),
-                  wxSizerFlags(1).Expand());
-    commands->Add(makeMoveButtons(), wxSizerFlags().CenterVertical().Border(wxLEFT));
-    all->Add(commands, wxSizerFlags(below).Proportion(4));
+    all->Add(makeList(listCommand_, EditorList::commands, "listCommand",
+                      "Profile (Command to execute) :", "[profile] ... [/profile]"),
+             wxSizerFlags(below).Proportion(4));
     all->Add(makeProblems(), wxSizerFlags(below).Proportion(2));
     parts_->SetSizer(all);
+    orderTabs();
 }
 
 void FrmCreateProfile::makeMenu() {
@@ -177,7 +190,7 @@ void FrmCreateProfile::bindMenus() {
 
     onItem(mnuAdd, [this] { act(addLines); });
     onItem(mnuEdit, [this] { edit(); });
-    onItem(mnuRemove, [this] { remove(); });
+    onItem(mnuRemove, [this] { onGroups(activeList(), removeSelected); });
     onItem(mnuClear, [this] { act(clearActiveList); });
     onItem(mnuFor, [this] { ForTimer_.StartOnce(loopDelay); });
     onItem(mnuNext, [this] { act(appendNext); });
@@ -186,6 +199,16 @@ void FrmCreateProfile::bindMenus() {
 void FrmCreateProfile::bindEditMenu() {
     onItem(wxID_UNDO, [this] { stepThrough(undoChange); });
     onItem(wxID_REDO, [this] { stepThrough(redoChange); });
+    onItem(wxID_CUT, [this] { onText(&wxTextCtrl::Cut, cutSelected); });
+    onItem(wxID_COPY, [this] {
+        if (profileName_->HasFocus()) return profileName_->Copy();
+        copySelected(listInUse().which(), listInUse().selectedLines());
+    });
+    onItem(wxID_PASTE, [this] { onText(&wxTextCtrl::Paste, pasteBehind); });
+    onItem(wxID_SELECTALL, [this] {
+        if (profileName_->HasFocus()) return profileName_->SelectAll();
+        listInUse().selectAll();
+    });
     Bind(
         wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(editorState.edited.canUndo()); }, wxID_UNDO);
     Bind(
@@ -226,24 +249,47 @@ wxSizer* FrmCreateProfile::makeList(EditorListView*& list, EditorList which, con
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(captions, wxSizerFlags().Expand().Border(wxBOTTOM));
     column->Add(list, wxSizerFlags(1).Expand());
-    return column;
+    auto* whole = new wxBoxSizer(wxHORIZONTAL);
+    whole->Add(column, wxSizerFlags(1).Expand());
+    whole->Add(makeMoveButtons(*list), wxSizerFlags().CenterVertical().Border(wxLEFT));
+    return whole;
 }
 
-wxSizer* FrmCreateProfile::makeMoveButtons() {
+wxSizer* FrmCreateProfile::makeMoveButtons(EditorListView& list) {
     struct Button {
         const char* name;
         const char* tip;
         Picture look;
-        Move move;
+        GroupAction move;
     };
+    const std::string suffix = nameSuffix(list.which());
     auto* column = new wxBoxSizer(wxVERTICAL);
     for (const auto& [name, tip, look, move] :
          {Button{"cmdUp", "Move up (Ctrl+Up)", Picture::moveUp, moveSelectedUp},
           Button{"cmdDown", "Move down (Ctrl+Down)", Picture::moveDown, moveSelectedDown}}) {
-        auto* button = makePictureButton(parts_, look, 20, name, tip, [this, step = move] { moveGroup(step); });
+        auto* button = makePictureButton(parts_, look, 20, (name + suffix).c_str(), tip,
+                                         [this, &list, step = move] { onGroups(list, step); });
         column->Add(button, wxSizerFlags().Border(wxBOTTOM));
     }
     return column;
+}
+
+/// The Tab key goes from list to list; what is new between them comes behind all.
+void FrmCreateProfile::orderTabs() {
+    for (const char* name : {"cmdUpInclude", "cmdDownInclude", "cmdUpVar", "cmdDownVar", "notice"}) {
+        auto* part = FindWindow(name);
+        part->MoveAfterInTabOrder(parts_->GetChildren().GetLast()->GetData());
+    }
+}
+
+/// At the first and at the last group.
+void FrmCreateProfile::updateArrows() {
+    for (auto* list : lists()) {
+        const std::string suffix = nameSuffix(list->which());
+        const auto selected = list->selectedLines();
+        FindWindow(toWx("cmdUp" + suffix))->Enable(canMoveUp(list->which(), selected));
+        FindWindow(toWx("cmdDown" + suffix))->Enable(canMoveDown(list->which(), selected));
+    }
 }
 
 wxSizer* FrmCreateProfile::makeProblems() {
@@ -259,6 +305,21 @@ void FrmCreateProfile::bindList(EditorListView& list) {
     list.Bind(wxEVT_CONTEXT_MENU, [this, &list](wxContextMenuEvent& event) { showContextMenu(list, event); });
     list.Bind(wxEVT_LIST_ITEM_ACTIVATED, [this, &list](wxListEvent&) { addTo(list); });
     list.Bind(wxEVT_KEY_DOWN, [this, &list](wxKeyEvent& event) { handleKey(list, event); });
+    list.Bind(wxEVT_SET_FOCUS, [this, &list](wxFocusEvent& event) {
+        listInUse_ = &list;
+        event.Skip();
+    });
+    for (const auto& type : {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED}) {
+        list.Bind(type, [this](wxListEvent&) { updateArrows(); });
+    }
+    const auto which = list.which();
+    list.letLinesBeDragged({[&list, which] { return selectedText(which, list.selectedLines()); },
+                            [this, &list, which](std::size_t before) {
+                                onLines(list, [&] { return moveSelectedTo(which, list.selectedLines(), before); });
+                            },
+                            [this, &list, which](std::size_t before, const std::string& text) {
+                                onLines(list, [&] { return insertText(which, before, text); });
+                            }});
     // Below the last line there is no item to activate. Some desktops draw the lines in a window of their own.
     const auto besideLines = [this, &list](wxMouseEvent& event) {
         int flags = 0;
@@ -350,6 +411,7 @@ void FrmCreateProfile::showDocument() {
     const wxString name = toWx(editorState.document.profileName);
     if (profileName_->GetValue() != name) profileName_->ChangeValue(name);
     for (auto* list : lists()) list->showChanges();
+    updateArrows();
     SetTitle(toWx(editorTitle()));
     tmrCheck_.StartOnce(checkDelay);
     keepSoon();
@@ -374,7 +436,7 @@ void FrmCreateProfile::goTo(DocumentPlace place) {
     auto* list = viewOf(place.list);
     const auto& lines = editorState.document.list(place.list);
     if (!list || lines.empty()) return;
-    list->selectLine(groupStart(lines, std::min(place.line, lines.size() - 1)));
+    list->selectLine(groupStart(lines, place.list, std::min(place.line, lines.size() - 1)));
 }
 
 EditorListView* FrmCreateProfile::viewOf(EditorList which) const {
@@ -395,22 +457,25 @@ void FrmCreateProfile::showContextMenu(EditorListView& list, wxContextMenuEvent&
     const wxPoint place = byKey ? list.placeOfSelection() : list.ScreenToClient(event.GetPosition());
     if (!byKey) list.selectLineAt(place);
     editorState.activeList = list.which();
+    listInUse_ = &list;
     wxMenu mnuRight;
     fillContextMenu(mnuRight, list.selectedLine().has_value(), list.which() == EditorList::commands);
+    mnuRight.AppendSeparator();
+    appendGroupItems(mnuRight);
     popUpMenu(list, mnuRight, place);
 }
 
 void FrmCreateProfile::handleKey(EditorListView& list, wxKeyEvent& event) {
     const int key = event.GetKeyCode();
     const bool plain = !event.HasAnyModifiers();
-    const bool moves = event.GetModifiers() == wxMOD_CONTROL && &list == listCommand_;
-    if (moves && key == WXK_UP) return moveGroup(moveSelectedUp);
-    if (moves && key == WXK_DOWN) return moveGroup(moveSelectedDown);
+    const bool moves = event.GetModifiers() == wxMOD_CONTROL || event.GetModifiers() == wxMOD_ALT;
+    if (moves && key == WXK_UP) return onGroups(list, moveSelectedUp);
+    if (moves && key == WXK_DOWN) return onGroups(list, moveSelectedDown);
     if (busy_ || !plain) return event.Skip();
     const EditorList before = std::exchange(editorState.activeList, list.which());
     if (key == WXK_INSERT) return act(addLines);
     if (key == WXK_F2) return edit();
-    if (key == WXK_DELETE || key == WXK_NUMPAD_DELETE) return remove();
+    if (key == WXK_DELETE || key == WXK_NUMPAD_DELETE) return onGroups(list, removeSelected);
     editorState.activeList = before;
     event.Skip();
 }
@@ -429,23 +494,27 @@ void FrmCreateProfile::edit() {
     }
 }
 
-void FrmCreateProfile::remove() {
-    auto& list = activeList();
-    SelectedLine next = list.selectedLine();
-    act([&] { next = removeSelected(next); });
-    list.selectLine(next);
-}
-
 void FrmCreateProfile::stepThrough(Step step) {
     DocumentPlace changed;
     act([&] { changed = step(); });
     goTo(changed);
 }
 
-void FrmCreateProfile::moveGroup(Move move) {
-    SelectedLine next = listCommand_->selectedLine();
-    act([&] { next = move(next); });
-    listCommand_->selectLine(next);
+void FrmCreateProfile::onGroups(EditorListView& list, GroupAction action) {
+    onLines(list, [&] { return action(list.which(), list.selectedLines()); });
+}
+
+void FrmCreateProfile::onText(void (wxTextCtrl::*ofText)(), GroupAction action) {
+    if (profileName_->HasFocus()) return (profileName_->*ofText)();
+    onGroups(listInUse(), action);
+}
+
+/// Selects what the action gives.
+void FrmCreateProfile::onLines(EditorListView& list, const std::function<LineNumbers()>& action) {
+    LineNumbers next = list.selectedLines();
+    act([&] { next = action(); });
+    list.selectLines(next);
+    updateArrows();
 }
 
 void FrmCreateProfile::closing(wxCloseEvent& event) {

@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "editor/editorActions.h"
+#include "editor/groupActions.h"
 
 class wxPanel;
 class wxSizer;
@@ -34,7 +35,7 @@ class FrmCreateProfile : public wxFrame {
     wxSizer* makeName();
     wxSizer* makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
                       const char* section);
-    wxSizer* makeMoveButtons();
+    wxSizer* makeMoveButtons(EditorListView& list);
     wxSizer* makeProblems();
     void bindTimers();
     void bindList(EditorListView& list);
@@ -59,14 +60,18 @@ class FrmCreateProfile : public wxFrame {
     void handleKey(EditorListView& list, wxKeyEvent& event);
     void addTo(EditorListView& list);
     void edit();
-    void remove();
     using Step = DocumentPlace (*)();
     void stepThrough(Step step);
-    using Move = SelectedLine (*)(SelectedLine selected);
-    void moveGroup(Move move);
+    using GroupAction = LineNumbers (*)(EditorList which, const LineNumbers& selected);
+    void onGroups(EditorListView& list, GroupAction action);
+    void onText(void (wxTextCtrl::*ofText)(), GroupAction action);
+    void onLines(EditorListView& list, const std::function<LineNumbers()>& action);
+    void orderTabs();
+    void updateArrows();
     void closing(wxCloseEvent& event);
 
     EditorListView& activeList() const;
+    EditorListView& listInUse() const { return *(listInUse_ ? listInUse_ : listCommand_); }
     EditorListView* viewOf(EditorList which) const;
     std::array<EditorListView*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
 
@@ -75,6 +80,7 @@ class FrmCreateProfile : public wxFrame {
     EditorListView* listInclude_ = nullptr;
     EditorListView* listVar_ = nullptr;
     EditorListView* listCommand_ = nullptr;
+    EditorListView* listInUse_ = nullptr;  // had the keys last
     ProblemList* listProblems_ = nullptr;
     NoticeLine* notice_ = nullptr;
     wxTimer ForTimer_;

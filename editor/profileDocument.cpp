@@ -19,8 +19,6 @@ namespace brasquelin {
 
 namespace {
 
-constexpr std::size_t limit = 256;  // groups of a list, lines of a group
-
 // Reading
 
 /// The three sections of a profile while its lines are read in order. A section's tag never enters a list, not even
@@ -64,55 +62,6 @@ ProfileDocument readDocument(const std::string& path) {
     SectionReader reader(document);
     std::for_each(file->lines.begin() + 1, file->lines.end(), [&](const std::string& line) { reader.take(line); });
     return document;
-}
-
-// Line groups
-
-/// Where each group starts, and the end of the last one.
-std::vector<std::size_t> groupStarts(const std::vector<std::string>& lines) {
-    std::vector<std::size_t> starts;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (i == 0 || !isAttribute(lines[i])) starts.push_back(i);
-    }
-    starts.push_back(lines.size());
-    return starts;
-}
-
-void checkLimits(const std::vector<std::size_t>& starts) {
-    bool tooLarge = starts.size() - 1 > limit;
-    for (std::size_t i = 1; i < starts.size(); ++i) tooLarge = tooLarge || starts[i] - starts[i - 1] > limit;
-    if (tooLarge) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
-}
-
-std::size_t groupOf(const std::vector<std::size_t>& starts, std::size_t line) {
-    const auto after = std::upper_bound(starts.begin(), std::prev(starts.end()), line);
-    return static_cast<std::size_t>(std::max<std::ptrdiff_t>(after - starts.begin() - 1, 0));
-}
-
-auto at(std::vector<std::string>& lines, std::size_t position) {
-    return lines.begin() + static_cast<std::ptrdiff_t>(position);
-}
-
-/// Exchanges group `upper` with the one behind it; `line` is where the selected line stood.
-std::size_t exchangeGroups(std::vector<std::string>& lines, const std::vector<std::size_t>& starts, std::size_t upper,
-                           std::size_t line) {
-    const std::size_t begin = starts[upper];
-    const std::size_t middle = starts[upper + 1];
-    const std::size_t end = starts[upper + 2];
-    std::rotate(at(lines, begin), at(lines, middle), at(lines, end));
-    return line < middle ? line + (end - middle) : line - (middle - begin);
-}
-
-std::optional<std::size_t> moveGroup(ProfileDocument& document, std::optional<std::size_t> selected, bool up) {
-    auto& lines = document.listCommand;
-    const auto starts = groupStarts(lines);
-    checkLimits(starts);
-    const std::size_t line = selected.value_or(0);
-    const std::size_t group = groupOf(starts, line);
-    const std::size_t groups = starts.size() - 1;
-    const bool stays = up ? group == 0 : group + 1 >= groups;
-    if (stays || line >= lines.size()) return selected;
-    return exchangeGroups(lines, starts, up ? group - 1 : group, line);
 }
 
 }  // namespace
@@ -208,11 +157,6 @@ std::vector<std::string> documentLines(const ProfileDocument& document) {
     return DocumentLayout(document).lines();
 }
 
-std::size_t groupStart(const std::vector<std::string>& lines, std::size_t line) {
-    while (line > 0 && line < lines.size() && isAttribute(lines[line])) --line;
-    return line;
-}
-
 std::string documentPath(const ProfileDocument& document) {
     if (!settings.profilePath.empty()) return settings.profilePath;
     const bool configured = directoryExists(settings.profileDirectory);
@@ -228,29 +172,9 @@ std::string proposedFileName(const ProfileDocument& document) {
     return joinPath(start, document.profileName + ".bqp");
 }
 
-bool removeLines(ProfileDocument& document, EditorList which, std::optional<std::size_t> selected) {
-    auto& lines = document.list(which);
-    if (!selected || *selected >= lines.size()) return false;
-    std::size_t end = *selected + 1;
-    if (which != EditorList::include) {
-        if (isAttribute(lines[*selected])) return false;
-        while (end < lines.size() && isAttribute(lines[end])) ++end;
-    }
-    lines.erase(at(lines, *selected), at(lines, end));
-    return true;
-}
-
 void clearList(ProfileDocument& document, EditorList which) {
     document.list(which).clear();
     if (which == EditorList::include) document.pluginNames.resetCount();
-}
-
-std::optional<std::size_t> moveGroupUp(ProfileDocument& document, std::optional<std::size_t> selected) {
-    return moveGroup(document, selected, true);
-}
-
-std::optional<std::size_t> moveGroupDown(ProfileDocument& document, std::optional<std::size_t> selected) {
-    return moveGroup(document, selected, false);
 }
 
 }  // namespace brasquelin

@@ -91,9 +91,6 @@ class DocumentLayout {
     std::vector<Stretch> stretches_;
 };
 
-/// The line that the group of this line begins with.
-std::size_t groupStart(const std::vector<std::string>& lines, std::size_t line);
-
 /// The path of the current file; while there is none, one in a directory that exists.
 std::string documentPath(const ProfileDocument& document);
 
@@ -101,17 +98,7 @@ std::string documentPath(const ProfileDocument& document);
 /// current file.
 std::string proposedFileName(const ProfileDocument& document);
 
-/// Removes a line of the include list, or a line group of another list; nothing for an attribute line. True when
-/// something was removed.
-bool removeLines(ProfileDocument& document, EditorList which, std::optional<std::size_t> selected);
-
 /// Empties a list; the include list takes the plugin names with it.
 void clearList(ProfileDocument& document, EditorList which);
-
-/// Exchanges the selected line group of the command list with the one before or after it. Nothing selected counts as
-/// the first group. Gives the selected line's new place. Raises 9 for more than 256 groups or lines in a group; the
-/// list is as it was then.
-std::optional<std::size_t> moveGroupUp(ProfileDocument& document, std::optional<std::size_t> selected);
-std::optional<std::size_t> moveGroupDown(ProfileDocument& document, std::optional<std::size_t> selected);
 
 }  // namespace brasquelin

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "editor/lineGroups.h"
 #include "support/programTest.h"
 
 namespace brasquelin {
@@ -27,11 +28,11 @@ class EditedDocumentTest : public testing::Test {
             const bool empty = changed.list(which).empty();
             switch (below(6)) {
                 case 0:
-                    return (void)removeLines(changed, which, line);
+                    return (void)eraseGroups(changed.list(which), which, {line});
                 case 1:
-                    return (void)moveGroupUp(changed, below(document().listCommand.size()));
+                    return (void)moveGroupUp(changed.list(which), which, line);
                 case 2:
-                    return (void)moveGroupDown(changed, below(document().listCommand.size()));
+                    return (void)moveLines(changed.list(which), {line}, 0);
                 case 3:
                     return below(9) == 0 ? clearList(changed, which) : changed.rename(text);
                 case 4:
@@ -130,7 +131,7 @@ TEST_F(EditedDocumentTest, TypingTheNameIsOneStepUntilSomethingComesBetween) {
 
 TEST_F(EditedDocumentTest, TellsWhereItChanged) {
     for (const char* line : {"one", "two", "three"}) append(line);
-    edited_.change([](ProfileDocument& changed) { removeLines(changed, EditorList::commands, 1); });
+    edited_.change([](ProfileDocument& changed) { eraseLines(changed.listCommand, {1}); });
     const DocumentPlace place = edited_.undo();
     EXPECT_EQ(place.list, EditorList::commands);
     EXPECT_EQ(place.line, 1U);

@@ -5,6 +5,7 @@
 #include "config/configFile.h"
 #include "editor/addCommand.h"
 #include "editor/addVariable.h"
+#include "editor/groupActions.h"
 #include "editor/pluginQuery.h"
 #include "platform/childProcess.h"
 #include "platform/paths.h"
@@ -209,7 +210,7 @@ TEST_F(EditorActions, TooManyPluginsOrGroupsAreTold) {
     addLines();
     EXPECT_TRUE(document.listInclude.empty());
     given(EditorList::commands, Lines(257, "call"));
-    EXPECT_EQ(moveSelectedDown(3), 3U);
+    EXPECT_EQ(moveSelectedDown(EditorList::commands, {3}), LineNumbers{3});
     EXPECT_EQ(messages(), Lines(2, "Brasquelin Error: Error 9 : Subscript out of range"));
 }
 
@@ -243,12 +244,53 @@ TEST_F(EditorActions, EveryActionWorksOnTheActiveList) {
 }
 
 TEST_F(EditorActions, RemovingSelectsTheLineThatFollows) {
-    editorState.activeList = EditorList::commands;
-    given(EditorList::commands, {"a", ".x=1", "b"});
-    EXPECT_EQ(removeSelected(1), 1U);
-    EXPECT_EQ(removeSelected(0), 0U);
-    EXPECT_EQ(document.listCommand, Lines{"b"});
-    EXPECT_EQ(removeSelected(0), std::nullopt);
+    const auto remove = [](const LineNumbers& selected) { return removeSelected(EditorList::commands, selected); };
+    given(EditorList::commands, {"a", ".x=1", "b", ".y=1", "c"});
+    EXPECT_EQ(remove({1}), LineNumbers{1});
+    EXPECT_EQ(remove({0, 1, 3}), LineNumbers{0}) << "of an attribute line alone the group stays";
+    EXPECT_EQ(document.listCommand, (Lines{"b", ".y=1", "c"}));
+    EXPECT_EQ(remove({0, 2}), LineNumbers());
+    EXPECT_TRUE(document.listCommand.empty());
+}
+
+TEST_F(EditorActions, GroupsTravelByTheClipboard) {
+    given(EditorList::commands, {"For", ".VarName=i", "call", ".a=1", "Next", "end"});
+    EXPECT_EQ(cutSelected(EditorList::commands, {1, 2, 5}), LineNumbers{0});
+    EXPECT_EQ(desktop_.clipboard, "For\n.VarName=i\ncall\n.a=1\nend");
+    EXPECT_EQ(document.listCommand, Lines{"Next"});
+    EXPECT_EQ(pasteBehind(EditorList::commands, {0}), (LineNumbers{1, 2, 3, 4, 5}));
+    undoChange();
+    undoChange();
+    EXPECT_EQ(document.listCommand.size(), 6U);
+    desktop_.clipboard = "[profile]\r\n\r\nwritten\r\n.by=hand\r\n[/Profile]\r\n";
+    EXPECT_EQ(pasteBehind(EditorList::commands, {2}), (LineNumbers{4, 5})) << "behind the group";
+    EXPECT_EQ(pasteBehind(EditorList::commands, {}), (LineNumbers{8, 9}));
+    EXPECT_EQ(insertText(EditorList::commands, 1, "dropped"), LineNumbers{2}) << "not into a group";
+    EXPECT_EQ(moveSelectedTo(EditorList::commands, {0, 10}, 5), (LineNumbers{3, 4, 5, 6}));
+    EXPECT_EQ(document.listCommand, (Lines{"dropped", "call", ".a=1", "For", ".VarName=i", "written", ".by=hand",
+                                           "written", ".by=hand", "Next", "end"}));
+    desktop_.clipboard = ":Plugin $exepath$\\zip.exe [Param=-v]\n:Include x.bqs";
+    pasteBehind(EditorList::include, {});
+    pasteBehind(EditorList::include, {});
+    EXPECT_EQ(document.listInclude.size(), 4U);
+    EXPECT_EQ(document.pluginNames.count(), 1U) << "it can be called";
+}
+
+TEST_F(EditorActions, ArrowsEndAtTheEnds) {
+    given(EditorList::commands, {"a", ".x=1", "b", ".y=1"});
+    const auto ways = [](EditorList which, const LineNumbers& selected) {
+        return std::string(canMoveUp(which, selected) ? "up " : "") + (canMoveDown(which, selected) ? "down" : "");
+    };
+    EXPECT_EQ(ways(EditorList::commands, {1}), "down");
+    EXPECT_EQ(ways(EditorList::commands, {0, 3}), "up ") << "the last one counts";
+    EXPECT_EQ(ways(EditorList::commands, {}), "down") << "the first group";
+    EXPECT_EQ(ways(EditorList::include, {}), "");
+    given(EditorList::include, {"i", ".j", "k"});
+    EXPECT_EQ(ways(EditorList::include, {}), "");
+    EXPECT_EQ(ways(EditorList::include, {1}), "up down");
+    EXPECT_EQ(moveSelectedUp(EditorList::include, {1}), LineNumbers{0});
+    EXPECT_EQ(document.listInclude, (Lines{".j", "i", "k"}));
+    EXPECT_EQ(moveSelectedDown(EditorList::include, {}), LineNumbers());
 }
 
 TEST_F(EditorActions, ALoopIsAppendedUnlessAnAnswerIsEmpty) {

@@ -100,7 +100,7 @@ TEST_F(ProfileDocumentTest, AFailedOpenOrSaveLeavesTheDocument) {
 TEST_F(ProfileDocumentTest, PluginNamesStayUntilANewDocumentOrAClearedList) {
     document.pluginNames.append("added");
     document.listInclude = {":Plugin added.exe"};
-    removeLines(document, EditorList::include, 0);
+    document.listInclude.clear();
     open({"#Brasquelin Profile P", "[profile]"});
     EXPECT_EQ(document.pluginNames.count(), 1U);
     clearList(document, EditorList::commands);
@@ -112,51 +112,6 @@ TEST_F(ProfileDocumentTest, PluginNamesStayUntilANewDocumentOrAClearedList) {
     EXPECT_TRUE(document.pluginNames.empty());
     EXPECT_EQ(document.profileName, "newprofile");
     EXPECT_EQ(settings.profilePath, "");
-}
-
-TEST_F(ProfileDocumentTest, RemovingTakesTheAttributeLinesAlong) {
-    const Lines commands{".lost", "For", ".VarName=i", ".VarStart=1", "Next", "last", ".x=1"};
-    document.listCommand = commands;
-    for (const std::size_t attribute : {0U, 2U, 7U}) {
-        EXPECT_FALSE(removeLines(document, EditorList::commands, attribute));
-    }
-    EXPECT_FALSE(removeLines(document, EditorList::commands, {}));
-    EXPECT_EQ(document.listCommand, commands);
-    EXPECT_TRUE(removeLines(document, EditorList::commands, 5));
-    EXPECT_TRUE(removeLines(document, EditorList::commands, 1));
-    EXPECT_EQ(document.listCommand, (Lines{".lost", "Next"}));
-    document.listInclude = {":Include a", ".odd", ".odd"};
-    EXPECT_TRUE(removeLines(document, EditorList::include, 1));
-    EXPECT_EQ(document.listInclude, (Lines{":Include a", ".odd"}));
-}
-
-TEST_F(ProfileDocumentTest, GroupsMoveWholeAndTheSelectionFollows) {
-    document.listCommand = {"For", ".VarName=i", "call", ".a=1", ".b=2", "Next"};
-    EXPECT_EQ(moveGroupUp(document, 4), 2U);
-    EXPECT_EQ(document.listCommand, (Lines{"call", ".a=1", ".b=2", "For", ".VarName=i", "Next"}));
-    EXPECT_EQ(moveGroupUp(document, 1), 1U);
-    EXPECT_EQ(moveGroupDown(document, 5), 5U);
-    EXPECT_EQ(moveGroupUp(document, {}), std::nullopt);
-    EXPECT_EQ(document.listCommand.front(), "call");
-    EXPECT_EQ(moveGroupDown(document, 3), 4U);
-    EXPECT_EQ(document.listCommand, (Lines{"call", ".a=1", ".b=2", "Next", "For", ".VarName=i"}));
-    EXPECT_EQ(moveGroupDown(document, {}), 1U) << "with nothing selected the first group, but only down";
-    EXPECT_EQ(document.listCommand.front(), "Next");
-    document.listCommand.clear();
-    EXPECT_EQ(moveGroupDown(document, {}), std::nullopt);
-}
-
-TEST_F(ProfileDocumentTest, MovesUpTo256GroupsOf256Lines) {
-    document.listCommand.assign(256, "call");
-    document.listCommand.insert(document.listCommand.end(), 255, ".x=1");
-    EXPECT_EQ(moveGroupUp(document, 300), 299U);
-    document.listCommand.emplace_back("one more");
-    EXPECT_EQ(errorOf([&] { moveGroupUp(document, 5); }), ErrorNumber::subscriptOutOfRange);
-    Lines longGroup(2 + 256, ".x=1");
-    longGroup[0] = longGroup[1] = "call";
-    document.listCommand = longGroup;
-    EXPECT_EQ(errorOf([&] { moveGroupDown(document, 0); }), ErrorNumber::subscriptOutOfRange);
-    EXPECT_EQ(document.listCommand, longGroup);
 }
 
 TEST_F(ProfileDocumentTest, ProposesAFileInTheProfileDirectoryOrBehindTheCurrentFile) {

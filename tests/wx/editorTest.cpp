@@ -248,14 +248,19 @@ TEST_F(Editor, OffersLoopsOnlyForTheCommandList) {
     wxFrame& frame = open();
     Lines captions;
     setMenuPresenter([&](wxWindow&, wxMenu& menu, const wxPoint&) { captions = captionsOf(menu); });
-    Lines expected{"Add", "Edit", "-", "Remove", "Clear"};
+    const Lines all{"Add", "Edit", "-", "Remove", "Clear"};
+    const Lines beside{"-", "Cut", "Copy", "Paste", "Select all"};
+    const Lines loops{"-", "For ...", "... Next"};
+    const auto joined = [](Lines lines, const Lines& more) {
+        lines.insert(lines.end(), more.begin(), more.end());
+        return lines;
+    };
     rightClick(list(frame, "listInclude"));
-    EXPECT_EQ(expected, captions);
+    EXPECT_EQ(joined(all, beside), captions);
     rightClick(list(frame, "listVar"));
-    EXPECT_EQ(expected, captions);
-    expected.insert(expected.end(), {"-", "For ...", "... Next"});
+    EXPECT_EQ(joined(all, beside), captions);
     rightClick(list(frame, "listCommand"));
-    EXPECT_EQ(expected, captions);
+    EXPECT_EQ(joined(joined(all, loops), beside), captions);
 }
 
 TEST_F(Editor, EachListHasItsOwnAddEditAndRemove) {
@@ -292,6 +297,48 @@ TEST_F(Editor, GroupsMoveByButtonsAndKeysAndStaySelected) {
     EXPECT_EQ(7U, commands.selectedLine());
     pressKey(commands, WXK_UP, true);
     EXPECT_EQ("Next", commands.GetItemText(7));
+}
+
+TEST_F(Editor, ArrowsBesideEachListGreyOutAtItsEnds) {
+    wxFrame& frame = open();
+    windows.fileAnswers = {inDirectory("libraries/x.bqs"), "/elsewhere/y.bqp"};
+    auto& includes = list(frame, "listInclude");
+    for (int i = 0; i < 2; ++i) activate(includes);
+    const auto enabled = [&](const std::string& button) { return control<wxButton>(frame, button).IsEnabled(); };
+    EXPECT_TRUE(enabled("cmdUpInclude") && !enabled("cmdDownInclude")) << "the last one is selected";
+    click(frame, "cmdUpInclude");
+    EXPECT_EQ(0U, includes.selectedLine());
+    EXPECT_TRUE(!enabled("cmdUpInclude") && enabled("cmdDownInclude"));
+    EXPECT_FALSE(enabled("cmdUp") || enabled("cmdDown") || enabled("cmdUpVar"));
+    pressKey(includes, WXK_DOWN, true);
+    EXPECT_EQ(1U, includes.selectedLine());
+}
+
+TEST_F(Editor, GroupsAreCutCopiedPastedAndDropped) {
+    wxFrame& frame = openWith(sampleCommands);
+    auto& commands = list(frame, "listCommand");
+    commands.selectLines({0, 5});
+    pressKey(commands, 'C', true);
+    EXPECT_EQ("For\n.VarName=i\n.VarStart=1\n.VarEnd=2\n.VarStep=1\ncall\n.x=$i$", windows.clipboardText());
+    choosePopUp(commands, "Cut");
+    EXPECT_EQ(Lines{"Next"}, shownIn(commands));
+    choosePopUp(commands, "Paste");
+    EXPECT_EQ(8, commands.GetItemCount());
+    EXPECT_EQ((std::vector<std::size_t>{1, 2, 3, 4, 5, 6, 7}), commands.selectedLines());
+    auto& variables = list(frame, "listVar");
+    variables.SetFocus();
+    pump();
+    chooseFromMenu(frame, "Select all");
+    chooseFromMenu(frame, "Copy");
+    chooseFromMenu(frame, "Paste");
+    EXPECT_EQ((Lines{"count", "    .Type=Text", "    .Info=none", "count", "    .Type=Text", "    .Info=none"}),
+              shownIn(variables));
+    auto& name = control<wxTextCtrl>(frame, "profileName");
+    name.SetFocus();
+    name.SelectAll();
+    pump();
+    chooseFromMenu(frame, "Cut");
+    EXPECT_EQ("", name.GetValue()) << "where the keys go";
 }
 
 TEST_F(Editor, TheLoopDialogComesBehindTheMenu) {
