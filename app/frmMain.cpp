@@ -3,6 +3,7 @@
 #include <wx/accel.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
+#include <wx/statusbr.h>
 #include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
@@ -10,10 +11,11 @@
 #include "app/jobList.h"
 #include "app/jobListControl.h"
 #include "app/jobListView.h"
+#include "app/jobStatus.h"
 #include "app/startUp.h"
 #include "platform/wx/pictures.h"
-#include "platform/wx/placement.h"
 #include "platform/wx/popUpMenu.h"
+#include "platform/wx/rememberedPlace.h"
 #include "platform/wx/wxText.h"
 #include "text/text.h"
 #include "text/visibleText.h"
@@ -59,6 +61,7 @@ FrmMain::FrmMain()
     SetSizer(sizer);
     jobs_ = std::make_unique<JobListControl>(*this, *JobList_, *sizer);
     GetMenuBar()->Append(jobs_->makeMenu(), "&Edit");
+    makeStatus();
     bindCommands();
     Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
@@ -72,6 +75,7 @@ FrmMain::FrmMain()
 }
 
 FrmMain::~FrmMain() {
+    place_->save();
     jobList.clear();
     jobHistory.clear();
     endLastChild();
@@ -84,7 +88,7 @@ void FrmMain::makePlace() {
     wxSize size = FromDIP(wxSize(1060, 560));
     size.IncTo(wxSize(charactersOnToolbar * GetCharWidth(), 0));
     SetSize(size);
-    placeOnScreen(*this);
+    place_ = std::make_unique<RememberedPlace>(*this, "Main");
 }
 
 void FrmMain::makeMenu() {
@@ -122,6 +126,24 @@ void FrmMain::makeLine() {
     Layout();
 }
 
+void FrmMain::makeStatus() {
+    const int widths[]{30 * GetCharWidth(), 20 * GetCharWidth(), -1};
+    auto* bar = CreateStatusBar(3, wxSTB_DEFAULT_STYLE, wxID_ANY, "statusLine");
+    bar->SetStatusWidths(3, widths);
+    SetStatusBarPane(-1);  // not for what menus tell
+    showStatus();
+}
+
+void FrmMain::showStatus() {
+    const std::string texts[]{jobCountText(jobList.size(), JobList_->filter().rowCount()),
+                              selectedText(JobList_->selectedCount()), activityText()};
+    int field = 0;
+    for (const auto& text : texts) {
+        if (GetStatusBar()->GetStatusText(field) != toWx(text)) SetStatusText(toWx(text), field);
+        ++field;
+    }
+}
+
 void FrmMain::bindCommands() {
     for (const auto& command : mainCommands()) {
         Bind(
@@ -142,6 +164,7 @@ void FrmMain::run(const MainCommand& command) {
 void FrmMain::showChanges() {
     if (!txtLine_ && !jobList.empty()) makeLine();
     JobList_->showChanges();
+    showStatus();
     if (!txtLine_) return;
     const auto selected = JobList_->selectedJob();
     if (selected == shownLine_ && (!selected || shownRevision_ == jobList.revision())) return;

@@ -15,6 +15,7 @@ class wxTextCtrl;
 namespace brasquelin {
 
 class JobListControl;
+class RememberedPlace;
 class JobListView;
 
 class FrmMain : public wxFrame {
@@ -33,6 +34,10 @@ class FrmMain : public wxFrame {
     void showMenu(wxContextMenuEvent& event);
     void closing(wxCloseEvent& event);
 
+    void makeStatus();
+    void showStatus();
+
+    std::unique_ptr<RememberedPlace> place_;
     JobListView* JobList_ = nullptr;
     std::unique_ptr<JobListControl> jobs_;
     wxTextCtrl* txtLine_ = nullptr;  // the selected line as a whole

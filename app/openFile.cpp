@@ -19,8 +19,9 @@ namespace {
 /// True while a file is being run, however the run ends.
 class Running {
   public:
-    Running() {
+    explicit Running(const std::string& path) {
         runState.running = true;
+        runState.runningFile = path;
         runState.completed = false;
     }
     ~Running() { runState.running = false; }
@@ -40,12 +41,12 @@ void finishRun(const std::string& path, bool completed) {
 }
 
 void runOpenedProfile(const std::string& path) {
-    const Running running;
+    const Running running(path);
     finishRun(path, runProfile(path, 1));
 }
 
 void runOpenedLibrary(const std::string& path, const std::vector<std::string>& arguments) {
-    const Running running;
+    const Running running(path);
     finishRun(path, runLibrary(path, arguments));
 }
 

@@ -11,7 +11,8 @@ struct RunState {
     std::string currentFile;  // named on the command line; empty otherwise
     bool replaying = false;   // list mode is at work
     bool running = false;     // a file is being run; another one has to wait
-    bool completed = false;   // the last run came to its end
+    std::string runningFile;
+    bool completed = false;  // the last run came to its end
     void reset() { *this = RunState(); }
 };
 extern RunState runState;

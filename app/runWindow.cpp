@@ -9,7 +9,7 @@
 #include "batch/frmRun.h"
 #include "batch/runFiles.h"
 #include "batch/wireLink.h"
-#include "platform/paths.h"
+#include "platform/preferences.h"
 #include "platform/wx/application.h"
 
 namespace brasquelin {
@@ -44,8 +44,7 @@ std::optional<int> answerRunWindow(std::string_view commandLine) {
     const StartRunner startRunner = [] { return std::make_unique<WireLink>(startPartner(runJobsOption)); };
     ProgramWindows windows;
     setDesktop(windows);
-    const std::string preferences = joinPath(programDirectory(), "brasquelin.window");
-    const int status = runApplication([&] { showRunWindow(std::move(link), startRunner, preferences); });
+    const int status = runApplication([&] { showRunWindow(std::move(link), startRunner, preferencesFile()); });
     removeTemporaryRun(log);
     return status;
 }

@@ -1,40 +1,19 @@
 #include "batch/runPreferences.h"
 
-#include <string_view>
-
-#include "platform/files.h"
-#include "platform/textFiles.h"
-#include "text/runTimeError.h"
+#include "platform/preferences.h"
 
 namespace brasquelin {
 
 namespace {
-
-constexpr std::string_view key = "CloseWhenWell=";
-
-std::vector<std::string> linesOf(const std::string& file) {
-    try {
-        return fileExists(file) ? readTextFile(file)->lines : std::vector<std::string>();
-    } catch (const RunTimeError&) {
-        return {};
-    }
+constexpr const char* key = "CloseWhenWell";
 }
 
-}  // namespace
-
 bool closesWhenWell(const std::string& file) {
-    bool closes = false;
-    for (const auto& line : linesOf(file)) {
-        if (line.starts_with(key)) closes = line.substr(key.size()) == "1";
-    }
-    return closes;
+    return preference(file, key) == "1";
 }
 
 void setClosesWhenWell(const std::string& file, bool closes) {
-    std::vector<std::string> lines = linesOf(file);
-    std::erase_if(lines, [](const std::string& line) { return line.starts_with(key); });
-    lines.push_back(std::string(key) + (closes ? "1" : "0"));
-    writeLines(file, lines);
+    setPreference(file, key, closes ? "1" : "0");
 }
 
 }  // namespace brasquelin

@@ -120,14 +120,28 @@ wxWindow* newestWindow() {
     return newestBut(nullptr);
 }
 
-void placeOnScreen(wxTopLevelWindow& window) {
-    const Place place = placeOf(window);
-    wxSize size = window.GetSize();
+namespace {
+
+void put(wxTopLevelWindow& window, wxSize size, const Place& place) {
     size.DecTo(place.area.GetSize());
     window.SetMinSize(wxSize(std::min(window.GetMinWidth(), size.x), std::min(window.GetMinHeight(), size.y)));
     if (size != window.GetSize()) window.SetSize(size);
     if (!isPlacedByDesktop(window)) window.Move(place.cornerFor(size));
     keepAt(window, place);
+}
+
+}  // namespace
+
+void placeOnScreen(wxTopLevelWindow& window) {
+    put(window, window.GetSize(), placeOf(window));
+}
+
+void placeAt(wxTopLevelWindow& window, const wxRect& place) {
+    const wxPoint centre = place.GetPosition() + place.GetSize() / 2;
+    const int screen = wxDisplay::GetFromPoint(centre);
+    wxSize size = place.GetSize();
+    size.IncTo(window.GetMinSize());
+    put(window, size, {centre, wxDisplay(static_cast<unsigned>(std::max(screen, 0))).GetClientArea()});
 }
 
 void keepCentred(wxTopLevelWindow& window) {

@@ -1,6 +1,8 @@
 #include <wx/dnd.h>
 #include <wx/frame.h>
+#include <wx/gdicmn.h>
 #include <wx/hyperlink.h>
+#include <wx/statusbr.h>
 #include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
@@ -211,6 +213,49 @@ TEST_F(MainWindow, JobsAreEditedByKeysAndMenusAlsoWhereSomeAreHidden) {
     clickTool(frame, "Clear Joblist");
     press('Z', true);
     EXPECT_EQ(3U, jobList.size());
+}
+
+TEST_F(MainWindow, TheStatusLineTellsHowManyJobsThereAreAndWhatIsRun) {
+    wxFrame& frame = start();
+    auto& list = control<JobListView>(frame, "JobList");
+    const auto told = [&] {
+        pump();
+        Lines texts;
+        for (int field = 0; field < 3; ++field) texts.push_back(fromWx(frame.GetStatusBar()->GetStatusText(field)));
+        return texts;
+    };
+    EXPECT_EQ((Lines{"No jobs", "", ""}), told());
+    for (const char* line : {"a", "b", "ab"}) jobList.append(line);
+    pump();
+    list.selectLines({0, 1});
+    EXPECT_EQ((Lines{"3 jobs", "2 selected", ""}), told());
+    list.showOnly("b");
+    runState.running = true;
+    runState.runningFile = "x/some.bqp";
+    EXPECT_EQ((Lines{"3 jobs, 2 shown", "1 selected", "'some.bqp' is being run ..."}), told());
+    runState.reset();
+}
+
+TEST_F(MainWindow, ComesUpWhereItWasAsFarAsThatIsOnTheScreen) {
+    const auto placeAfter = [&](const std::string& preference) {
+        writeFile("brasquelin.window", preference + "CloseWhenWell=1\n");
+        wxFrame& frame = start();
+        const wxRect place = frame.GetRect();
+        frame.SetSize(40, 50, 700, 400);
+        EXPECT_TRUE(becomesTrue([&] { return frame.GetRect() == wxRect(40, 50, 700, 400); }));
+        EXPECT_EQ(0, endOf([&] { frame.Close(); }));
+        delete &frame;
+        return place;
+    };
+    const wxRect usual = placeAfter("");
+    EXPECT_EQ("CloseWhenWell=1\r\nMain=40 50 700 400\r\n", readFile("brasquelin.window"));
+    EXPECT_EQ(wxRect(80, 90, 640, 480), placeAfter("Main=80 90 640 480\n"));
+    EXPECT_EQ(usual, placeAfter("Main=no place\n"));
+    const wxRect screen = wxGetClientDisplayRect();
+    for (const char* off : {"9000 9000 640 480", "-5000 -10 640 480", "5 5 30000 30000"}) {
+        const wxRect place = placeAfter(std::string("Main=") + off + "\n");
+        EXPECT_TRUE(screen.Contains(place)) << off;
+    }
 }
 
 TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {
