@@ -12,7 +12,10 @@
 #include "app/jobListControl.h"
 #include "app/jobListView.h"
 #include "app/jobStatus.h"
+#include "app/keptJobs.h"
 #include "app/startUp.h"
+#include "config/configFile.h"
+#include "platform/wx/noticeLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/rememberedPlace.h"
@@ -64,8 +67,10 @@ FrmMain::FrmMain()
     makeStatus();
     bindCommands();
     Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
+    keepTimer_.Bind(wxEVT_TIMER, [](wxTimerEvent&) { keepJobs(); });
     Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         showChanges();
+        if (IsShown() && !hasOffered_) offerKept();
         event.Skip();
     });
     JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
@@ -76,6 +81,8 @@ FrmMain::FrmMain()
 
 FrmMain::~FrmMain() {
     place_->save();
+    keepJobsSilently();
+    leaveKeptJobs();
     jobList.clear();
     jobHistory.clear();
     endLastChild();
@@ -157,6 +164,7 @@ void FrmMain::bindCommands() {
 
 void FrmMain::run(const MainCommand& command) {
     if (!mainCommandsEnabled()) return;
+    keepJobs();  // some of them end the list
     runMainCommand(command.key, JobList_->selectedJob());
     showChanges();
 }
@@ -165,12 +173,42 @@ void FrmMain::showChanges() {
     if (!txtLine_ && !jobList.empty()) makeLine();
     JobList_->showChanges();
     showStatus();
+    keepLater();
     if (!txtLine_) return;
     const auto selected = JobList_->selectedJob();
     if (selected == shownLine_ && (!selected || shownRevision_ == jobList.revision())) return;
     shownLine_ = selected;
     shownRevision_ = jobList.revision();
     txtLine_->ChangeValue(selected ? toWx(wholeLine(jobList.line(*selected))) : wxString());
+}
+
+void FrmMain::keepLater() {
+    constexpr int delay = 1000;  // milliseconds
+    if (keptRevision_ == jobList.revision()) return;
+    keptRevision_ = jobList.revision();
+    if (jobListIsWork() || !keptJobs.file.empty()) keepTimer_.StartOnce(delay);
+}
+
+/// To someone who has come to work with the list: not while a file that was named is prompted or run.
+void FrmMain::offerKept() {
+    hasOffered_ = true;
+    const auto offer = settings.commandLine.empty() ? keptJobsOffer() : std::nullopt;
+    if (!offer) return;
+    if (!noticeLine_) {
+        noticeLine_ = new NoticeLine(this, "noticeLine");
+        GetSizer()->Prepend(noticeLine_, wxSizerFlags().Expand());
+    }
+    const auto restore = [this, file = offer->file] {
+        if (jobListIsEditable()) restoreKeptJobs(file);
+        offerKept();
+    };
+    const auto discard = [this, file = offer->file] {
+        discardKeptJobs(file);
+        offerKept();
+    };
+    std::vector<NoticeButton> buttons{{"Discard", "cmdDiscardJobs", discard}};
+    if (offer->isReadable) buttons.insert(buttons.begin(), NoticeButton{"Restore", "cmdRestoreJobs", restore});
+    noticeLine_->tell(offer->text, buttons);
 }
 
 void FrmMain::showMenu(wxContextMenuEvent& event) {
@@ -186,6 +224,8 @@ void FrmMain::showMenu(wxContextMenuEvent& event) {
 }
 
 void FrmMain::closing(wxCloseEvent& /*event*/) {
+    keepJobs();
+    place_->save();
     mainWindowUnloaded();
     Hide();
     Destroy();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <wx/frame.h>
+#include <wx/timer.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -15,6 +16,7 @@ class wxTextCtrl;
 namespace brasquelin {
 
 class JobListControl;
+class NoticeLine;
 class RememberedPlace;
 class JobListView;
 
@@ -36,6 +38,8 @@ class FrmMain : public wxFrame {
 
     void makeStatus();
     void showStatus();
+    void keepLater();
+    void offerKept();
 
     std::unique_ptr<RememberedPlace> place_;
     JobListView* JobList_ = nullptr;
@@ -43,6 +47,10 @@ class FrmMain : public wxFrame {
     wxTextCtrl* txtLine_ = nullptr;  // the selected line as a whole
     std::optional<std::size_t> shownLine_;
     std::uint64_t shownRevision_ = 0;
+    NoticeLine* noticeLine_ = nullptr;  // not before there is something to be told
+    bool hasOffered_ = false;
+    wxTimer keepTimer_;
+    std::uint64_t keptRevision_ = 0;  // of the list that the timer was started for
 };
 
 }  // namespace brasquelin

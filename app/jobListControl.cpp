@@ -156,9 +156,13 @@ void JobListControl::openFind() {
     if (!findBar_) {
         findBar_ = new FindBar(&frame_, {[this](const std::string& text) { find(text); }, [this] { list_.SetFocus(); },
                                          [this] { closeFind(); }});
-        place_.Insert(1, findBar_, wxSizerFlags().Expand());
+        place_.Insert(placeBehindList(), findBar_, wxSizerFlags().Expand());
     }
     findBar_->open();
+}
+
+std::size_t JobListControl::placeBehindList() const {
+    return static_cast<std::size_t>(place_.GetChildren().IndexOf(place_.GetItem(&list_))) + 1;
 }
 
 void JobListControl::closeFind() {

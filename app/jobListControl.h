@@ -17,7 +17,7 @@ class JobListView;
 
 class JobListControl {
   public:
-    /// `place` holds the list first; the find bar comes below it.
+    /// `place` holds the list; the find bar comes below it.
     JobListControl(wxFrame& frame, JobListView& list, wxSizer& place);
 
     /// A menu "Edit" for the menu bar.
@@ -34,6 +34,7 @@ class JobListControl {
     void show(const Jobs& changed, JobCommandKind by);
     void letJobsBeDragged();
     void openFind();
+    std::size_t placeBehindList() const;
     void closeFind();
     void find(const std::string& text);
 

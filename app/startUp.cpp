@@ -9,6 +9,7 @@
 #include "app/batchFile.h"
 #include "app/jobList.h"
 #include "app/jobListEditing.h"
+#include "app/keptJobs.h"
 #include "app/openFile.h"
 #include "config/configFile.h"
 #include "config/registerFileTypes.h"
@@ -163,6 +164,7 @@ void resetTables() {
     runState.reset();
     jobList.clear();
     jobHistory.clear();
+    keptJobs.reset();
     forgetTextFiles();
     childProcessId = 0;
     setJobSink([](std::string line) { jobList.append(std::move(line)); });

@@ -8,6 +8,7 @@
 #include "config/configFile.h"
 #include "editor/editorState.h"
 #include "platform/files.h"
+#include "platform/keptFiles.h"
 #include "platform/paths.h"
 #include "platform/reporting.h"
 #include "platform/textFiles.h"
@@ -24,9 +25,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::size_t mostKept = 20;
 constexpr std::string_view keptStart = "profile";
-constexpr std::string_view keptEnd = ".kept";
 
 KeptProfile fromJson(const Json& all) {
     KeptProfile kept;
@@ -39,31 +38,6 @@ KeptProfile fromJson(const Json& all) {
     kept.document.foreign = all.at("foreign");
     kept.document.encoding = all.at("encoding");
     return kept;
-}
-
-std::string keptPath(std::size_t number) {
-    const std::string middle = number == 1 ? "" : "-" + std::to_string(number);
-    return joinPath(programDirectory(), std::string(keptStart) + middle + std::string(keptEnd));
-}
-
-std::string unusedPath() {
-    std::size_t number = 1;
-    while (fileExists(keptPath(number))) ++number;
-    return keptPath(number);
-}
-
-/// The files of documents that are not in the editor now, the newest first.
-std::vector<std::string> leftFiles() {
-    std::vector<std::pair<std::int64_t, std::string>> found;
-    for (const auto& name : listFiles(programDirectory())) {
-        const std::string path = joinPath(programDirectory(), name);
-        if (!name.starts_with(keptStart) || !name.ends_with(keptEnd) || path == editorState.keptFile) continue;
-        if (const auto stamp = fileStamp(path)) found.emplace_back(-stamp->modified, path);
-    }
-    std::sort(found.begin(), found.end());
-    std::vector<std::string> paths;
-    for (auto& [age, path] : found) paths.push_back(std::move(path));
-    return paths;
 }
 
 std::string offerText(const std::string& file) {
@@ -108,7 +82,7 @@ void keepUnsaved() {
         state.keptFile.clear();
         return;
     }
-    if (state.keptFile.empty()) state.keptFile = unusedPath();
+    if (state.keptFile.empty()) state.keptFile = unusedKeptFile(keptStart);
     writeKept(state.keptFile, {state.document, settings.profilePath});
 }
 
@@ -118,12 +92,11 @@ bool tryToKeep() {
 
 void leaveKept() {
     editorState.keptFile.clear();
-    const auto left = leftFiles();
-    for (std::size_t i = mostKept; i < left.size(); ++i) deleteFile(left[i]);
+    limitKeptFiles(keptStart);
 }
 
 std::optional<KeptOffer> keptOffer() {
-    const auto left = leftFiles();
+    const auto left = keptFilesBut(keptStart, editorState.keptFile);
     if (left.empty()) return std::nullopt;
     return KeptOffer{left.front(), offerText(left.front())};
 }

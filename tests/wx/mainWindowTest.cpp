@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "app/jobList.h"
+#include "app/jobListEditing.h"
 #include "app/jobListView.h"
 #include "app/mainCommands.h"
 #include "app/openFile.h"
@@ -256,6 +257,37 @@ TEST_F(MainWindow, ComesUpWhereItWasAsFarAsThatIsOnTheScreen) {
         const wxRect place = placeAfter(std::string("Main=") + off + "\n");
         EXPECT_TRUE(screen.Contains(place)) << off;
     }
+}
+
+TEST_F(MainWindow, AListThatWasWorkedOnIsOfferedAtTheNextStart) {
+    const std::string profile = writeProfile("a.bqp", "First", "x\n.Type=Text\n.Info=\n", "$x$");
+    const auto close = [&] {
+        wxFrame& frame = start();
+        EXPECT_EQ(nullptr, findControl(frame, "noticeLine")) << "nothing was kept";
+        insertJobs(0, {"by hand", "again"}, "Paste");
+        EXPECT_EQ(0, endOf([&] { frame.Close(); }));
+        delete &frame;
+    };
+    close();
+    wxFrame* frame = &start(profile);
+    EXPECT_EQ(nullptr, findControl(*frame, "noticeLine")) << "a file is prompted for";
+    delete loadedWindow("frmVarProfile");
+    delete frame;
+    frame = &start();
+    click(*frame, "cmdRestoreJobs");
+    pump();
+    EXPECT_EQ((Lines{"by hand", "again"}), jobList.lines());
+    EXPECT_FALSE(findControl(*frame, "noticeLine")->IsShown());
+    EXPECT_EQ(std::nullopt, endOf([&] { clickTool(*frame, "Profile Editor"); }));
+    EXPECT_TRUE(jobList.empty());
+    windows.unloadWindow(ProgramWindow::createProfile);
+    frame = &start();
+    click(*frame, "cmdDiscardJobs");
+    pump();
+    EXPECT_EQ("", readFile("joblist.kept"));
+    delete frame;
+    close();
+    EXPECT_TRUE(modals.messages.empty());
 }
 
 TEST_F(MainWindow, AnErrorInAnEventIsOnlyAMessage) {
