@@ -10,9 +10,9 @@
 #include <string>
 
 #include "app/fileDropTarget.h"
-#include "app/findBar.h"
 #include "app/jobList.h"
 #include "app/jobListView.h"
+#include "platform/wx/findBar.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
@@ -154,8 +154,11 @@ void JobListControl::letJobsBeDragged() {
 
 void JobListControl::openFind() {
     if (!findBar_) {
-        findBar_ = new FindBar(&frame_, {[this](const std::string& text) { find(text); }, [this] { list_.SetFocus(); },
-                                         [this] { closeFind(); }});
+        findBar_ = new FindBar(&frame_, "Show all",
+                               {.search = [this](const std::string& text) { find(text); },
+                                .forward = [this] { list_.SetFocus(); },
+                                .back = {},
+                                .close = [this] { closeFind(); }});
         place_.Insert(placeBehindList(), findBar_, wxSizerFlags().Expand());
     }
     findBar_->open();

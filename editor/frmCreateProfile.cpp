@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "check/keptTables.h"
+#include "editor/editorFind.h"
 #include "editor/editorListView.h"
 #include "editor/keptProfiles.h"
 #include "editor/pluginQuery.h"
@@ -30,7 +31,17 @@ namespace brasquelin {
 
 namespace {
 
-enum MenuId { mnuAdd = wxID_HIGHEST + 1, mnuEdit, mnuRemove, mnuClear, mnuFor, mnuNext, mnuPreview };
+enum MenuId {
+    mnuAdd = wxID_HIGHEST + 1,
+    mnuEdit,
+    mnuRemove,
+    mnuClear,
+    mnuFor,
+    mnuNext,
+    mnuPreview,
+    mnuFindNext,
+    mnuFindBack
+};
 
 constexpr int loopDelay = 50;  // milliseconds, so that the menu has closed
 constexpr int editDelay = 100;
@@ -82,6 +93,10 @@ wxMenu* makeEditMenu() {
     redo->AddExtraAccel(wxAcceleratorEntry(wxACCEL_CTRL | wxACCEL_SHIFT, 'Z', wxID_REDO));
     menu->AppendSeparator();
     appendGroupItems(*menu);
+    menu->AppendSeparator();
+    menu->Append(wxID_FIND, "&Find\tCtrl+F");
+    menu->Append(mnuFindNext, "Find &next\tF3");
+    menu->Append(mnuFindBack, "Find &previous\tShift+F3");
     return menu;
 }
 
@@ -123,6 +138,8 @@ FrmCreateProfile::FrmCreateProfile()
     listInclude_->SetFocus();
 }
 
+FrmCreateProfile::~FrmCreateProfile() = default;
+
 void FrmCreateProfile::makeParts() {
     auto* all = new wxBoxSizer(wxVERTICAL);
     notice_ = new NoticeLine(parts_, "notice");
@@ -138,6 +155,14 @@ void FrmCreateProfile::makeParts() {
                       "Profile (Command to execute) :", "[profile] ... [/profile]"),
              wxSizerFlags(below).Proportion(4));
     all->Add(makeProblems(), wxSizerFlags(below).Proportion(2));
+    find_ = std::make_unique<EditorFind>(parts_, *all,
+                                         EditorFind::Lists{.selected = [this] { return selectedPlace(); },
+                                                           .select =
+                                                               [this](DocumentPlace place) {
+                                                                   listInUse_ = viewOf(place.list);
+                                                                   listInUse_->selectLine(place.line);
+                                                               },
+                                                           .focus = [this] { listInUse().SetFocus(); }});
     parts_->SetSizer(all);
     orderTabs();
 }
@@ -209,6 +234,9 @@ void FrmCreateProfile::bindEditMenu() {
         if (profileName_->HasFocus()) return profileName_->SelectAll();
         listInUse().selectAll();
     });
+    onItem(wxID_FIND, [this] { find_->open(); });
+    onItem(mnuFindNext, [this] { find_->again(SearchWay::forward); });
+    onItem(mnuFindBack, [this] { find_->again(SearchWay::back); });
     Bind(
         wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(editorState.edited.canUndo()); }, wxID_UNDO);
     Bind(
@@ -437,6 +465,10 @@ void FrmCreateProfile::goTo(DocumentPlace place) {
     const auto& lines = editorState.document.list(place.list);
     if (!list || lines.empty()) return;
     list->selectLine(groupStart(lines, place.list, std::min(place.line, lines.size() - 1)));
+}
+
+DocumentPlace FrmCreateProfile::selectedPlace() const {
+    return {listInUse().which(), listInUse().selectedLine().value_or(0)};
 }
 
 EditorListView* FrmCreateProfile::viewOf(EditorList which) const {

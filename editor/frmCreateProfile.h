@@ -6,6 +6,7 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 
 #include "editor/editorActions.h"
 #include "editor/groupActions.h"
@@ -16,6 +17,7 @@ class wxTextCtrl;
 
 namespace brasquelin {
 
+class EditorFind;
 class EditorListView;
 struct KeptOffer;
 class NoticeLine;
@@ -24,6 +26,7 @@ class ProblemList;
 class FrmCreateProfile : public wxFrame {
   public:
     FrmCreateProfile();
+    ~FrmCreateProfile() override;
 
   private:
     using Action = std::function<void()>;
@@ -73,6 +76,7 @@ class FrmCreateProfile : public wxFrame {
     EditorListView& activeList() const;
     EditorListView& listInUse() const { return *(listInUse_ ? listInUse_ : listCommand_); }
     EditorListView* viewOf(EditorList which) const;
+    DocumentPlace selectedPlace() const;
     std::array<EditorListView*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
 
     wxPanel* parts_;  // the Tab key needs it
@@ -81,6 +85,7 @@ class FrmCreateProfile : public wxFrame {
     EditorListView* listVar_ = nullptr;
     EditorListView* listCommand_ = nullptr;
     EditorListView* listInUse_ = nullptr;  // had the keys last
+    std::unique_ptr<EditorFind> find_;
     ProblemList* listProblems_ = nullptr;
     NoticeLine* notice_ = nullptr;
     wxTimer ForTimer_;

@@ -1,6 +1,7 @@
 // The profile in the editor as a document: three lists of lines and a name, without any window.
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -69,6 +70,7 @@ std::vector<FileLine> linesLostBySaving(const std::string& path);
 struct DocumentPlace {
     EditorList list = EditorList::none;
     std::size_t line = 0;
+    auto operator<=>(const DocumentPlace&) const = default;
 };
 /// The lines of the file, and where the lists stand in them.
 class DocumentLayout {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "config/configFile.h"
+#include "editor/documentSearch.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
 #include "text/text.h"
@@ -95,6 +96,24 @@ TEST_F(ProfileDocumentTest, AFailedOpenOrSaveLeavesTheDocument) {
     EXPECT_TRUE(document.pluginNames.empty());
     EXPECT_EQ(settings.profilePath, path());
     EXPECT_TRUE(commands().empty());
+}
+
+TEST_F(ProfileDocumentTest, SearchGoesThroughAllListsAndAround) {
+    document.listInclude = {":Include x"};
+    document.listVar = {"Exit", ".Type=Text"};
+    document.listCommand = {"echo", "TEXT", "next"};
+    const auto found = [&](std::string_view text, DocumentPlace from, SearchWay way) {
+        const auto [place, told] = search(document, text, from, way);
+        return !place ? told
+                      : std::to_string(static_cast<int>(place->list)) + ":" + std::to_string(place->line) + " " + told;
+    };
+    EXPECT_EQ(found("ext", {}, SearchWay::here), "2:1 1 of 3");
+    EXPECT_EQ(found("ext", {EditorList::variables, 1}, SearchWay::here), "2:1 1 of 3");
+    EXPECT_EQ(found("ext", {EditorList::variables, 1}, SearchWay::forward), "3:1 2 of 3");
+    EXPECT_EQ(found("ext", {EditorList::commands, 2}, SearchWay::forward), "2:1 1 of 3");
+    EXPECT_EQ(found("ext", {EditorList::include, 0}, SearchWay::back), "3:2 3 of 3");
+    EXPECT_EQ(found("none", {}, SearchWay::here), "not found");
+    EXPECT_EQ(found("", {}, SearchWay::here), "");
 }
 
 TEST_F(ProfileDocumentTest, PluginNamesStayUntilANewDocumentOrAClearedList) {

@@ -1,4 +1,4 @@
-// The bar below the job list in which one types what the jobs shown are to hold.
+// The bar below a list in which one types what is looked for in it.
 #pragma once
 
 #include <wx/panel.h>
@@ -15,12 +15,13 @@ class FindBar : public wxPanel {
   public:
     struct Actions {
         std::function<void(const std::string& text)> search;  // whenever the text has changed
-        std::function<void()> enterList;                      // Enter, or the Down key
+        std::function<void()> forward;                        // Enter, or the Down key
+        std::function<void()> back;                           // Shift+Enter, or the Up key; may be missing
         std::function<void()> close;                          // Escape, or the button
     };
 
-    /// To be given a place in the parent's sizer.
-    FindBar(wxWindow* parent, Actions actions);
+    /// To be given a place in the parent's sizer. With a way back it has buttons for both ways.
+    FindBar(wxWindow* parent, const char* closeCaption, Actions actions);
 
     /// Shows the bar, its text selected.
     void open();
