@@ -63,7 +63,7 @@ FrmMain::FrmMain()
     sizer->Add(JobList_, wxSizerFlags(1).Expand());
     SetSizer(sizer);
     jobs_ = std::make_unique<JobListControl>(*this, *JobList_, *sizer);
-    GetMenuBar()->Append(jobs_->makeMenu(), "&Edit");
+    completeMenu();
     makeStatus();
     bindCommands();
     Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
@@ -102,10 +102,18 @@ void FrmMain::makeMenu() {
     auto* commands = new wxMenu;
     appendCommands(*commands);
     commands->AppendSeparator();
-    commands->Append(wxID_EXIT, "Exit\tCtrl+Q");
     auto* bar = new wxMenuBar;
     bar->Append(commands, "&Joblist");
     SetMenuBar(bar);
+}
+
+/// What belongs to the list, which comes after the menu bar.
+void FrmMain::completeMenu() {
+    wxMenu& commands = *GetMenuBar()->GetMenu(0);
+    jobs_->appendFileCommands(commands);
+    commands.AppendSeparator();
+    commands.Append(wxID_EXIT, "Exit\tCtrl+Q");
+    GetMenuBar()->Append(jobs_->makeMenu(), "&Edit");
 }
 
 void FrmMain::makeToolbar() {

@@ -28,6 +28,7 @@ class FrmMain : public wxFrame {
   private:
     void makePlace();
     void makeMenu();
+    void completeMenu();
     void makeToolbar();
     void makeLine();
     void bindCommands();

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/batchFile.h"
+#include "app/jobFiles.h"
 #include "app/jobList.h"
 #include "app/mainCommands.h"
 #include "platform/desktop.h"
@@ -59,7 +60,9 @@ const std::vector<JobCommand>& jobCommands() {
         {moveUp, "mnuMoveUp", "Move u&p", "Alt+Up", "", false},
         {moveDown, "mnuMoveDown", "Move do&wn", "Alt+Down", "", true},
         {selectAll, "mnuSelectAll", "Select &all", "Ctrl+A", "", false},
-        {find, "mnuFind", "&Find", "Ctrl+F", "", false},
+        {find, "mnuFind", "&Find", "Ctrl+F", "", true},
+        {open, "mnuOpenJobs", "&Open a list of jobs ...", "Ctrl+O", "", false, true},
+        {saveAs, "mnuSaveJobs", "&Save the list as ...", "Ctrl+S", "", false, true},
     };
     return commands;
 }
@@ -98,7 +101,9 @@ bool isEnabled(JobCommandKind command, const JobSelection& selection) {
         case moveDown:
             return canMove(selection) && jobs.back() + 1 < jobList.size();
         case selectAll:
+        case saveAs:
             return !jobList.empty();
+        case open:
         case paste:
         case find:
             return true;
@@ -130,6 +135,12 @@ std::optional<Jobs> runJobCommand(JobCommandKind command, const JobSelection& se
             return moveJobsUp(selection.jobs);
         case moveDown:
             return moveJobsDown(selection.jobs);
+        case open:
+            openJobs();
+            break;
+        case saveAs:
+            saveJobsAs();
+            break;
         case selectAll:
         case find:
             break;

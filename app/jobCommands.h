@@ -1,4 +1,5 @@
-// The commands that edit the job list, offered by the menu "Edit", below the others in the pop-up menu, and by keys.
+// The commands that edit, save and open the job list, offered by the menu bar, below the others in the pop-up menu, and
+// by keys.
 #pragma once
 
 #include <cstddef>
@@ -24,6 +25,8 @@ enum class JobCommandKind {
     moveDown,
     selectAll,  // the window's own, as is the next
     find,
+    open,
+    saveAs,
 };
 
 struct JobCommand {
@@ -33,6 +36,7 @@ struct JobCommand {
     std::string_view shortcut;
     std::string_view otherShortcut;  // empty without one
     bool separatorBehind;
+    bool isOfFile = false;  // in the menu of the list as a whole
 };
 
 /// In the order in which they are shown.

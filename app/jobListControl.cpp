@@ -41,6 +41,18 @@ bool isPressed(std::string_view shortcut, const wxKeyEvent& event) {
     return pressed == key.GetKeyCode() && modifiers == key.GetFlags();
 }
 
+/// The commands that are wanted; separators stand between them only.
+template <typename Wanted>
+void append(wxMenu& menu, Wanted wanted) {
+    bool separates = false;
+    for (const auto& command : jobCommands()) {
+        if (!wanted(command)) continue;
+        if (separates) menu.AppendSeparator();
+        menu.Append(idOf(command.kind), labelOf(command));
+        separates = command.separatorBehind;
+    }
+}
+
 const JobCommand* commandOf(const wxKeyEvent& event) {
     for (const auto& command : jobCommands()) {
         if (isPressed(command.shortcut, event) || isPressed(command.otherShortcut, event)) return &command;
@@ -63,16 +75,19 @@ JobListControl::JobListControl(wxFrame& frame, JobListView& list, wxSizer& place
 }
 
 wxMenu* JobListControl::makeMenu() {
-    editMenu_ = new wxMenu;
-    appendCommands(*editMenu_);
-    return editMenu_;
+    auto* menu = new wxMenu;
+    menus_.push_back(menu);
+    append(*menu, [](const JobCommand& command) { return !command.isOfFile; });
+    return menu;
+}
+
+void JobListControl::appendFileCommands(wxMenu& menu) {
+    menus_.push_back(&menu);
+    append(menu, [](const JobCommand& command) { return command.isOfFile; });
 }
 
 void JobListControl::appendCommands(wxMenu& menu) const {
-    for (const auto& command : jobCommands()) {
-        menu.Append(idOf(command.kind), labelOf(command));
-        if (command.separatorBehind) menu.AppendSeparator();
-    }
+    append(menu, [](const JobCommand&) { return true; });
     enableCommands(menu);
 }
 
@@ -80,6 +95,7 @@ void JobListControl::enableCommands(wxMenu& menu) const {
     const JobSelection selected = selection();
     for (const auto& command : jobCommands()) {
         auto* item = menu.FindItem(idOf(command.kind));
+        if (!item) continue;
         if (const wxString label = labelOf(command); item->GetItemLabel() != label) item->SetItemLabel(label);
         item->Enable(isEnabled(command.kind, selected));
     }
@@ -92,7 +108,8 @@ void JobListControl::bindCommands() {
             wxEVT_MENU, [this, kind = command.kind](wxCommandEvent&) { run(kind); }, idOf(command.kind));
     }
     frame_.Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
-        if (editMenu_ && event.GetMenu() == editMenu_) enableCommands(*editMenu_);
+        auto* menu = event.GetMenu();
+        if (std::find(menus_.begin(), menus_.end(), menu) != menus_.end()) enableCommands(*menu);
         event.Skip();
     });
     frame_.Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) { handleKey(event); });

@@ -22,7 +22,9 @@ class JobListControl {
 
     /// A menu "Edit" for the menu bar.
     wxMenu* makeMenu();
-    /// The commands, each enabled if it can do something now.
+    /// For the menu bar's other menu: what is done with the list as a whole.
+    void appendFileCommands(wxMenu& menu);
+    /// All commands, each enabled if it can do something now.
     void appendCommands(wxMenu& menu) const;
 
   private:
@@ -42,7 +44,7 @@ class JobListControl {
     JobListView& list_;
     wxSizer& place_;
     FindBar* findBar_ = nullptr;  // not before it is wanted
-    wxMenu* editMenu_ = nullptr;
+    std::vector<wxMenu*> menus_;  // of the menu bar
 };
 
 }  // namespace brasquelin

@@ -150,10 +150,13 @@ Jobs redoJobStep() {
     return step.selectedAfter;
 }
 
-std::vector<std::string> jobsOfText(std::string_view text) {
-    std::vector<std::string> lines = splitLines(text);
+std::vector<std::string> withoutBlank(std::vector<std::string> lines) {
     std::erase_if(lines, isBlank);
     return lines;
+}
+
+std::vector<std::string> jobsOfText(std::string_view text) {
+    return withoutBlank(splitLines(text));
 }
 
 std::string textOfJobs(const Jobs& jobs) {

@@ -47,6 +47,8 @@ void clearJobs();
 Jobs undoJobStep();
 Jobs redoJobStep();
 
+/// The lines that are not blank.
+std::vector<std::string> withoutBlank(std::vector<std::string> lines);
 /// The jobs of a text: its lines but those that are blank.
 std::vector<std::string> jobsOfText(std::string_view text);
 /// The opposite: each job on a line.

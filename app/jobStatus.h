@@ -10,7 +10,10 @@ namespace brasquelin {
 std::string jobCountText(std::size_t all, std::size_t shown);
 /// "3 selected"; empty for none.
 std::string selectedText(std::size_t selected);
-/// What the program is doing; empty while it waits for the user.
+/// What the program is doing, else what was noted last.
 std::string activityText();
+
+/// Tells what was done with the list, until the list changes.
+void noteJobs(std::string text);
 
 }  // namespace brasquelin

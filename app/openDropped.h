@@ -6,7 +6,8 @@
 
 namespace brasquelin {
 
-/// Opens the profiles and libraries among the files, one after the other, as the pickers do; others are ignored. While
+/// Opens the profiles and libraries among the files, one after the other, as the pickers do, and appends the jobs of
+/// lists of jobs; others are ignored. While
 /// a file is being run that is refused with a message, once.
 void openDropped(const std::vector<std::string>& paths);
 

@@ -50,12 +50,6 @@ void runOpenedLibrary(const std::string& path, const std::vector<std::string>& a
     finishRun(path, runLibrary(path, arguments));
 }
 
-/// False, after a message, while another file is being run.
-bool mayRun() {
-    if (runState.running) desktop().showMessage("Another file is still being run.", "Brasquelin", Icon::exclamation);
-    return !runState.running;
-}
-
 /// The waiting window's timer starts the run, so that the prompt closes and the screen repaints first. While a list is
 /// replayed that window is up already.
 void runConfirmedProfile(const std::string& path) {
@@ -68,7 +62,7 @@ PromptOptions optionsFor(const std::vector<std::string>& presets) {
     options.presets = presets;
     options.namedOnCommandLine = !runState.currentFile.empty();
     options.replaying = runState.replaying;
-    options.mayConfirm = mayRun;
+    options.mayConfirm = mayOpen;
     return options;
 }
 
@@ -87,6 +81,11 @@ void openLibrary(const std::string& path, const std::vector<std::string>& preset
 
 }  // namespace
 
+bool mayOpen() {
+    if (runState.running) desktop().showMessage("Another file is still being run.", "Brasquelin", Icon::exclamation);
+    return !runState.running;
+}
+
 bool openFile(const std::string& path, const std::vector<std::string>& presets) {
     const FileKind kind = kindOfFile(path);
     if (kind == FileKind::profile) openProfile(path, presets);
@@ -95,7 +94,7 @@ bool openFile(const std::string& path, const std::vector<std::string>& presets) 
 }
 
 bool openPicked(const std::string& path) {
-    if (!mayRun()) return false;
+    if (!mayOpen()) return false;
     reporting(path, [&] { openFile(path, {}); });
     return true;
 }

@@ -21,6 +21,9 @@ extern RunState runState;
 /// prompt.
 bool openFile(const std::string& path, const std::vector<std::string>& presets);
 
+/// False, after a message, while another file is being run.
+bool mayOpen();
+
 /// Opens what a picker offers, with no command-line values. Errors are reported. False when another file is being run:
 /// that is told, and nothing happens.
 bool openPicked(const std::string& path);

@@ -167,7 +167,7 @@ TEST_F(JobListEditing, ACommandIsOfferedWhereItCanDoSomething) {
     list({"a", "b", "c"});
     const auto expectOffered = [](const Jobs& jobs, bool someAreHidden, std::set<JobCommandKind> expected) {
         const JobSelection selection{jobs, someAreHidden};
-        expected.insert({paste, selectAll, find});
+        expected.insert({paste, selectAll, find, open, saveAs});
         for (const auto& command : jobCommands()) {
             const auto kind = command.kind;
             EXPECT_EQ(expected.contains(kind), isEnabled(kind, selection)) << command.caption;
