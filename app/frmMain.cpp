@@ -7,7 +7,7 @@
 #include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
-#include "app/fileDropTarget.h"
+#include "app/dropFiles.h"
 #include "app/jobList.h"
 #include "app/jobListControl.h"
 #include "app/jobListView.h"
@@ -15,6 +15,7 @@
 #include "app/keptJobs.h"
 #include "app/startUp.h"
 #include "config/configFile.h"
+#include "platform/wx/fileDropTarget.h"
 #include "platform/wx/noticeLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/popUpMenu.h"
@@ -74,7 +75,8 @@ FrmMain::FrmMain()
         event.Skip();
     });
     JobList_->Bind(wxEVT_CONTEXT_MENU, &FrmMain::showMenu, this);
-    SetDropTarget(new FileDropTarget(*this));
+    SetDropTarget(
+        new FileDropTarget([this](const std::vector<std::string>& paths) { return dropFiles(*this, paths); }));
 
     JobList_->SetFocus();
 }

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <string>
 
-#include "app/fileDropTarget.h"
+#include "app/dropFiles.h"
 #include "app/jobList.h"
 #include "app/jobListView.h"
 #include "platform/wx/findBar.h"

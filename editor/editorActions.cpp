@@ -6,6 +6,7 @@
 #include "editor/keptProfiles.h"
 #include "editor/newLines.h"
 #include "editor/pluginQuery.h"
+#include "editor/recentProfiles.h"
 #include "editor/references.h"
 #include "editor/valueInput.h"
 #include "engine/plugins.h"
@@ -51,6 +52,7 @@ void saveTo(const std::string& path) {
         settings.profilePath = path;
         editorState.edited.markSaved();
         keepUnsaved();
+        noteRecentProfile(path);
         tellStatus("Saved '" + path + "'.");
     });
 }
@@ -110,6 +112,10 @@ std::string startIn(const std::string& directory) {
     return directory.empty() ? std::string() : joinPath(directory, {});
 }
 
+std::string includeLine(const std::string& chosen) {
+    return writeLibraryLine({LibraryWord::include, includePath(chosen, settings.profilePath), {}});
+}
+
 void addInclude() {
     const std::string chosen =
         desktop().askFile({FileDialogMode::open, "Include a library , profile or plugin in project",
@@ -117,7 +123,7 @@ void addInclude() {
     if (chosen.empty()) return;
     const std::string path = includePath(chosen, settings.profilePath);
     if (kindOfFile(chosen) == FileKind::program) return addProgram(chosen, path);
-    append(EditorList::include, {writeLibraryLine({LibraryWord::include, path, {}})});
+    append(EditorList::include, {includeLine(chosen)});
 }
 
 }  // namespace
@@ -166,16 +172,28 @@ void openProfile(const std::function<void()>& opened) {
     const std::string start = startIn(canSave() ? dirOf(settings.profilePath) : settings.profileDirectory);
     const std::string path =
         desktop().askFile({FileDialogMode::open, "Open a Brasquelin profile", "BQP Files|*.bqp", start});
-    if (path.empty()) return;
+    if (!path.empty()) openProfileAt(path, opened);
+}
+
+void openProfileAt(const std::string& path, const std::function<void()>& opened) {
     tryToKeep();
     if (!reporting(path, [&] {
             editorState.edited.replace([&](ProfileDocument& document) { openDocument(document, path); });
         }))
         return;
     leaveKept();
+    noteRecentProfile(path);
     opened();
     if (editorState.document.foreign) tellForeign(path);
     queryPlugins();
+}
+
+void takeDropped(const std::vector<std::string>& paths, const std::function<void()>& opened) {
+    for (const auto& path : paths) {
+        const FileKind kind = kindOfFile(path);
+        if (kind == FileKind::profile) return openProfileAt(path, opened);
+        if (kind == FileKind::library) append(EditorList::include, {includeLine(path)});
+    }
 }
 
 bool canSave() {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "editor/editorState.h"
 
@@ -29,6 +30,9 @@ void startNewProfile();
 void restoreProfile(const std::string& file, const std::function<void()>& opened);
 /// `opened` is called when the document is another one, before its plugins are run.
 void openProfile(const std::function<void()>& opened);
+void openProfileAt(const std::string& path, const std::function<void()>& opened);
+/// Files that were dropped on the window: libraries in front of the first profile are included, that profile is opened.
+void takeDropped(const std::vector<std::string>& paths, const std::function<void()>& opened);
 bool canSave();  // there is a current file
 /// A file that was no profile is not replaced without a question: that is saved as by saveProfileAs.
 void saveProfile();

@@ -17,14 +17,17 @@
 #include "editor/keptProfiles.h"
 #include "editor/pluginQuery.h"
 #include "editor/problemList.h"
+#include "editor/recentProfiles.h"
 #include "platform/desktop.h"
 #include "platform/wx/buttons.h"
+#include "platform/wx/fileDropTarget.h"
 #include "platform/wx/noticeLine.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/popUpMenu.h"
 #include "platform/wx/wxText.h"
+#include "text/text.h"
 #include "text/visibleText.h"
 
 namespace brasquelin {
@@ -124,6 +127,7 @@ FrmCreateProfile::FrmCreateProfile()
     bindTimers();
     makeParts();
     Bind(wxEVT_CLOSE_WINDOW, &FrmCreateProfile::closing, this);
+    SetDropTarget(new FileDropTarget([this](const std::vector<std::string>& paths) { return takeFiles(paths); }));
 
     SetMinSize(FromDIP(wxSize(420, 500)));
     SetSize(FromDIP(wxSize(760, 780)));
@@ -176,6 +180,9 @@ void FrmCreateProfile::makeMenu() {
     mnuProfile->Append(wxID_SAVEAS, "Save as ...\tCtrl+Shift+S");
     mnuProfile->AppendSeparator();
     mnuProfile->Append(wxID_EXIT, "Exit\tCtrl+Q");
+    mnuProfile->AppendSeparator();
+    mnuRecent_ = new wxMenu;
+    mnuProfile->AppendSubMenu(mnuRecent_, "Open recent");
     auto* bar = new wxMenuBar;
     bar->Append(mnuProfile, "&Profile");
     bar->Append(makeEditMenu(), "&Edit");
@@ -197,13 +204,8 @@ void FrmCreateProfile::bindMenus() {
             showNewDocument();
         });
     });
-    onItem(wxID_OPEN, [this] {
-        lossSeen_ = false;
-        act([this] {
-            const wxBusyCursor plugins;
-            openProfile([this] { showOpened(); });
-        });
-    });
+    onItem(wxID_OPEN, [this] { open(openProfile); });
+    bindRecent();
     onItem(wxID_SAVE, [this] { act(saveProfile); });
     onItem(wxID_SAVEAS, [this] { act(saveProfileAs); });
     onItem(wxID_EXIT, [this] { Close(); });
@@ -219,6 +221,47 @@ void FrmCreateProfile::bindMenus() {
     onItem(mnuClear, [this] { act(clearActiveList); });
     onItem(mnuFor, [this] { ForTimer_.StartOnce(loopDelay); });
     onItem(mnuNext, [this] { act(appendNext); });
+}
+
+void FrmCreateProfile::open(const std::function<void(const Action& opened)>& step) {
+    lossSeen_ = false;
+    act([&] {
+        const wxBusyCursor plugins;
+        step([this] { showOpened(); });
+    });
+}
+
+void FrmCreateProfile::bindRecent() {
+    Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+        showRecent();
+        event.Skip();
+    });
+    for (int i = 0; i < wxID_FILE9 - wxID_FILE1 + 1; ++i) {
+        onItem(wxID_FILE1 + i, [this, i] {
+            const auto paths = recentProfiles();
+            if (static_cast<std::size_t>(i) >= paths.size()) return;
+            const auto& path = paths[static_cast<std::size_t>(i)];
+            open([&path](const Action& opened) { openProfileAt(path, opened); });
+        });
+    }
+}
+
+void FrmCreateProfile::showRecent() {
+    while (mnuRecent_->GetMenuItemCount() > 0) mnuRecent_->Destroy(mnuRecent_->FindItemByPosition(0));
+    int id = wxID_FILE1;
+    for (const auto& path : recentProfiles()) {
+        const std::string label = replaceAll(visibleText(path), "&", "&&");
+        mnuRecent_->Append(id, toWx("&" + std::to_string(id - wxID_FILE1 + 1) + "  " + label));
+        ++id;
+    }
+    if (id == wxID_FILE1) mnuRecent_->Append(wxID_NONE, "None yet")->Enable(false);
+}
+
+/// Whoever dragged the files must not wait.
+bool FrmCreateProfile::takeFiles(const std::vector<std::string>& paths) {
+    if (busy_ || dialogIsOpen()) return false;
+    CallAfter([this, paths] { open([&paths](const Action& opened) { takeDropped(paths, opened); }); });
+    return true;
 }
 
 void FrmCreateProfile::bindEditMenu() {
@@ -347,7 +390,8 @@ void FrmCreateProfile::bindList(EditorListView& list) {
                             },
                             [this, &list, which](std::size_t before, const std::string& text) {
                                 onLines(list, [&] { return insertText(which, before, text); });
-                            }});
+                            },
+                            [this](const std::vector<std::string>& paths) { takeFiles(paths); }});
     // Below the last line there is no item to activate. Some desktops draw the lines in a window of their own.
     const auto besideLines = [this, &list](wxMouseEvent& event) {
         int flags = 0;
@@ -390,11 +434,7 @@ void FrmCreateProfile::showNotices() {
 
 void FrmCreateProfile::showOffer(const KeptOffer& offer) {
     const auto restore = [this, file = offer.file] {
-        lossSeen_ = false;
-        act([&] {
-            const wxBusyCursor plugins;
-            restoreProfile(file, [this] { showOpened(); });
-        });
+        open([&file](const Action& opened) { restoreProfile(file, opened); });
     };
     const auto discard = [this, file = offer.file] {
         discardKept(file);

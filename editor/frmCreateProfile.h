@@ -33,6 +33,10 @@ class FrmCreateProfile : public wxFrame {
 
     void makeMenu();
     void bindMenus();
+    void open(const std::function<void(const Action& opened)>& step);
+    void bindRecent();
+    void showRecent();
+    bool takeFiles(const std::vector<std::string>& paths);
     void bindEditMenu();
     void makeParts();
     wxSizer* makeName();
@@ -80,6 +84,7 @@ class FrmCreateProfile : public wxFrame {
     std::array<EditorListView*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
 
     wxPanel* parts_;  // the Tab key needs it
+    wxMenu* mnuRecent_ = nullptr;
     wxTextCtrl* profileName_ = nullptr;
     EditorListView* listInclude_ = nullptr;
     EditorListView* listVar_ = nullptr;

@@ -7,6 +7,7 @@
 #include "editor/addVariable.h"
 #include "editor/groupActions.h"
 #include "editor/pluginQuery.h"
+#include "editor/recentProfiles.h"
 #include "platform/childProcess.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
@@ -128,6 +129,24 @@ TEST_F(EditorActions, OpeningAsksThePluginsForTheirVariables) {
     EXPECT_EQ(commands().size(), 4U);
     EXPECT_EQ(editorState.status, "Stopped: 1 more plugins were not asked for their variables.");
     EXPECT_EQ(messages().size(), 1U);
+}
+
+TEST_F(EditorActions, RemembersRecentProfilesAndTakesDroppedOnes) {
+    write("lib.bqs", {"#Brasquelin Library  L"});
+    const auto nothing = [] {};
+    takeDropped({folder() + "/lib.bqs", folder() + "/x.txt"}, nothing);
+    EXPECT_EQ(document.listInclude, Lines{":Include $exepath$/lib.bqs"});
+    answerFile(folder() + "/b.bqp");
+    saveProfileAs();
+    takeDropped({folder() + "/x.txt", profile(), folder() + "/none.bqp"}, nothing);
+    EXPECT_EQ(document.listCommand, Lines{"one"});
+    EXPECT_EQ(recentProfiles(), (Lines{profile(), folder() + "/b.bqp"}));
+    openProfileAt(folder() + "/b.bqp", nothing);
+    openProfileAt(folder() + "/none.bqp", nothing);  // told
+    EXPECT_EQ(recentProfiles(), (Lines{folder() + "/b.bqp", profile()}));
+    for (int i = 0; i < 12; ++i) noteRecentProfile(std::to_string(i));
+    EXPECT_EQ(recentProfiles().size(), 9U);
+    EXPECT_EQ(recentProfiles().front(), "11");
 }
 
 TEST_F(EditorActions, ANewPluginOffersItsVariablesOnDemand) {

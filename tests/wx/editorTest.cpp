@@ -80,7 +80,7 @@ Lines shownIn(const wxListView& list) {
 TEST_F(Editor, TakesTheMainWindowsPlaceAndGivesItBack) {
     wxFrame* frame = &open();
     EXPECT_EQ(nullptr, loadedWindow("frmMain"));
-    EXPECT_EQ((Lines{"New", "Open", "-", "Save", "Save as ...", "-", "Exit"}),
+    EXPECT_EQ((Lines{"New", "Open", "-", "Save", "Save as ...", "-", "Exit", "-", "Open recent"}),
               captionsOf(*frame->GetMenuBar()->GetMenu(0)));
     EXPECT_EQ("newprofile", control<wxTextCtrl>(*frame, "profileName").GetValue());
     EXPECT_EQ(std::nullopt, endOf([&] { chooseFromMenu(*frame, "Exit"); }));

@@ -1,18 +1,13 @@
-#include "app/fileDropTarget.h"
+#include "platform/wx/fileDropTarget.h"
 
 #include <wx/dialog.h>
 
 #include <algorithm>
-#include <string>
-#include <vector>
+#include <utility>
 
-#include "app/openDropped.h"
-#include "app/openFile.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
-
-namespace {
 
 bool dialogIsOpen() {
     return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(), [](wxWindow* window) {
@@ -21,18 +16,12 @@ bool dialogIsOpen() {
     });
 }
 
-}  // namespace
-
-bool dropFiles(wxWindow& window, const std::vector<std::string>& paths) {
-    if (dialogIsOpen() && !runState.running) return false;
-    window.CallAfter([paths] { openDropped(paths); });
-    return true;
-}
+FileDropTarget::FileDropTarget(Take take) : take_(std::move(take)) {}
 
 bool FileDropTarget::OnDropFiles(wxCoord /*x*/, wxCoord /*y*/, const wxArrayString& names) {
     std::vector<std::string> paths;
     for (const auto& name : names) paths.push_back(fromWx(name));
-    return dropFiles(window_, paths);
+    return take_(paths);
 }
 
 }  // namespace brasquelin
