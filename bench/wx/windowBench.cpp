@@ -1,6 +1,7 @@
 // One measurement of the windows per run:
 //   empty            shows an empty window of the toolkit and ends
 //   main DIRECTORY   shows the main window of the program in this directory and ends
+//   edit DIRECTORY   prints what each command of the job list takes with 100,000 lines
 //   jobs DIRECTORY   appends 100,000 lines to the job list, shows them and prints both times
 #include <wx/app.h>
 #include <wx/evtloop.h>
@@ -16,6 +17,7 @@
 #include "app/jobListView.h"
 #include "app/programWindows.h"
 #include "engine/runProfile.h"
+#include "jobCommands.h"
 #include "platform/paths.h"
 #include "platform/wx/application.h"
 #include "text/runTimeError.h"
@@ -79,6 +81,11 @@ void showJobs() {
     done();
 }
 
+void editJobs() {
+    timeJobCommands(dynamic_cast<wxFrame&>(showMainWindow()));
+    done();
+}
+
 }  // namespace
 }  // namespace brasquelin
 
@@ -90,6 +97,7 @@ int main(int argc, char** argv) {
     setProgramDirectory(argv[2]);
     ProgramWindows windows;
     setDesktop(windows);
+    if (mode == "edit") return runApplication(editJobs);
     if (mode == "jobs") return runApplication(showJobs);
     return runApplication([] {
         showMainWindow();

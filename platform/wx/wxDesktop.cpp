@@ -205,8 +205,15 @@ void WxDesktop::copyToClipboard(std::string_view text) {
 
 std::string WxDesktop::clipboardText() {
     const wxClipboardLocker lock;
+    if (!lock) return {};
+#ifdef __WXGTK__
+    // The bytes as they come: there and back through the toolkit's strings takes as long again.
+    if (wxCustomDataObject utf8(wxDF_UNICODETEXT); wxTheClipboard->GetData(utf8)) {
+        return {static_cast<const char*>(utf8.GetData()), utf8.GetSize()};
+    }
+#endif
     wxTextDataObject text;
-    if (!lock || !wxTheClipboard->GetData(text)) return {};
+    if (!wxTheClipboard->GetData(text)) return {};
     return fromWx(text.GetText());
 }
 
