@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,14 +17,26 @@ class AddCommand {
     const std::vector<CallableEntry>& entries() const { return entries_; }
     const std::vector<std::string>& references() const { return references_; }
 
-    /// Asks for the values of the call and appends it to the document. Raises the error of opening an include.
+    /// True for a call that was in the document before.
+    bool edits() const { return !replaced_.empty(); }
+    /// The entry that is chosen first; nothing when there is none.
+    std::optional<std::size_t> firstChoice() const;
+    /// Why there is nothing to be added; empty when there is.
+    std::string note() const;
+
+    /// Asks for the values of the call and appends it to the document, or puts it in place of the one that it was
+    /// before: its values are those to start from then, and Cancel leaves them. Raises the error of opening an include.
     void configure(std::size_t index) const;
 
   private:
-    std::vector<std::string> callLines(const CallableEntry& entry) const;
+    using Lines = std::vector<std::string>;
+
+    Lines callLines(const CallableEntry& entry) const;
+    Lines changedLines(const CallableEntry& entry) const;
 
     std::vector<CallableEntry> entries_;
-    std::vector<std::string> references_;
+    Lines references_;
+    Lines replaced_;  // the call that is edited
 };
 
 }  // namespace brasquelin

@@ -254,19 +254,6 @@ void clearActiveList() {
     change([](ProfileDocument& document) { clearList(document, editorState.activeList); });
 }
 
-void askLoop() {
-    auto& state = editorState;
-    state.lstVar = loopReferences(state.document);
-    const std::string name = desktop().askText("Enter the 'ForToNext' var name :", "Brasquelin", {}).value_or("");
-    if (name.empty()) return;  // no loop would come of it
-    ValueChain chain(4, state.lstVar, 1);
-    const std::string start = chain.ask("Enter the 'ForToNext' var start :");
-    const std::string end = chain.ask("Enter the 'ForToNext' var end :");
-    const std::string step = chain.ask("Enter the 'ForToNext' var step :");
-    if (chain.stopped()) return;
-    append(EditorList::commands, loopLines(name, start, end, step));
-}
-
 void appendNext() {
     append(EditorList::commands, {std::string(nextWord)});
 }

@@ -54,8 +54,6 @@ void editLine(SelectedLine selected);
 void clearActiveList();
 
 // The command list.
-/// Asks for the four values of a loop and appends it.
-void askLoop();
 void appendNext();
 /// Asks for a new text of the selected command line with the references at hand.
 void editCommandLine(SelectedLine selected);

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@ struct EditorState {
     const ProfileDocument& document = edited.document();
     std::string keptFile;                      // keeps what is not saved of it; empty while there is none
     EditorList activeList = EditorList::none;  // last right-clicked or double-clicked
+    std::optional<DocumentPlace> inForm;       // the group that a form is to change; none while it makes a new one
     std::vector<Problem> problems;             // of the document as it was checked last
     std::vector<std::string> lstVar;           // the references that the next value prompt offers
     std::vector<std::string> newPlugins;       // lines that were added; their variables are not known yet

@@ -7,13 +7,16 @@
 #include "platform/wx/buttons.h"
 #include "platform/wx/dropDown.h"
 #include "platform/wx/listBox.h"
+#include "platform/wx/wxText.h"
 
 namespace brasquelin {
 
 FrmAddCommand::FrmAddCommand() : ProgramDialog("frmAddCommand", "Add Command To Project") {
+    if (model_.edits()) SetTitle("Edit Command Of Project");
     auto* all = new wxBoxSizer(wxVERTICAL);
     all->Add(makeNames(), wxSizerFlags().Expand().DoubleBorder(wxALL));
     all->Add(makeReferences(), wxSizerFlags(1).Expand().DoubleBorder(wxLEFT | wxRIGHT));
+    if (!model_.note().empty()) all->Add(makeNote(), wxSizerFlags().Expand().DoubleBorder(wxLEFT | wxTOP | wxRIGHT));
     all->Add(makeButtons(), wxSizerFlags().Expand().DoubleBorder(wxALL));
     SetSizer(all);
     fit(FromDIP(wxSize(480, 380)));
@@ -24,7 +27,7 @@ wxSizer* FrmAddCommand::makeNames() {
     Entries names;
     for (const auto& entry : model_.entries()) names.push_back(entry.name);
     Combo1_ = new DropDown(this, names, "Combo1");
-    if (!names.empty()) Combo1_->SetSelection(0);
+    if (const auto first = model_.firstChoice()) Combo1_->SetSelection(static_cast<int>(*first));
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(new wxStaticText(this, wxID_ANY, "Function names :"), wxSizerFlags().Border(wxBOTTOM));
     column->Add(Combo1_, wxSizerFlags().Expand());
@@ -38,10 +41,16 @@ wxSizer* FrmAddCommand::makeReferences() {
     return box;
 }
 
+wxStaticText* FrmAddCommand::makeNote() {
+    auto* note = new wxStaticText(this, wxID_ANY, toWx(model_.note()), wxDefaultPosition, wxDefaultSize, 0, "note");
+    note->Wrap(FromDIP(450));
+    return note;
+}
+
 wxSizer* FrmAddCommand::makeButtons() {
+    const char* caption = model_.edits() ? "Configure this function" : "Configure this function and add it to project";
     auto* cancel = makeCancelButton(this);
-    auto* Command1 =
-        makeButton(this, "Configure this function and add it to project", "Command1", [this] { configure(); });
+    auto* Command1 = makeButton(this, caption, "Command1", [this] { configure(); });
     Command1->Enable(!model_.entries().empty());
     return makeButtonRow(cancel, Command1);
 }

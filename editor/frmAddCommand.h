@@ -1,10 +1,11 @@
-// Appends a call to the profile.
+// Appends a call to the profile, or changes one.
 #pragma once
 
 #include "editor/addCommand.h"
 #include "platform/wx/programDialog.h"
 
 class wxSizer;
+class wxStaticText;
 
 namespace brasquelin {
 
@@ -18,6 +19,7 @@ class FrmAddCommand : public ProgramDialog {
     wxSizer* makeNames();
     wxSizer* makeReferences();
     wxSizer* makeButtons();
+    wxStaticText* makeNote();
     void configure();
 
     AddCommand model_;

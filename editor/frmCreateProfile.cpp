@@ -14,6 +14,7 @@
 #include "check/keptTables.h"
 #include "editor/editorFind.h"
 #include "editor/editorListView.h"
+#include "editor/formActions.h"
 #include "editor/keptProfiles.h"
 #include "editor/pluginQuery.h"
 #include "editor/problemList.h"
@@ -42,6 +43,8 @@ enum MenuId {
     mnuFor,
     mnuNext,
     mnuPreview,
+    mnuForm,
+    mnuLine,
     mnuFindNext,
     mnuFindBack
 };
@@ -82,6 +85,12 @@ void fillContextMenu(wxMenu& menu, bool hasSelection, bool isCommandList) {
     menu.Append(mnuNext, "... Next");
 }
 
+void appendFormItems(wxMenu& menu, bool isCommandList) {
+    menu.Append(mnuForm, "Edit in f&orm ...\tShift+F2");
+    if (isCommandList) menu.Append(mnuLine, "Command &line ...\tCtrl+L");
+    menu.AppendSeparator();
+}
+
 void appendGroupItems(wxMenu& menu) {
     menu.Append(wxID_CUT, "Cu&t\tCtrl+X");
     menu.Append(wxID_COPY, "&Copy\tCtrl+C");
@@ -95,12 +104,17 @@ wxMenu* makeEditMenu() {
     auto* redo = menu->Append(wxID_REDO, "&Redo\tCtrl+Y");
     redo->AddExtraAccel(wxAcceleratorEntry(wxACCEL_CTRL | wxACCEL_SHIFT, 'Z', wxID_REDO));
     menu->AppendSeparator();
+    appendFormItems(*menu, true);
     appendGroupItems(*menu);
     menu->AppendSeparator();
     menu->Append(wxID_FIND, "&Find\tCtrl+F");
     menu->Append(mnuFindNext, "Find &next\tF3");
-    menu->Append(mnuFindBack, "Find &previous\tShift+F3");
+    menu->Append(mnuFindBack, "Find pre&vious\tShift+F3");
     return menu;
+}
+
+bool hasForm(const EditorListView& list) {
+    return list.which() != EditorList::include && list.selectedCount() > 0;
 }
 
 /// Of the names of the buttons beside a list; the command list had them first.
@@ -267,6 +281,11 @@ bool FrmCreateProfile::takeFiles(const std::vector<std::string>& paths) {
 void FrmCreateProfile::bindEditMenu() {
     onItem(wxID_UNDO, [this] { stepThrough(undoChange); });
     onItem(wxID_REDO, [this] { stepThrough(redoChange); });
+    onItem(mnuForm, [this] { onGroups(listInUse(), editInForm); });
+    onItem(mnuLine,
+           [this] { onLines(*listCommand_, [this] { return addCommandLine(listCommand_->selectedLines()); }); });
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(hasForm(listInUse())); }, mnuForm);
     onItem(wxID_CUT, [this] { onText(&wxTextCtrl::Cut, cutSelected); });
     onItem(wxID_COPY, [this] {
         if (profileName_->HasFocus()) return profileName_->Copy();
@@ -533,6 +552,10 @@ void FrmCreateProfile::showContextMenu(EditorListView& list, wxContextMenuEvent&
     wxMenu mnuRight;
     fillContextMenu(mnuRight, list.selectedLine().has_value(), list.which() == EditorList::commands);
     mnuRight.AppendSeparator();
+    if (list.which() != EditorList::include) {
+        appendFormItems(mnuRight, list.which() == EditorList::commands);
+        mnuRight.Enable(mnuForm, hasForm(list));
+    }
     appendGroupItems(mnuRight);
     popUpMenu(list, mnuRight, place);
 }
@@ -543,6 +566,7 @@ void FrmCreateProfile::handleKey(EditorListView& list, wxKeyEvent& event) {
     const bool moves = event.GetModifiers() == wxMOD_CONTROL || event.GetModifiers() == wxMOD_ALT;
     if (moves && key == WXK_UP) return onGroups(list, moveSelectedUp);
     if (moves && key == WXK_DOWN) return onGroups(list, moveSelectedDown);
+    if (key == WXK_F2 && event.GetModifiers() == wxMOD_SHIFT) return onGroups(list, editInForm);
     if (busy_ || !plain) return event.Skip();
     const EditorList before = std::exchange(editorState.activeList, list.which());
     if (key == WXK_INSERT) return act(addLines);

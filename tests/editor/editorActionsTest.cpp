@@ -5,6 +5,7 @@
 #include "config/configFile.h"
 #include "editor/addCommand.h"
 #include "editor/addVariable.h"
+#include "editor/formActions.h"
 #include "editor/groupActions.h"
 #include "editor/pluginQuery.h"
 #include "editor/recentProfiles.h"

@@ -36,6 +36,7 @@ std::string ScriptedDesktop::askFile(const FileDialogRequest& request) {
 void ScriptedDesktop::showWindow(ProgramWindow window, bool modal) {
     windowCalls.push_back("show " + std::string(nameOf(window)) + (modal ? " modal" : ""));
     if (!modal) visible_.insert(window);
+    if (modal && onWindow) onWindow(window);
 }
 
 void ScriptedDesktop::unloadWindow(ProgramWindow window) {

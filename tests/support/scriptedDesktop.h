@@ -24,12 +24,13 @@ class ScriptedDesktop : public Desktop {
     std::vector<std::string> running;  // what the user was told that is running
     std::vector<FileDialogRequest> dialogs;
     std::string clipboard;
-    bool yes = false;                        // the answer to every Yes/No box
-    bool windows = true;                     // what hasWindows tells
-    std::deque<std::string> texts;           // answers of input boxes; cancelled when there is none left
-    std::deque<std::string> files;           // answers of file dialogs, likewise
-    std::function<void()> onEvents;          // acts while pending events are processed
-    std::shared_ptr<ListProgress> progress;  // while a list is worked off
+    bool yes = false;                             // the answer to every Yes/No box
+    bool windows = true;                          // what hasWindows tells
+    std::deque<std::string> texts;                // answers of input boxes; cancelled when there is none left
+    std::deque<std::string> files;                // answers of file dialogs, likewise
+    std::function<void()> onEvents;               // acts while pending events are processed
+    std::function<void(ProgramWindow)> onWindow;  // acts in place of a modal window
+    std::shared_ptr<ListProgress> progress;       // while a list is worked off
 
     bool hasWindows() const override { return windows; }
     bool askYesNo(std::string_view text, std::string_view title) override;

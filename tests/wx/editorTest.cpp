@@ -248,19 +248,16 @@ TEST_F(Editor, OffersLoopsOnlyForTheCommandList) {
     wxFrame& frame = open();
     Lines captions;
     setMenuPresenter([&](wxWindow&, wxMenu& menu, const wxPoint&) { captions = captionsOf(menu); });
-    const Lines all{"Add", "Edit", "-", "Remove", "Clear"};
-    const Lines beside{"-", "Cut", "Copy", "Paste", "Select all"};
-    const Lines loops{"-", "For ...", "... Next"};
-    const auto joined = [](Lines lines, const Lines& more) {
-        lines.insert(lines.end(), more.begin(), more.end());
-        return lines;
+    const auto shows = [&](const std::string& name, const Lines& more) {
+        rightClick(list(frame, name));
+        Lines expected{"Add", "Edit", "-", "Remove", "Clear"};
+        expected.insert(expected.end(), more.begin(), more.end());
+        EXPECT_EQ(expected, captions);
     };
-    rightClick(list(frame, "listInclude"));
-    EXPECT_EQ(joined(all, beside), captions);
-    rightClick(list(frame, "listVar"));
-    EXPECT_EQ(joined(all, beside), captions);
-    rightClick(list(frame, "listCommand"));
-    EXPECT_EQ(joined(joined(all, loops), beside), captions);
+    shows("listInclude", {"-", "Cut", "Copy", "Paste", "Select all"});
+    shows("listVar", {"-", "Edit in form ...", "-", "Cut", "Copy", "Paste", "Select all"});
+    shows("listCommand", {"-", "For ...", "... Next", "-", "Edit in form ...", "Command line ...", "-", "Cut", "Copy",
+                          "Paste", "Select all"});
 }
 
 TEST_F(Editor, EachListHasItsOwnAddEditAndRemove) {
@@ -413,6 +410,77 @@ TEST_F(Editor, DeclaresAVariable) {
     EXPECT_EQ((Lines{"mode", "    .Type=Comb(fast[-O2])", "    .Info=How fast", "    .Default=1"}),
               shownIn(list(frame, "listVar")));
     EXPECT_EQ(0U, list(frame, "listVar").selectedLine());
+}
+
+TEST_F(Editor, ChangesADeclarationInTheFormThatMakesThem) {
+    wxFrame& frame = openWith({"call"});
+    auto& variables = list(frame, "listVar");
+    next([this](wxDialog& window) {
+        const auto applies = [&](const char* field) { return findControl(window, field)->IsThisEnabled(); };
+        const auto note = [&] { return fromWx(control<wxStaticText>(window, "note").GetLabel()); };
+        EXPECT_EQ("Edit var of project", window.GetTitle());
+        EXPECT_EQ("count", control<wxTextCtrl>(window, "Text1").GetValue());
+        EXPECT_FALSE(applies("Combo2") || applies("Combo4") || applies("Text2"));
+        type(window, "Text1", "");
+        EXPECT_EQ("It has no name: a profile cannot use it.", note());
+        type(window, "Text1", "number");
+        EXPECT_EQ("", note());
+        for (const char* answer : {"one", "two", "three"}) {
+            nextInput(answer);
+            click(window, "Command1");
+        }
+        EXPECT_EQ("List", control<DropDown>(window, "Combo1").GetStringSelection()) << "by its first choice";
+        EXPECT_TRUE(applies("Combo2") && !applies("Combo4") && !applies("Text2"));
+        auto& choices = control<wxListBox>(window, "Combo2");
+        setMenuPresenter([](wxWindow&, wxMenu& menu, const wxPoint&) {
+            wxCommandEvent event(wxEVT_MENU, menu.FindItem("Move down"));
+            menu.ProcessEvent(event);
+        });
+        choose(window, "Combo2", 0);
+        rightClick(choices);
+        EXPECT_EQ("one", choices.GetString(1));
+        choose(window, "Combo2", 2);
+        nextInput("second");
+        brasquelin::pressKey(choices, WXK_F2);
+        choose(window, "Combo2", 0);
+        brasquelin::pressKey(choices, WXK_DELETE);
+        click(window, "Command3");
+    });
+    variables.selectLine(1);
+    choosePopUp(variables, "Edit in form ...");
+    EXPECT_EQ((Lines{"number", "    .Type=List(one||second)", "    .Info=none", "    .Default="}), shownIn(variables));
+    EXPECT_EQ(0U, variables.selectedLine());
+}
+
+TEST_F(Editor, ChangesCallsAndWritesCommandLines) {
+    wxFrame& frame = openWith({"BasicFunction.say=text=a", "Next"});
+    auto& commands = list(frame, "listCommand");
+    next([this](wxDialog& window) {
+        EXPECT_EQ("BasicFunction.say", control<DropDown>(window, "Combo1").GetStringSelection());
+        next([](wxDialog& input) {
+            EXPECT_EQ("text=a", control<wxTextCtrl>(input, "valueBox").GetValue());
+            type(input, "valueBox", "text=b");
+            click(input, "cmdOK");
+        });
+        click(window, "Command1");
+    });
+    commands.selectLine(0);
+    choosePopUp(commands, "Edit in form ...");
+    nextInput("BasicFunction.say=text=c");
+    chooseFromMenu(frame, "Command line ...");
+    EXPECT_EQ((Lines{"BasicFunction.say=text=b", "BasicFunction.say=text=c", "Next"}), shownIn(commands));
+    EXPECT_EQ(1U, commands.selectedLine());
+}
+
+TEST_F(Editor, TellsWhyNothingCanBeCalled) {
+    wxFrame& frame = open();
+    settings.basicFunctionPath.clear();
+    next([](wxDialog& window) {
+        EXPECT_FALSE(control<wxButton>(window, "Command1").IsEnabled());
+        EXPECT_TRUE(control<wxStaticText>(window, "note").GetLabel().StartsWith("Nothing can be called yet"));
+        click(window, "cmdCancel");
+    });
+    activate(list(frame, "listCommand"));
 }
 
 TEST_F(Editor, CallsAnInclude) {
