@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "editor/editedDocument.h"
+#include "editor/keptProfiles.h"
 #include "editor/problems.h"
 
 namespace brasquelin {
@@ -16,6 +17,7 @@ struct EditorState {
     EditedDocument edited;
     const ProfileDocument& document = edited.document();
     std::string keptFile;                      // keeps what is not saved of it; empty while there is none
+    KeptOffer lastOffer;                       // so that a large file is not read with every change
     EditorList activeList = EditorList::none;  // last right-clicked or double-clicked
     std::optional<DocumentPlace> inForm;       // the group that a form is to change; none while it makes a new one
     std::vector<Problem> problems;             // of the document as it was checked last

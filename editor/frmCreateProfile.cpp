@@ -310,6 +310,10 @@ void FrmCreateProfile::bindTimers() {
     tmrEdit_.Bind(wxEVT_TIMER,
                   [this](wxTimerEvent&) { act([this] { editCommandLine(listCommand_->selectedLine()); }); });
     tmrCheck_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { showProblems(); });
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        if (std::exchange(arrowsDue_, false)) updateAllArrows();
+        event.Skip();
+    });
     tmrKeep_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { canKeep_ = tryToKeep(); });
 }
 
@@ -372,13 +376,24 @@ void FrmCreateProfile::orderTabs() {
     }
 }
 
-/// At the first and at the last group.
-void FrmCreateProfile::updateArrows() {
-    for (auto* list : lists()) {
-        const std::string suffix = nameSuffix(list->which());
-        const auto selected = list->selectedLines();
-        FindWindow(toWx("cmdUp" + suffix))->Enable(canMoveUp(list->which(), selected));
-        FindWindow(toWx("cmdDown" + suffix))->Enable(canMoveDown(list->which(), selected));
+/// Grey at the first and at the last group.
+void FrmCreateProfile::updateArrows(const EditorListView& list) {
+    const std::string suffix = nameSuffix(list.which());
+    const auto selected = list.selectedLines();
+    FindWindow(toWx("cmdUp" + suffix))->Enable(canMoveUp(list.which(), selected));
+    FindWindow(toWx("cmdDown" + suffix))->Enable(canMoveDown(list.which(), selected));
+}
+
+void FrmCreateProfile::updateAllArrows() {
+    for (const auto* list : lists()) updateArrows(*list);
+}
+
+/// Each of many lines that are selected at once tells so.
+void FrmCreateProfile::noteSelection(const EditorListView& list) {
+    if (list.selectedCount() > 1) {
+        arrowsDue_ = true;
+    } else {
+        updateArrows(list);
     }
 }
 
@@ -400,7 +415,7 @@ void FrmCreateProfile::bindList(EditorListView& list) {
         event.Skip();
     });
     for (const auto& type : {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED}) {
-        list.Bind(type, [this](wxListEvent&) { updateArrows(); });
+        list.Bind(type, [this, &list](wxListEvent&) { noteSelection(list); });
     }
     const auto which = list.which();
     list.letLinesBeDragged({[&list, which] { return selectedText(which, list.selectedLines()); },
@@ -498,7 +513,7 @@ void FrmCreateProfile::showDocument() {
     const wxString name = toWx(editorState.document.profileName);
     if (profileName_->GetValue() != name) profileName_->ChangeValue(name);
     for (auto* list : lists()) list->showChanges();
-    updateArrows();
+    updateAllArrows();
     SetTitle(toWx(editorTitle()));
     tmrCheck_.StartOnce(checkDelay);
     keepSoon();
@@ -610,7 +625,7 @@ void FrmCreateProfile::onLines(EditorListView& list, const std::function<LineNum
     LineNumbers next = list.selectedLines();
     act([&] { next = action(); });
     list.selectLines(next);
-    updateArrows();
+    updateArrows(list);
 }
 
 void FrmCreateProfile::closing(wxCloseEvent& event) {

@@ -74,7 +74,9 @@ class FrmCreateProfile : public wxFrame {
     void onText(void (wxTextCtrl::*ofText)(), GroupAction action);
     void onLines(EditorListView& list, const std::function<LineNumbers()>& action);
     void orderTabs();
-    void updateArrows();
+    void updateArrows(const EditorListView& list);
+    void updateAllArrows();
+    void noteSelection(const EditorListView& list);
     void closing(wxCloseEvent& event);
 
     EditorListView& activeList() const;
@@ -98,6 +100,7 @@ class FrmCreateProfile : public wxFrame {
     wxTimer tmrCheck_;  // runs once nothing has changed for a moment
     wxTimer tmrKeep_;   // runs while something is to be kept
     bool canKeep_ = true;
+    bool arrowsDue_ = false;
     bool busy_ = false;
     bool lossSeen_ = false;  // the user knows what saving drops
 };

@@ -97,8 +97,11 @@ void leaveKept() {
 
 std::optional<KeptOffer> keptOffer() {
     const auto left = keptFilesBut(keptStart, editorState.keptFile);
-    if (left.empty()) return std::nullopt;
-    return KeptOffer{left.front(), offerText(left.front())};
+    const auto stamp = left.empty() ? std::nullopt : fileStamp(left.front());
+    if (!stamp) return std::nullopt;
+    auto& last = editorState.lastOffer;
+    if (last.file != left.front() || last.stamp != *stamp) last = {left.front(), offerText(left.front()), *stamp};
+    return last;
 }
 
 bool restoreKept(const std::string& file) {

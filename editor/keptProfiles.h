@@ -6,6 +6,7 @@
 #include <string>
 
 #include "editor/profileDocument.h"
+#include "platform/files.h"
 
 namespace brasquelin {
 
@@ -32,7 +33,8 @@ void leaveKept();
 
 struct KeptOffer {
     std::string file;
-    std::string text;  // what the user is told
+    std::string text;      // what the user is told
+    FileStamp stamp = {};  // of the file that it tells of
 };
 /// The newest of them.
 std::optional<KeptOffer> keptOffer();
