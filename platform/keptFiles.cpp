@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/files.h"
+#include "platform/nameClaim.h"
 #include "platform/paths.h"
 
 namespace brasquelin {
@@ -23,7 +24,7 @@ std::string keptPath(std::string_view start, std::size_t number) {
 
 std::string unusedKeptFile(std::string_view start) {
     std::size_t number = 1;
-    while (fileExists(keptPath(start, number))) ++number;
+    while (fileExists(keptPath(start, number)) || !claimName(keptPath(start, number))) ++number;
     return keptPath(start, number);
 }
 
@@ -31,7 +32,7 @@ std::vector<std::string> keptFilesBut(std::string_view start, std::string_view o
     std::vector<std::pair<std::int64_t, std::string>> found;
     for (const auto& name : listFiles(programDirectory())) {
         const std::string path = joinPath(programDirectory(), name);
-        if (!name.starts_with(start) || !name.ends_with(keptEnd) || path == own) continue;
+        if (!name.starts_with(start) || !name.ends_with(keptEnd) || path == own || !claimName(path)) continue;
         if (const auto stamp = fileStamp(path)) found.emplace_back(-stamp->modified, path);
     }
     std::sort(found.begin(), found.end());

@@ -58,6 +58,7 @@ void NoticeLine::hide() {
 void NoticeLine::arrange() {
     Layout();
     GetParent()->Layout();
+    GetParent()->Refresh();  // what has moved leaves traces on Windows
 }
 
 }  // namespace brasquelin

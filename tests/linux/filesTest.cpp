@@ -10,6 +10,7 @@
 
 #include "config/clearDirectory.h"
 #include "platform/appendFile.h"
+#include "platform/keptFiles.h"
 #include "platform/listFile.h"
 #include "platform/paths.h"
 #include "platform/textFiles.h"
@@ -250,6 +251,26 @@ TEST_F(LinuxFiles, NamesKeepTheirBytesAndLinksAreFiles) {
     EXPECT_NO_THROW(changeDirectory(directory));
     EXPECT_TRUE(removeDirectory(directory));
     EXPECT_TRUE(listFiles(directory).empty());
+}
+
+TEST_F(LinuxFiles, WhatAnotherRunningProgramKeepsIsItsOwn) {
+    int told[2];
+    ASSERT_EQ(pipe(told), 0);
+    const pid_t other = fork();
+    if (other == 0) {
+        const std::string file = unusedKeptFile("list");
+        writeFile(file, "kept");
+        _exit(::write(told[1], "x", 1) == 1 && pause() == 0 ? 0 : 1);
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(told[0], &byte, 1), 1);
+    EXPECT_TRUE(keptFilesBut("list", {}).empty());
+    EXPECT_EQ(unusedKeptFile("list"), folder() + "/list-2.kept");
+    kill(other, SIGKILL);
+    waitpid(other, nullptr, 0);
+    EXPECT_EQ(keptFilesBut("list", {}), std::vector<std::string>{folder() + "/list.kept"});
+    close(told[0]);
+    close(told[1]);
 }
 
 }  // namespace
