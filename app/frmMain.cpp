@@ -16,6 +16,7 @@
 #include "app/startUp.h"
 #include "config/configFile.h"
 #include "platform/wx/fileDropTarget.h"
+#include "platform/wx/mnemonics.h"
 #include "platform/wx/noticeLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/popUpMenu.h"
@@ -116,6 +117,7 @@ void FrmMain::completeMenu() {
     commands.AppendSeparator();
     commands.Append(wxID_EXIT, "Exit\tCtrl+Q");
     GetMenuBar()->Append(jobs_->makeMenu(), "&Edit");
+    giveMnemonics(*GetMenuBar());
 }
 
 void FrmMain::makeToolbar() {
@@ -230,6 +232,7 @@ void FrmMain::showMenu(wxContextMenuEvent& event) {
     if (!byKey) JobList_->selectLineAt(place);
     mnuPrincipal.AppendSeparator();
     jobs_->appendCommands(mnuPrincipal);
+    giveMnemonics(mnuPrincipal);
     popUpMenu(*JobList_, mnuPrincipal, place);
 }
 

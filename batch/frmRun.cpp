@@ -25,6 +25,7 @@
 #include "platform/reporting.h"
 #include "platform/wx/buttons.h"
 #include "platform/wx/choiceBox.h"
+#include "platform/wx/colours.h"
 #include "platform/wx/messageLines.h"
 #include "platform/wx/mnemonics.h"
 #include "platform/wx/notice.h"
@@ -89,7 +90,7 @@ FrmRun::FrmRun(std::unique_ptr<RunLink> link, StartRunner startRunner, std::stri
 FrmRun::~FrmRun() = default;
 
 wxSizer* FrmRun::makeMessage(wxWindow* parent) {
-    const bool dark = parent->GetBackgroundColour().GetLuminance() < 0.5;
+    const bool dark = isDark(parent->GetBackgroundColour());
     message_ = new wxPanel(parent);
     message_->SetBackgroundColour(dark ? wxColour(84, 70, 24) : wxColour(255, 244, 206));
     lblMessage_ =
@@ -368,6 +369,7 @@ void FrmRun::showMenu(wxContextMenuEvent& event) {
     menu.Append(copyOutputId, "&Copy output")->Enable(selected);
     menu.AppendSeparator();
     menu.Append(runFromId, "Run a&gain from here")->Enable(selected && session_.commands().runFrom);
+    giveMnemonics(menu);
     popUpMenu(*JobRows_, menu, place);
 }
 

@@ -2,8 +2,11 @@
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
+#include <wx/menu.h>
 #include <wx/radiobut.h>
 #include <wx/toplevel.h>
+
+#include <set>
 
 namespace brasquelin {
 
@@ -52,7 +55,58 @@ void press(wxWindow& control) {
     }
 }
 
+using Letters = std::set<wxUniChar>;
+
+/// Of an entry's caption, in front of its key.
+wxString captionIn(const wxString& label) {
+    return label.BeforeFirst('\t');
+}
+
+void noteLetter(const wxMenuItem& item, Letters& taken) {
+    const wxString caption = captionIn(item.GetItemLabel());
+    const int place = wxControl::FindAccelIndex(caption);
+    if (place == wxNOT_FOUND) return;
+    taken.insert(wxToupper(wxControl::RemoveMnemonics(caption)[static_cast<std::size_t>(place)]));
+}
+
+/// Beginnings of words come before other letters.
+int freeLetterIn(const wxString& caption, const Letters& taken) {
+    for (const bool atWord : {true, false}) {
+        for (std::size_t i = 0; i < caption.size(); ++i) {
+            const bool begins = i == 0 || caption[i - 1] == ' ';
+            if (begins == atWord && wxIsalpha(caption[i]) && !taken.contains(wxToupper(caption[i]))) {
+                return static_cast<int>(i);
+            }
+        }
+    }
+    return wxNOT_FOUND;
+}
+
+void giveLetter(wxMenuItem& item, Letters& taken) {
+    const wxString label = item.GetItemLabel();
+    const wxString caption = captionIn(label);
+    if (item.IsSeparator() || caption.Contains("&")) return;
+    const int place = freeLetterIn(caption, taken);
+    if (place == wxNOT_FOUND) return;
+    taken.insert(wxToupper(caption[static_cast<std::size_t>(place)]));
+    wxString marked = label;
+    item.SetItemLabel(marked.insert(static_cast<std::size_t>(place), "&"));
+}
+
 }  // namespace
+
+void giveMnemonics(wxMenu& menu) {
+    Letters taken;
+    for (const auto* item : menu.GetMenuItems()) noteLetter(*item, taken);
+    for (auto* item : menu.GetMenuItems()) {
+        giveLetter(*item, taken);
+        if (item->GetSubMenu()) giveMnemonics(*item->GetSubMenu());
+    }
+}
+
+void giveMnemonics(wxMenuBar& bar) {
+    for (std::size_t i = 0; i < bar.GetMenuCount(); ++i) giveMnemonics(*bar.GetMenu(i));
+}
 
 void bindMnemonics(wxTopLevelWindow& window) {
     window.Bind(wxEVT_CHAR_HOOK, [&window](wxKeyEvent& event) {
