@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t mostEditedBytes = 64U << 10U;  // a box takes seconds for more
 
 std::optional<Jobs> edit(std::size_t job) {
-    auto line = desktop().askText("Command line of the job:", "Edit job", jobList.line(job));
+    auto line = desktop().askEdit("Command line of the job:", "Edit job", jobList.line(job));
     if (!line) return std::nullopt;
     return changeJob(job, onOneLine(*line));
 }

@@ -67,6 +67,10 @@ class Desktop {
     /// A one-line input box; nothing when it was cancelled.
     virtual std::optional<std::string> askText(std::string_view prompt, std::string_view title,
                                                std::string_view defaultText) = 0;
+    /// The same for a line that is changed rather than replaced: nothing of it is selected.
+    virtual std::optional<std::string> askEdit(std::string_view prompt, std::string_view title, std::string_view line) {
+        return askText(prompt, title, line);
+    }
     /// The chosen file's full name; empty when cancelled.
     virtual std::string askFile(const FileDialogRequest& request) = 0;
     virtual void copyToClipboard(std::string_view text) = 0;

@@ -164,11 +164,27 @@ bool WxDesktop::askYesNo(std::string_view text, std::string_view title) {
 
 std::optional<std::string> WxDesktop::askText(std::string_view prompt, std::string_view title,
                                               std::string_view defaultText) {
+    return askInBox(prompt, title, defaultText, false);
+}
+
+std::optional<std::string> WxDesktop::askEdit(std::string_view prompt, std::string_view title, std::string_view line) {
+    return askInBox(prompt, title, line, true);
+}
+
+std::optional<std::string> WxDesktop::askInBox(std::string_view prompt, std::string_view title,
+                                               std::string_view defaultText, bool edits) {
+    constexpr int width = 500;
     std::string text(defaultText);
     wxTextEntryDialog box(newestWindow(), messageText(prompt), toWx(title), toWx(visibleText(text)));
     for (auto* part : box.GetChildren()) {
-        if (auto* line = dynamic_cast<wxTextCtrl*>(part)) keepExact(*line, text);
+        auto* line = dynamic_cast<wxTextCtrl*>(part);
+        if (!line) continue;
+        keepExact(*line, text);
+        line->SetMinSize(wxSize(line->FromDIP(width), -1));
+        // The focus selects it all.
+        if (edits) line->CallAfter([line] { line->SetInsertionPointEnd(); });
     }
+    box.Fit();
     keepCentred(box);
     if (showModally(box) != wxID_OK) return std::nullopt;
     return text;

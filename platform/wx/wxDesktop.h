@@ -19,6 +19,7 @@ class WxDesktop : public Desktop {
     bool askYesNo(std::string_view text, std::string_view title) override;
     std::optional<std::string> askText(std::string_view prompt, std::string_view title,
                                        std::string_view defaultText) override;
+    std::optional<std::string> askEdit(std::string_view prompt, std::string_view title, std::string_view line) override;
     std::string askFile(const FileDialogRequest& request) override;
     void copyToClipboard(std::string_view text) override;
     std::string clipboardText() override;
@@ -46,6 +47,9 @@ class WxDesktop : public Desktop {
     static void unload(wxTopLevelWindow& window);
 
   private:
+    static std::optional<std::string> askInBox(std::string_view prompt, std::string_view title,
+                                               std::string_view defaultText, bool edits);
+
     wxWeakRef<wxTopLevelWindow> running_;
 };
 
