@@ -5,7 +5,10 @@
 namespace brasquelin {
 
 JobListView::JobListView(wxWindow* parent)
-    : LineList(parent, "JobList", wxBORDER_NONE, parent->GetClientSize(), Selection::several), filter_(jobList) {}
+    : LineList(parent, "JobList", wxBORDER_NONE, parent->GetClientSize(), Selection::several), filter_(jobList) {
+    setHint(
+        "Add a profile (Ctrl+P) or a library (Ctrl+L), or drop files here: their jobs are listed, then executed (F5)");
+}
 
 void JobListView::showChanges() {
     if (shownRevision_ == jobList.revision()) return;

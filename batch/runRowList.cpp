@@ -1,12 +1,11 @@
 #include "batch/runRowList.h"
 
-#include <wx/settings.h>
-
 #include <algorithm>
 #include <utility>
 
 #include "batch/runRows.h"
 #include "batch/runTexts.h"
+#include "platform/wx/colours.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/wxText.h"
 #include "text/visibleText.h"
@@ -19,10 +18,6 @@ enum Column { statusColumn, numberColumn, startColumn, durationColumn, commandCo
 
 std::size_t jobOf(long item) {
     return static_cast<std::size_t>(item) + 1;
-}
-
-bool isDark(const wxColour& colour) {
-    return colour.GetLuminance() < 0.5;
 }
 
 }  // namespace
@@ -192,7 +187,7 @@ wxListItemAttr* RunRowList::OnGetItemAttr(long item) const {
             return &attribute_;
         case JobState::waiting:
         case JobState::leftOut:
-            attribute_.SetTextColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+            attribute_.SetTextColour(dimmedText(*this));
             return &attribute_;
         case JobState::done:
             break;

@@ -244,7 +244,7 @@ void addLines() {
 
 void editLine(SelectedLine selected) {
     if (editorState.activeList == EditorList::none || !isLineOf(activeLines(), selected)) return;
-    const auto answer = desktop().askText(editLabel, "Edit", activeLines()[*selected]);
+    const auto answer = desktop().askEdit(editLabel, "Edit", activeLines()[*selected]);
     if (!answer || answer->empty()) return;
     replaceLine(editorState.activeList, *selected, *answer);
 }

@@ -1,19 +1,29 @@
 #include "editor/editorListView.h"
 
-#include <wx/settings.h>
-
 #include "editor/editorState.h"
 #include "editor/groupActions.h"
 #include "editor/problemList.h"
+#include "platform/wx/colours.h"
 #include "text/fileFormat.h"
 #include "text/text.h"
 #include "text/visibleText.h"
 
 namespace brasquelin {
 
+namespace {
+
+std::string hintOf(EditorList which) {
+    if (which == EditorList::include) return "Double-click to add a library, a profile or a plugin";
+    if (which == EditorList::variables) return "Double-click to declare what the profile asks for";
+    return "Double-click to add what the profile does";
+}
+
+}  // namespace
+
 EditorListView::EditorListView(wxWindow* parent, EditorList which, const char* name)
-    : LineList(parent, name, wxBORDER_THEME, wxDefaultSize, Selection::several), which_(which) {
-    attributeLook_.SetTextColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+    : LineList(parent, name, wxBORDER_NONE, wxDefaultSize, Selection::several), which_(which) {
+    attributeLook_.SetTextColour(dimmedText(*this));
+    setHint(hintOf(which));
     SetMinSize(FromDIP(wxSize(200, 60)));
 }
 

@@ -2,7 +2,6 @@
 
 #include <wx/menu.h>
 #include <wx/panel.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -21,12 +20,16 @@
 #include "editor/recentProfiles.h"
 #include "platform/desktop.h"
 #include "platform/wx/buttons.h"
+#include "platform/wx/colours.h"
 #include "platform/wx/fileDropTarget.h"
+#include "platform/wx/focusFrame.h"
+#include "platform/wx/mnemonics.h"
 #include "platform/wx/noticeLine.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/pictures.h"
 #include "platform/wx/placement.h"
 #include "platform/wx/popUpMenu.h"
+#include "platform/wx/sashes.h"
 #include "platform/wx/wxText.h"
 #include "text/text.h"
 #include "text/visibleText.h"
@@ -136,6 +139,9 @@ FrmCreateProfile::FrmCreateProfile()
       parts_(new wxPanel(this)) {
     enterEditor();
     SetIcons(programIcons());
+    SetMinSize(FromDIP(wxSize(420, 500)));
+    SetSize(FromDIP(wxSize(760, 780)));
+    placeOnScreen(*this);
     makeMenu();
     bindMenus();
     bindTimers();
@@ -143,9 +149,6 @@ FrmCreateProfile::FrmCreateProfile()
     Bind(wxEVT_CLOSE_WINDOW, &FrmCreateProfile::closing, this);
     SetDropTarget(new FileDropTarget([this](const std::vector<std::string>& paths) { return takeFiles(paths); }));
 
-    SetMinSize(FromDIP(wxSize(420, 500)));
-    SetSize(FromDIP(wxSize(760, 780)));
-    placeOnScreen(*this);
     CreateStatusBar(1, wxSTB_DEFAULT_STYLE, wxID_ANY, "statusLine");
     editorState.statusChanged = [this] {
         showStatus();
@@ -163,16 +166,16 @@ void FrmCreateProfile::makeParts() {
     notice_ = new NoticeLine(parts_, "notice");
     all->Add(notice_, wxSizerFlags().Expand());
     all->Add(makeName(), wxSizerFlags().Expand().DoubleBorder(wxALL));
-    const auto below = wxSizerFlags(2).Expand().DoubleBorder(wxLEFT | wxRIGHT | wxBOTTOM);
-    all->Add(makeList(listInclude_, EditorList::include, "listInclude",
-                      "Include (library , profile or plugin) :", "[library] ... [/library]"),
-             below);
-    all->Add(makeList(listVar_, EditorList::variables, "listVar", "Variables :", "[var] ... [/var]"),
-             wxSizerFlags(below).Proportion(3));
-    all->Add(makeList(listCommand_, EditorList::commands, "listCommand",
-                      "Profile (Command to execute) :", "[profile] ... [/profile]"),
-             wxSizerFlags(below).Proportion(4));
-    all->Add(makeProblems(), wxSizerFlags(below).Proportion(2));
+    Sashes sashes(parts_, 4);
+    auto* includes = makeList(sashes.parentFor(0), listInclude_, EditorList::include, "listInclude",
+                              "Include (library , profile or plugin) :", "[library] ... [/library]");
+    auto* variables =
+        makeList(sashes.parentFor(1), listVar_, EditorList::variables, "listVar", "Variables :", "[var] ... [/var]");
+    auto* commands = makeList(sashes.parentFor(2), listCommand_, EditorList::commands, "listCommand",
+                              "Profile (Command to execute) :", "[profile] ... [/profile]");
+    auto* problems = makeProblems(sashes.parentFor(3));
+    sashes.arrange({{includes, 2}, {variables, 3}, {commands, 4}, {problems, 2}});
+    all->Add(sashes.whole(), wxSizerFlags(1).Expand().DoubleBorder(wxLEFT | wxRIGHT));
     find_ = std::make_unique<EditorFind>(parts_, *all,
                                          EditorFind::Lists{.selected = [this] { return selectedPlace(); },
                                                            .select =
@@ -182,7 +185,7 @@ void FrmCreateProfile::makeParts() {
                                                                },
                                                            .focus = [this] { listInUse().SetFocus(); }});
     parts_->SetSizer(all);
-    orderTabs();
+    notice_->MoveAfterInTabOrder(sashes.whole());
 }
 
 void FrmCreateProfile::makeMenu() {
@@ -203,6 +206,7 @@ void FrmCreateProfile::makeMenu() {
     auto* mnuCheck = new wxMenu;
     mnuCheck->Append(mnuPreview, "Preview\tF5");
     bar->Append(mnuCheck, "&Check");
+    giveMnemonics(*bar);
     SetMenuBar(bar);
 }
 
@@ -331,25 +335,29 @@ wxSizer* FrmCreateProfile::makeName() {
     return row;
 }
 
-wxSizer* FrmCreateProfile::makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
-                                    const char* section) {
-    auto* tags = new wxStaticText(parts_, wxID_ANY, section);
-    tags->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+wxPanel* FrmCreateProfile::makeList(wxWindow* parent, EditorListView*& list, EditorList which, const char* name,
+                                    const char* caption, const char* section) {
+    auto* part = new wxPanel(parent);
+    auto* tags = new wxStaticText(part, wxID_ANY, section);
+    tags->SetForegroundColour(dimmedText(*part));
     auto* captions = new wxBoxSizer(wxHORIZONTAL);
-    captions->Add(new wxStaticText(parts_, wxID_ANY, caption), wxSizerFlags(1));
+    captions->Add(new wxStaticText(part, wxID_ANY, caption), wxSizerFlags(1));
     captions->Add(tags);
-    list = new EditorListView(parts_, which, name);
+    auto* frame = new FocusFrame(part);
+    list = new EditorListView(frame, which, name);
+    frame->hold(*list);
     bindList(*list);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(frame, wxSizerFlags(1).Expand());
+    row->Add(makeMoveButtons(part, *list), wxSizerFlags().CenterVertical().Border(wxLEFT));
     auto* column = new wxBoxSizer(wxVERTICAL);
-    column->Add(captions, wxSizerFlags().Expand().Border(wxBOTTOM));
-    column->Add(list, wxSizerFlags(1).Expand());
-    auto* whole = new wxBoxSizer(wxHORIZONTAL);
-    whole->Add(column, wxSizerFlags(1).Expand());
-    whole->Add(makeMoveButtons(*list), wxSizerFlags().CenterVertical().Border(wxLEFT));
-    return whole;
+    column->Add(captions, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM));
+    column->Add(row, wxSizerFlags(1).Expand());
+    part->SetSizer(column);
+    return part;
 }
 
-wxSizer* FrmCreateProfile::makeMoveButtons(EditorListView& list) {
+wxSizer* FrmCreateProfile::makeMoveButtons(wxWindow* parent, EditorListView& list) {
     struct Button {
         const char* name;
         const char* tip;
@@ -361,19 +369,12 @@ wxSizer* FrmCreateProfile::makeMoveButtons(EditorListView& list) {
     for (const auto& [name, tip, look, move] :
          {Button{"cmdUp", "Move up (Ctrl+Up)", Picture::moveUp, moveSelectedUp},
           Button{"cmdDown", "Move down (Ctrl+Down)", Picture::moveDown, moveSelectedDown}}) {
-        auto* button = makePictureButton(parts_, look, 20, (name + suffix).c_str(), tip,
+        auto* button = makePictureButton(parent, look, 20, (name + suffix).c_str(), tip,
                                          [this, &list, step = move] { onGroups(list, step); });
+        button->DisableFocusFromKeyboard();  // the Tab key goes from list to list
         column->Add(button, wxSizerFlags().Border(wxBOTTOM));
     }
     return column;
-}
-
-/// The Tab key goes from list to list; what is new between them comes behind all.
-void FrmCreateProfile::orderTabs() {
-    for (const char* name : {"cmdUpInclude", "cmdDownInclude", "cmdUpVar", "cmdDownVar", "notice"}) {
-        auto* part = FindWindow(name);
-        part->MoveAfterInTabOrder(parts_->GetChildren().GetLast()->GetData());
-    }
 }
 
 /// Grey at the first and at the last group.
@@ -397,13 +398,17 @@ void FrmCreateProfile::noteSelection(const EditorListView& list) {
     }
 }
 
-wxSizer* FrmCreateProfile::makeProblems() {
-    listProblems_ = new ProblemList(parts_);
+wxPanel* FrmCreateProfile::makeProblems(wxWindow* parent) {
+    auto* part = new wxPanel(parent);
+    auto* frame = new FocusFrame(part);
+    listProblems_ = new ProblemList(frame);
+    frame->hold(*listProblems_);
     listProblems_->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { goToProblem(); });
     auto* column = new wxBoxSizer(wxVERTICAL);
-    column->Add(new wxStaticText(parts_, wxID_ANY, "Problems :"), wxSizerFlags().Border(wxBOTTOM));
-    column->Add(listProblems_, wxSizerFlags(1).Expand());
-    return column;
+    column->Add(new wxStaticText(part, wxID_ANY, "Problems :"), wxSizerFlags().Border(wxTOP | wxBOTTOM));
+    column->Add(frame, wxSizerFlags(1).Expand());
+    part->SetSizer(column);
+    return part;
 }
 
 void FrmCreateProfile::bindList(EditorListView& list) {
@@ -572,6 +577,7 @@ void FrmCreateProfile::showContextMenu(EditorListView& list, wxContextMenuEvent&
         mnuRight.Enable(mnuForm, hasForm(list));
     }
     appendGroupItems(mnuRight);
+    giveMnemonics(mnuRight);
     popUpMenu(list, mnuRight, place);
 }
 

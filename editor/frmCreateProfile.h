@@ -40,10 +40,10 @@ class FrmCreateProfile : public wxFrame {
     void bindEditMenu();
     void makeParts();
     wxSizer* makeName();
-    wxSizer* makeList(EditorListView*& list, EditorList which, const char* name, const char* caption,
+    wxPanel* makeList(wxWindow* parent, EditorListView*& list, EditorList which, const char* name, const char* caption,
                       const char* section);
-    wxSizer* makeMoveButtons(EditorListView& list);
-    wxSizer* makeProblems();
+    wxSizer* makeMoveButtons(wxWindow* parent, EditorListView& list);
+    wxPanel* makeProblems(wxWindow* parent);
     void bindTimers();
     void bindList(EditorListView& list);
     void onItem(int id, Action action);
@@ -73,7 +73,6 @@ class FrmCreateProfile : public wxFrame {
     void onGroups(EditorListView& list, GroupAction action);
     void onText(void (wxTextCtrl::*ofText)(), GroupAction action);
     void onLines(EditorListView& list, const std::function<LineNumbers()>& action);
-    void orderTabs();
     void updateArrows(const EditorListView& list);
     void updateAllArrows();
     void noteSelection(const EditorListView& list);

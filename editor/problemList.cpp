@@ -4,6 +4,7 @@
 #include <array>
 
 #include "editor/editorState.h"
+#include "platform/wx/colours.h"
 
 namespace brasquelin {
 
@@ -16,18 +17,15 @@ wxColour colourOf(Severity severity, const wxWindow& window) {
                                                  {wxColour(150, 85, 0), wxColour(255, 190, 90)},
                                                  {wxColour(0, 85, 150), wxColour(130, 190, 255)}}};
     const auto& colour = colours.at(static_cast<std::size_t>(severity));
-    return window.GetBackgroundColour().GetLuminance() < 0.5 ? colour.onDark : colour.onLight;
+    return isDark(window.GetBackgroundColour()) ? colour.onDark : colour.onLight;
 }
 
 wxColour groundOf(Severity severity, const wxWindow& window) {
     constexpr double share = 0.12;
-    const wxColour ground = window.GetBackgroundColour();
-    const wxColour tint = colourOf(severity, window);
-    const auto mix = [share](int from, int to) { return static_cast<unsigned char>(from + (to - from) * share); };
-    return wxColour(mix(ground.Red(), tint.Red()), mix(ground.Green(), tint.Green()), mix(ground.Blue(), tint.Blue()));
+    return mixed(window.GetBackgroundColour(), colourOf(severity, window), share);
 }
 
-ProblemList::ProblemList(wxWindow* parent) : LineList(parent, "listProblems", wxBORDER_THEME) {
+ProblemList::ProblemList(wxWindow* parent) : LineList(parent, "listProblems", wxBORDER_NONE) {
     SetMinSize(FromDIP(wxSize(200, 60)));
 }
 

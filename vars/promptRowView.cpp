@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/wx/buttons.h"
+#include "platform/wx/colours.h"
 #include "platform/wx/dropDown.h"
 #include "platform/wx/messageLines.h"
 #include "platform/wx/oneLine.h"
@@ -22,15 +23,6 @@ namespace {
 
 wxString controlName(const char* name, std::size_t index) {
     return index == 0 ? wxString(name) : wxString::Format("%s(%zu)", name, index);
-}
-
-bool isDark(const wxColour& colour) {
-    return colour.GetLuminance() < 0.5;
-}
-
-wxColour mixed(const wxColour& base, const wxColour& tint, double share) {
-    const auto mix = [share](int from, int to) { return static_cast<unsigned char>(from + (to - from) * share); };
-    return wxColour(mix(base.Red(), tint.Red()), mix(base.Green(), tint.Green()), mix(base.Blue(), tint.Blue()));
 }
 
 /// "archive (PathSave)", then what the declaration tells.

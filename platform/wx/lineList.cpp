@@ -1,6 +1,7 @@
 #include "platform/wx/lineList.h"
 
 #include <wx/dcclient.h>
+#include <wx/settings.h>
 
 #include <algorithm>
 #include <iterator>
@@ -8,6 +9,7 @@
 #include <utility>
 
 #include "platform/desktop.h"
+#include "platform/wx/colours.h"
 #include "platform/wx/wxText.h"
 #include "text/visibleText.h"
 
@@ -64,6 +66,25 @@ LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize
 }
 
 LineList::~LineList() = default;
+
+/// Some desktops draw the lines in a window of their own.
+void LineList::setHint(std::string hint) {
+    hint_ = std::move(hint);
+    wxWindow* const surface = GetChildren().IsEmpty() ? this : GetChildren().GetFirst()->GetData();
+    surface->Bind(wxEVT_PAINT, &LineList::paintHint, this);
+}
+
+void LineList::paintHint(wxPaintEvent& event) {
+    if (GetItemCount() > 0) return event.Skip();
+    wxPaintDC drawing(dynamic_cast<wxWindow*>(event.GetEventObject()));
+    drawing.SetBackground(wxBrush(GetBackgroundColour()));
+    drawing.Clear();
+    drawing.SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
+    drawing.SetTextForeground(dimmedText(*this));
+    const int gap = FromDIP(6);
+    const int room = GetClientSize().x - 2 * gap;
+    drawing.DrawText(wxControl::Ellipsize(toWx(hint_), drawing, wxELLIPSIZE_END, room), gap, gap);
+}
 
 void LineList::showLines() {
     const long count = static_cast<long>(lineCount());

@@ -43,6 +43,9 @@ class LineList : public wxListView {
     void selectLines(const std::vector<std::size_t>& lines);
     void selectAll();
 
+    /// What an empty list says, on one dim line.
+    void setHint(std::string hint);
+
     /// From now on the selected lines can be dragged, and what is dragged there dropped.
     void letLinesBeDragged(DragActions actions);
 
@@ -69,7 +72,9 @@ class LineList : public wxListView {
     void widenColumn();
     bool selectFirstSeen();
     void setAllSelected(bool selected);
+    void paintHint(wxPaintEvent& event);
 
+    std::string hint_;
     int scrolledBy_ = 0;  // pixels to the right, when the rows were drawn
     std::unique_ptr<LineDragging> dragging_;
 };
