@@ -64,7 +64,7 @@ std::vector<std::string> listDirectories(std::string_view directory) {
 
 void changeDirectory(std::string_view path) {
     std::error_code error;
-    std::filesystem::current_path(systemPath(path), error);
+    std::filesystem::current_path(currentDirectoryPath(path), error);
     if (error) throw RunTimeError(ErrorNumber::pathNotFound, std::string(path));
 }
 

@@ -26,6 +26,10 @@ std::vector<DirectoryEntry> entriesIn(std::string_view directory);
 /// The path for std::filesystem: resolved (see paths.h), in the system's own encoding, and a drive alone as its root.
 std::filesystem::path systemPath(std::string_view path);
 
+/// The same for the current directory. Windows: a short form where the path is longer than the directory of a program
+/// that is started may be.
+std::filesystem::path currentDirectoryPath(std::string_view path);
+
 /// The error of a file that holds more than `most` bytes.
 [[noreturn]] void raiseTooLarge(std::string_view path, std::uint64_t most);
 

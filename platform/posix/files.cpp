@@ -69,6 +69,10 @@ std::filesystem::path systemPath(std::string_view path) {
     return resolvePath(path);
 }
 
+std::filesystem::path currentDirectoryPath(std::string_view path) {
+    return systemPath(path);
+}
+
 bool isSameDirectory(std::string_view left, std::string_view right) {
     struct stat one {};
     struct stat other {};

@@ -68,6 +68,13 @@ std::filesystem::path systemPath(std::string_view path) {
     return toWide(withRoot(path));
 }
 
+std::filesystem::path currentDirectoryPath(std::string_view path) {
+    constexpr std::size_t room = 12;  // for a file in it
+    const bool fits = fullPath(toWide(withRoot(path))).size() + room < MAX_PATH;
+    const std::string shortForm = fits ? std::string() : shortPath(path);
+    return shortForm.empty() ? systemPath(path) : std::filesystem::path(toWide(shortForm));
+}
+
 std::string shortPath(std::string_view path) {
     const std::wstring wide = toWide(path);
     std::wstring buffer(1024, L' ');

@@ -95,5 +95,19 @@ TEST_F(WindowsExecutable, EndsItsChildWhenItIsEndedByForce) {
     EXPECT_TRUE(isNoLongerExecuted("sleeper.exe"));
 }
 
+TEST_F(WindowsExecutable, RunsAFileWhosePathIsLongerThan260Characters) {
+    std::string deep;
+    for (int level = 0; level < 3; ++level) deep += std::string(100, 'd') + "\\";
+    std::error_code failed;
+    std::filesystem::create_directories(program.path() / fromUtf8(deep), failed);
+    if (failed) GTEST_SKIP() << "paths of this length cannot be made here";
+    const std::string profile = program.writeProfile(deep + "p.bqp", ":include $scriptpath$\\beside.bqs",
+                                                     "beside\n.text=echo $x$>\"$exepath$\\said.txt\"");
+    const std::string library = program.read("line.bqs");
+    program.write(deep + "beside.bqs", library.substr(0, 21) + "beside" + library.substr(25));
+    EXPECT_EQ(program.run(profile + " 001=well"), 0);
+    EXPECT_EQ(program.read("said.txt"), "well\r\n");
+}
+
 }  // namespace
 }  // namespace brasquelin
