@@ -93,8 +93,7 @@ void askLoop() {
     }
     Lines lines = loopLines(name, values[0], values[1], values[2]);
     if (chain.stopped() || lines.empty()) return;
-    if (group.size() > lines.size())
-        lines.insert(lines.end(), group.begin() + static_cast<std::ptrdiff_t>(lines.size()), group.end());
+    for (std::size_t i = lines.size(); i < group.size(); ++i) lines.push_back(group[i]);
     putFromForm(EditorList::commands, lines);
 }
 

@@ -13,7 +13,9 @@
 #include "check/keptTables.h"
 #include "editor/editorFind.h"
 #include "editor/editorListView.h"
+#include "editor/editorMenus.h"
 #include "editor/formActions.h"
+#include "editor/groupArrows.h"
 #include "editor/keptProfiles.h"
 #include "editor/pluginQuery.h"
 #include "editor/problemList.h"
@@ -37,20 +39,6 @@
 namespace brasquelin {
 
 namespace {
-
-enum MenuId {
-    mnuAdd = wxID_HIGHEST + 1,
-    mnuEdit,
-    mnuRemove,
-    mnuClear,
-    mnuFor,
-    mnuNext,
-    mnuPreview,
-    mnuForm,
-    mnuLine,
-    mnuFindNext,
-    mnuFindBack
-};
 
 constexpr int loopDelay = 50;  // milliseconds, so that the menu has closed
 constexpr int editDelay = 100;
@@ -76,54 +64,8 @@ class AtWork {
     wxTextCtrl& name_;
 };
 
-void fillContextMenu(wxMenu& menu, bool hasSelection, bool isCommandList) {
-    menu.Append(mnuAdd, "Add\tIns");
-    menu.Append(mnuEdit, "Edit\tF2")->Enable(hasSelection);
-    menu.AppendSeparator();
-    menu.Append(mnuRemove, "Remove\tDel")->Enable(hasSelection);
-    menu.Append(mnuClear, "Clear");
-    if (!isCommandList) return;
-    menu.AppendSeparator();
-    menu.Append(mnuFor, "For ...");
-    menu.Append(mnuNext, "... Next");
-}
-
-void appendFormItems(wxMenu& menu, bool isCommandList) {
-    menu.Append(mnuForm, "Edit in f&orm ...\tShift+F2");
-    if (isCommandList) menu.Append(mnuLine, "Command &line ...\tCtrl+L");
-    menu.AppendSeparator();
-}
-
-void appendGroupItems(wxMenu& menu) {
-    menu.Append(wxID_CUT, "Cu&t\tCtrl+X");
-    menu.Append(wxID_COPY, "&Copy\tCtrl+C");
-    menu.Append(wxID_PASTE, "&Paste\tCtrl+V");
-    menu.Append(wxID_SELECTALL, "Select &all\tCtrl+A");
-}
-
-wxMenu* makeEditMenu() {
-    auto* menu = new wxMenu;
-    menu->Append(wxID_UNDO, "&Undo\tCtrl+Z");
-    auto* redo = menu->Append(wxID_REDO, "&Redo\tCtrl+Y");
-    redo->AddExtraAccel(wxAcceleratorEntry(wxACCEL_CTRL | wxACCEL_SHIFT, 'Z', wxID_REDO));
-    menu->AppendSeparator();
-    appendFormItems(*menu, true);
-    appendGroupItems(*menu);
-    menu->AppendSeparator();
-    menu->Append(wxID_FIND, "&Find\tCtrl+F");
-    menu->Append(mnuFindNext, "Find &next\tF3");
-    menu->Append(mnuFindBack, "Find pre&vious\tShift+F3");
-    return menu;
-}
-
 bool hasForm(const EditorListView& list) {
     return list.which() != EditorList::include && list.selectedCount() > 0;
-}
-
-/// Of the names of the buttons beside a list; the command list had them first.
-std::string nameSuffix(EditorList which) {
-    if (which == EditorList::include) return "Include";
-    return which == EditorList::variables ? "Var" : "";
 }
 
 void showPreview() {
@@ -142,7 +84,7 @@ FrmCreateProfile::FrmCreateProfile()
     SetMinSize(FromDIP(wxSize(420, 500)));
     SetSize(FromDIP(wxSize(760, 780)));
     placeOnScreen(*this);
-    makeMenu();
+    SetMenuBar(makeEditorMenus(mnuRecent_));
     bindMenus();
     bindTimers();
     makeParts();
@@ -186,28 +128,6 @@ void FrmCreateProfile::makeParts() {
                                                            .focus = [this] { listInUse().SetFocus(); }});
     parts_->SetSizer(all);
     notice_->MoveAfterInTabOrder(sashes.whole());
-}
-
-void FrmCreateProfile::makeMenu() {
-    auto* mnuProfile = new wxMenu;
-    mnuProfile->Append(wxID_NEW, "New\tCtrl+N");
-    mnuProfile->Append(wxID_OPEN, "Open\tCtrl+O");
-    mnuProfile->AppendSeparator();
-    mnuProfile->Append(wxID_SAVE, "Save\tCtrl+S");
-    mnuProfile->Append(wxID_SAVEAS, "Save as ...\tCtrl+Shift+S");
-    mnuProfile->AppendSeparator();
-    mnuProfile->Append(wxID_EXIT, "Exit\tCtrl+Q");
-    mnuProfile->AppendSeparator();
-    mnuRecent_ = new wxMenu;
-    mnuProfile->AppendSubMenu(mnuRecent_, "Open recent");
-    auto* bar = new wxMenuBar;
-    bar->Append(mnuProfile, "&Profile");
-    bar->Append(makeEditMenu(), "&Edit");
-    auto* mnuCheck = new wxMenu;
-    mnuCheck->Append(mnuPreview, "Preview\tF5");
-    bar->Append(mnuCheck, "&Check");
-    giveMnemonics(*bar);
-    SetMenuBar(bar);
 }
 
 void FrmCreateProfile::onItem(int id, Action action) {
@@ -314,10 +234,6 @@ void FrmCreateProfile::bindTimers() {
     tmrEdit_.Bind(wxEVT_TIMER,
                   [this](wxTimerEvent&) { act([this] { editCommandLine(listCommand_->selectedLine()); }); });
     tmrCheck_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { showProblems(); });
-    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-        if (std::exchange(arrowsDue_, false)) updateAllArrows();
-        event.Skip();
-    });
     tmrKeep_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { canKeep_ = tryToKeep(); });
 }
 
@@ -349,7 +265,10 @@ wxPanel* FrmCreateProfile::makeList(wxWindow* parent, EditorListView*& list, Edi
     bindList(*list);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(frame, wxSizerFlags(1).Expand());
-    row->Add(makeMoveButtons(part, *list), wxSizerFlags().CenterVertical().Border(wxLEFT));
+    auto& itsList = *list;
+    arrows_.push_back(std::make_unique<GroupArrows>(
+        part, itsList, [this, &itsList](GroupAction action) { onGroups(itsList, action); }));
+    row->Add(arrows_.back()->column(), wxSizerFlags().CenterVertical().Border(wxLEFT));
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(captions, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM));
     column->Add(row, wxSizerFlags(1).Expand());
@@ -357,45 +276,8 @@ wxPanel* FrmCreateProfile::makeList(wxWindow* parent, EditorListView*& list, Edi
     return part;
 }
 
-wxSizer* FrmCreateProfile::makeMoveButtons(wxWindow* parent, EditorListView& list) {
-    struct Button {
-        const char* name;
-        const char* tip;
-        Picture look;
-        GroupAction move;
-    };
-    const std::string suffix = nameSuffix(list.which());
-    auto* column = new wxBoxSizer(wxVERTICAL);
-    for (const auto& [name, tip, look, move] :
-         {Button{"cmdUp", "Move up (Ctrl+Up)", Picture::moveUp, moveSelectedUp},
-          Button{"cmdDown", "Move down (Ctrl+Down)", Picture::moveDown, moveSelectedDown}}) {
-        auto* button = makePictureButton(parent, look, 20, (name + suffix).c_str(), tip,
-                                         [this, &list, step = move] { onGroups(list, step); });
-        button->DisableFocusFromKeyboard();  // the Tab key goes from list to list
-        column->Add(button, wxSizerFlags().Border(wxBOTTOM));
-    }
-    return column;
-}
-
-/// Grey at the first and at the last group.
-void FrmCreateProfile::updateArrows(const EditorListView& list) {
-    const std::string suffix = nameSuffix(list.which());
-    const auto selected = list.selectedLines();
-    FindWindow(toWx("cmdUp" + suffix))->Enable(canMoveUp(list.which(), selected));
-    FindWindow(toWx("cmdDown" + suffix))->Enable(canMoveDown(list.which(), selected));
-}
-
-void FrmCreateProfile::updateAllArrows() {
-    for (const auto* list : lists()) updateArrows(*list);
-}
-
-/// Each of many lines that are selected at once tells so.
-void FrmCreateProfile::noteSelection(const EditorListView& list) {
-    if (list.selectedCount() > 1) {
-        arrowsDue_ = true;
-    } else {
-        updateArrows(list);
-    }
+void FrmCreateProfile::updateArrows() {
+    for (const auto& arrows : arrows_) arrows->update();
 }
 
 wxPanel* FrmCreateProfile::makeProblems(wxWindow* parent) {
@@ -419,9 +301,6 @@ void FrmCreateProfile::bindList(EditorListView& list) {
         listInUse_ = &list;
         event.Skip();
     });
-    for (const auto& type : {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED}) {
-        list.Bind(type, [this, &list](wxListEvent&) { noteSelection(list); });
-    }
     const auto which = list.which();
     list.letLinesBeDragged({[&list, which] { return selectedText(which, list.selectedLines()); },
                             [this, &list, which](std::size_t before) {
@@ -518,7 +397,7 @@ void FrmCreateProfile::showDocument() {
     const wxString name = toWx(editorState.document.profileName);
     if (profileName_->GetValue() != name) profileName_->ChangeValue(name);
     for (auto* list : lists()) list->showChanges();
-    updateAllArrows();
+    updateArrows();
     SetTitle(toWx(editorTitle()));
     tmrCheck_.StartOnce(checkDelay);
     keepSoon();
@@ -570,14 +449,7 @@ void FrmCreateProfile::showContextMenu(EditorListView& list, wxContextMenuEvent&
     editorState.activeList = list.which();
     listInUse_ = &list;
     wxMenu mnuRight;
-    fillContextMenu(mnuRight, list.selectedLine().has_value(), list.which() == EditorList::commands);
-    mnuRight.AppendSeparator();
-    if (list.which() != EditorList::include) {
-        appendFormItems(mnuRight, list.which() == EditorList::commands);
-        mnuRight.Enable(mnuForm, hasForm(list));
-    }
-    appendGroupItems(mnuRight);
-    giveMnemonics(mnuRight);
+    fillListMenu(mnuRight, list.which(), list.selectedLine().has_value());
     popUpMenu(list, mnuRight, place);
 }
 
@@ -631,7 +503,7 @@ void FrmCreateProfile::onLines(EditorListView& list, const std::function<LineNum
     LineNumbers next = list.selectedLines();
     act([&] { next = action(); });
     list.selectLines(next);
-    updateArrows(list);
+    updateArrows();
 }
 
 void FrmCreateProfile::closing(wxCloseEvent& event) {

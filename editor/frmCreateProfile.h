@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "editor/editorActions.h"
 #include "editor/groupActions.h"
@@ -19,6 +20,7 @@ namespace brasquelin {
 
 class EditorFind;
 class EditorListView;
+class GroupArrows;
 struct KeptOffer;
 class NoticeLine;
 class ProblemList;
@@ -31,7 +33,6 @@ class FrmCreateProfile : public wxFrame {
   private:
     using Action = std::function<void()>;
 
-    void makeMenu();
     void bindMenus();
     void open(const std::function<void(const Action& opened)>& step);
     void bindRecent();
@@ -42,7 +43,6 @@ class FrmCreateProfile : public wxFrame {
     wxSizer* makeName();
     wxPanel* makeList(wxWindow* parent, EditorListView*& list, EditorList which, const char* name, const char* caption,
                       const char* section);
-    wxSizer* makeMoveButtons(wxWindow* parent, EditorListView& list);
     wxPanel* makeProblems(wxWindow* parent);
     void bindTimers();
     void bindList(EditorListView& list);
@@ -69,13 +69,10 @@ class FrmCreateProfile : public wxFrame {
     void edit();
     using Step = DocumentPlace (*)();
     void stepThrough(Step step);
-    using GroupAction = LineNumbers (*)(EditorList which, const LineNumbers& selected);
     void onGroups(EditorListView& list, GroupAction action);
     void onText(void (wxTextCtrl::*ofText)(), GroupAction action);
     void onLines(EditorListView& list, const std::function<LineNumbers()>& action);
-    void updateArrows(const EditorListView& list);
-    void updateAllArrows();
-    void noteSelection(const EditorListView& list);
+    void updateArrows();
     void closing(wxCloseEvent& event);
 
     EditorListView& activeList() const;
@@ -91,6 +88,7 @@ class FrmCreateProfile : public wxFrame {
     EditorListView* listVar_ = nullptr;
     EditorListView* listCommand_ = nullptr;
     EditorListView* listInUse_ = nullptr;  // had the keys last
+    std::vector<std::unique_ptr<GroupArrows>> arrows_;
     std::unique_ptr<EditorFind> find_;
     ProblemList* listProblems_ = nullptr;
     NoticeLine* notice_ = nullptr;
@@ -99,7 +97,6 @@ class FrmCreateProfile : public wxFrame {
     wxTimer tmrCheck_;  // runs once nothing has changed for a moment
     wxTimer tmrKeep_;   // runs while something is to be kept
     bool canKeep_ = true;
-    bool arrowsDue_ = false;
     bool busy_ = false;
     bool lossSeen_ = false;  // the user knows what saving drops
 };

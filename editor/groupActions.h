@@ -9,6 +9,8 @@
 
 namespace brasquelin {
 
+using GroupAction = LineNumbers (*)(EditorList which, const LineNumbers& selected);
+
 /// Groups go with their first line; an attribute line alone stays.
 LineNumbers removeSelected(EditorList which, const LineNumbers& selected);
 

@@ -37,6 +37,7 @@ std::vector<std::string> keptFilesBut(std::string_view start, std::string_view o
     }
     std::sort(found.begin(), found.end());
     std::vector<std::string> paths;
+    paths.reserve(found.size());
     for (auto& [age, path] : found) paths.push_back(std::move(path));
     return paths;
 }
