@@ -3,9 +3,13 @@
 #include <wx/accel.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
-#include <wx/statusbr.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/toolbar.h>
+
+#include <array>
+#include <string>
+#include <utility>
 
 #include "app/dropFiles.h"
 #include "app/jobList.h"
@@ -141,25 +145,33 @@ void FrmMain::makeLine() {
     txtLine_->SetFont(JobList_->GetFont());
     txtLine_->SetMargins(FromDIP(2));
     txtLine_->SetMinSize(wxSize(-1, rows * txtLine_->GetCharHeight() + FromDIP(12)));
-    GetSizer()->Add(txtLine_, wxSizerFlags().Expand());
+    GetSizer()->Insert(GetSizer()->GetItemCount() - 1, txtLine_, wxSizerFlags().Expand());
     Layout();
 }
 
+/// No status bar of the toolkit: each text that it gets redraws the whole window at once, also while a menu's choice is
+/// worked off, and a right click counts twice then.
 void FrmMain::makeStatus() {
-    const int widths[]{30 * GetCharWidth(), 20 * GetCharWidth(), -1};
-    auto* bar = CreateStatusBar(3, wxSTB_DEFAULT_STYLE, wxID_ANY, "statusLine");
-    bar->SetStatusWidths(3, widths);
-    SetStatusBarPane(-1);  // not for what menus tell
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    constexpr std::array<std::pair<const char*, int>, 3> fields{
+        {{"lblJobs", 28}, {"lblSelected", 20}, {"lblActivity", 20}}};  // the width in characters
+    for (const auto& [name, width] : fields) {
+        auto* label = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                       wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, name);
+        label->SetMinSize(wxSize(width * GetCharWidth(), -1));
+        row->Add(label, wxSizerFlags().Border());
+        status_.push_back(label);
+    }
+    row->GetItem(status_.back())->SetProportion(1);
+    GetSizer()->Add(row, wxSizerFlags().Expand());
     showStatus();
 }
 
 void FrmMain::showStatus() {
-    const std::string texts[]{jobCountText(jobList.size(), JobList_->filter().rowCount()),
-                              selectedText(JobList_->selectedCount()), activityText()};
-    int field = 0;
-    for (const auto& text : texts) {
-        if (GetStatusBar()->GetStatusText(field) != toWx(text)) SetStatusText(toWx(text), field);
-        ++field;
+    const std::array<std::string, 3> texts{jobCountText(jobList.size(), JobList_->filter().rowCount()),
+                                           selectedText(JobList_->selectedCount()), activityText()};
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (const wxString text = toWx(texts[i]); status_[i]->GetLabelText() != text) status_[i]->SetLabelText(text);
     }
 }
 

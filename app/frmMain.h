@@ -8,9 +8,11 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/mainCommands.h"
 
+class wxStaticText;
 class wxTextCtrl;
 
 namespace brasquelin {
@@ -48,6 +50,7 @@ class FrmMain : public wxFrame {
     wxTextCtrl* txtLine_ = nullptr;  // the selected line as a whole
     std::optional<std::size_t> shownLine_;
     std::uint64_t shownRevision_ = 0;
+    std::vector<wxStaticText*> status_;
     NoticeLine* noticeLine_ = nullptr;  // not before there is something to be told
     bool hasOffered_ = false;
     wxTimer keepTimer_;

@@ -2,7 +2,7 @@
 #include <wx/frame.h>
 #include <wx/gdicmn.h>
 #include <wx/hyperlink.h>
-#include <wx/statusbr.h>
+#include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
@@ -224,7 +224,9 @@ TEST_F(MainWindow, TheStatusLineTellsHowManyJobsThereAreAndWhatIsRun) {
     const auto told = [&] {
         pump();
         Lines texts;
-        for (int field = 0; field < 3; ++field) texts.push_back(fromWx(frame.GetStatusBar()->GetStatusText(field)));
+        for (const char* name : {"lblJobs", "lblSelected", "lblActivity"}) {
+            texts.push_back(fromWx(control<wxStaticText>(frame, name).GetLabelText()));
+        }
         return texts;
     };
     EXPECT_EQ((Lines{"No jobs", "", ""}), told());
