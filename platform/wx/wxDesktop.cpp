@@ -87,14 +87,13 @@ class Note : public wxFileDialogCustomizeHook {
     wxString text_;
 };
 
-/// The pairs of the filter, for the toolkit.
-wxString patternsOf(std::string_view filter) {
-    const std::string pairs = fileFilter(filter, fromWx(wxFileSelectorDefaultWildcardStr));
+/// The pairs of the filter, for the toolkit, which proposes a pattern's end for a name that is to be saved.
+wxString patternsOf(const FileDialogRequest& request) {
+    const std::string pairs = fileFilter(request.filter, fromWx(wxFileSelectorDefaultWildcardStr));
 #ifdef __WXGTK__
-    return toWx(inEitherCase(pairs));
-#else
-    return toWx(pairs);
+    if (request.mode == FileDialogMode::open) return toWx(inEitherCase(pairs));
 #endif
+    return toWx(pairs);
 }
 
 /// The directory itself or the nearest one above it that exists.
@@ -205,7 +204,7 @@ std::string WxDesktop::askFile(const FileDialogRequest& request) {
 WxDesktop::ChosenFile WxDesktop::chooseFile(const FileDialogRequest& request) {
     const std::string start = resolvePath(request.startName);
     wxFileDialog dialog(newestWindow(), toWx(request.title), toWx(existingDirectory(dirOf(start))),
-                        toWx(fileNameOf(start)), patternsOf(request.filter), fileDialogStyle(request.mode));
+                        toWx(fileNameOf(start)), patternsOf(request), fileDialogStyle(request.mode));
     Note note(request.note);
     if (!request.note.empty()) dialog.SetCustomizeHook(note);
     if (showModally(dialog) != wxID_OK) return {};
