@@ -118,14 +118,11 @@ void FrmCreateProfile::makeParts() {
     auto* problems = makeProblems(sashes.parentFor(3));
     sashes.arrange({{includes, 2}, {variables, 3}, {commands, 4}, {problems, 2}});
     all->Add(sashes.whole(), wxSizerFlags(1).Expand().DoubleBorder(wxLEFT | wxRIGHT));
-    find_ = std::make_unique<EditorFind>(parts_, *all,
-                                         EditorFind::Lists{.selected = [this] { return selectedPlace(); },
-                                                           .select =
-                                                               [this](DocumentPlace place) {
-                                                                   listInUse_ = viewOf(place.list);
-                                                                   listInUse_->selectLine(place.line);
-                                                               },
-                                                           .focus = [this] { listInUse().SetFocus(); }});
+    find_ =
+        std::make_unique<EditorFind>(parts_, *all,
+                                     EditorFind::Lists{.selected = [this] { return selectedPlace(); },
+                                                       .select = [this](DocumentPlace place) { selectAlone(place); },
+                                                       .focus = [this] { listInUse().SetFocus(); }});
     parts_->SetSizer(all);
     notice_->MoveAfterInTabOrder(sashes.whole());
 }
@@ -423,6 +420,12 @@ void FrmCreateProfile::goTo(DocumentPlace place) {
     const auto& lines = editorState.document.list(place.list);
     if (!list || lines.empty()) return;
     list->selectLine(groupStart(lines, place.list, std::min(place.line, lines.size() - 1)));
+}
+
+void FrmCreateProfile::selectAlone(DocumentPlace place) {
+    for (auto* list : lists()) list->selectLine({});
+    listInUse_ = viewOf(place.list);
+    listInUse_->selectLine(place.line);
 }
 
 DocumentPlace FrmCreateProfile::selectedPlace() const {

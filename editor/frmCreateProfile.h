@@ -79,6 +79,7 @@ class FrmCreateProfile : public wxFrame {
     EditorListView& listInUse() const { return *(listInUse_ ? listInUse_ : listCommand_); }
     EditorListView* viewOf(EditorList which) const;
     DocumentPlace selectedPlace() const;
+    void selectAlone(DocumentPlace place);
     std::array<EditorListView*, 3> lists() const { return {listInclude_, listVar_, listCommand_}; }
 
     wxPanel* parts_;  // the Tab key needs it
