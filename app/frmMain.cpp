@@ -2,6 +2,7 @@
 
 #include <wx/accel.h>
 #include <wx/menu.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -152,18 +153,20 @@ void FrmMain::makeLine() {
 /// No status bar of the toolkit: each text that it gets redraws the whole window at once, also while a menu's choice is
 /// worked off, and a right click counts twice then.
 void FrmMain::makeStatus() {
+    auto* line = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, "statusLine");
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     constexpr std::array<std::pair<const char*, int>, 3> fields{
         {{"lblJobs", 28}, {"lblSelected", 20}, {"lblActivity", 20}}};  // the width in characters
     for (const auto& [name, width] : fields) {
-        auto* label = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+        auto* label = new wxStaticText(line, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                        wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, name);
         label->SetMinSize(wxSize(width * GetCharWidth(), -1));
         row->Add(label, wxSizerFlags().Border());
         status_.push_back(label);
     }
     row->GetItem(status_.back())->SetProportion(1);
-    GetSizer()->Add(row, wxSizerFlags().Expand());
+    line->SetSizer(row);
+    GetSizer()->Add(line, wxSizerFlags().Expand());
     showStatus();
 }
 

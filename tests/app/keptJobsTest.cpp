@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
+#include "text/substitution.h"
 
 namespace brasquelin {
 namespace {
@@ -54,7 +55,7 @@ TEST_F(KeptJobsTest, ListsThatAreNotRestoredWaitEachInAFileOfItsOwn) {
     EXPECT_EQ("1 job was kept from a list that you worked on.", offerAfterRestart());
     insertJobs(0, {"two", "three"}, "Paste");
     keepJobs();
-    EXPECT_EQ("joblist.kept", keptJobsOffer()->file.substr(folder().size() + 1));
+    EXPECT_EQ("joblist.kept", fileNameOf(keptJobsOffer()->file));
     const std::string own = keptJobs.file;
     deleteFile(own);  // as another start may, that was offered it
     EXPECT_EQ(twoWere, offerAfterRestart());
