@@ -96,9 +96,10 @@ Jobs moveJobsDown(const Jobs& selected) {
     Lines old = linesBetween(begin, selected.back() + 2);
     Lines lines = old;
     Jobs after;
-    for (auto job = selected.rbegin(); job != selected.rend(); ++job) {
-        std::swap(lines[*job - begin], lines[*job - begin + 1]);
-        after.push_back(*job + 1);
+    for (std::size_t i = selected.size(); i-- > 0;) {
+        const std::size_t below = selected[i] - begin;
+        std::swap(lines[below], lines[below + 1]);
+        after.push_back(selected[i] + 1);
     }
     std::reverse(after.begin(), after.end());
     return reorder(begin, std::move(old), std::move(lines), selected, std::move(after), "Move down");

@@ -177,10 +177,8 @@ void openProfile(const std::function<void()>& opened) {
 
 void openProfileAt(const std::string& path, const std::function<void()>& opened) {
     tryToKeep();
-    if (!reporting(path, [&] {
-            editorState.edited.replace([&](ProfileDocument& document) { openDocument(document, path); });
-        }))
-        return;
+    const auto read = [&](ProfileDocument& document) { openDocument(document, path); };
+    if (!reporting(path, [&] { editorState.edited.replace(read); })) return;
     leaveKept();
     noteRecentProfile(path);
     opened();
@@ -216,9 +214,9 @@ std::string lossNote() {
 
 void showLoss() {
     const auto lost = linesToBeLost();
-    if (!lost.empty())
-        desktop().showMessage("In '" + settings.profilePath + "', in no section:\r\n\r\n" + listOf(lost), "Brasquelin",
-                              Icon::information);
+    if (lost.empty()) return;
+    desktop().showMessage("In '" + settings.profilePath + "', in no section:\r\n\r\n" + listOf(lost), "Brasquelin",
+                          Icon::information);
 }
 
 void saveProfileAs() {

@@ -75,9 +75,9 @@ void queryPlugins() {
 std::string newPluginsNote() {
     const Plugins plugins = newPlugins();
     if (plugins.empty()) return {};
-    if (plugins.size() > 1)
-        return "The variables of " + std::to_string(plugins.size()) + " new plugins are not known yet.";
-    return "The variables of '" + fileNameOf(plugins.front().path) + "' are not known yet.";
+    const std::string which = plugins.size() == 1 ? "'" + fileNameOf(plugins.front().path) + "'"
+                                                  : std::to_string(plugins.size()) + " new plugins";
+    return "The variables of " + which + " are not known yet.";
 }
 
 void queryNewPlugins() {

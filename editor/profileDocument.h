@@ -70,7 +70,7 @@ std::vector<FileLine> linesLostBySaving(const std::string& path);
 struct DocumentPlace {
     EditorList list = EditorList::none;
     std::size_t line = 0;
-    auto operator<=>(const DocumentPlace&) const = default;
+    auto operator<=>(const DocumentPlace&) const = default;  // NOLINT(modernize-use-nullptr): the check's own mistake
 };
 /// The lines of the file, and where the lists stand in them.
 class DocumentLayout {
