@@ -209,12 +209,13 @@ void FrmCreateProfile::bindEditMenu() {
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(hasForm(listInUse())); }, mnuForm);
     onItem(wxID_CUT, [this] { onText(&wxTextCtrl::Cut, cutSelected); });
     onItem(wxID_COPY, [this] {
-        if (profileName_->HasFocus()) return profileName_->Copy();
-        copySelected(listInUse().which(), listInUse().selectedLines());
+        if (auto* text = textInUse()) return text->Copy();
+        LineList& list = listProblems_->HasFocus() ? static_cast<LineList&>(*listProblems_) : listInUse();
+        list.copySelected();
     });
     onItem(wxID_PASTE, [this] { onText(&wxTextCtrl::Paste, pasteBehind); });
     onItem(wxID_SELECTALL, [this] {
-        if (profileName_->HasFocus()) return profileName_->SelectAll();
+        if (auto* text = textInUse()) return text->SelectAll();
         listInUse().selectAll();
     });
     onItem(wxID_FIND, [this] { find_->open(); });
@@ -496,8 +497,13 @@ void FrmCreateProfile::onGroups(EditorListView& list, GroupAction action) {
     onLines(list, [&] { return action(list.which(), list.selectedLines()); });
 }
 
+/// The box that has the keys, if one has.
+wxTextCtrl* FrmCreateProfile::textInUse() {
+    return dynamic_cast<wxTextCtrl*>(FindFocus());
+}
+
 void FrmCreateProfile::onText(void (wxTextCtrl::*ofText)(), GroupAction action) {
-    if (profileName_->HasFocus()) return (profileName_->*ofText)();
+    if (auto* text = textInUse()) return (text->*ofText)();
     onGroups(listInUse(), action);
 }
 

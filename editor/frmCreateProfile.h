@@ -70,6 +70,7 @@ class FrmCreateProfile : public wxFrame {
     using Step = DocumentPlace (*)();
     void stepThrough(Step step);
     void onGroups(EditorListView& list, GroupAction action);
+    static wxTextCtrl* textInUse();
     void onText(void (wxTextCtrl::*ofText)(), GroupAction action);
     void onLines(EditorListView& list, const std::function<LineNumbers()>& action);
     void updateArrows();

@@ -42,6 +42,8 @@ class LineList : public wxListView {
     /// that would be too slow, with many thousands of lines here and there, only the first is selected.
     void selectLines(const std::vector<std::size_t>& lines);
     void selectAll();
+    /// What Ctrl+C does: the selected lines, each on its own.
+    virtual void copySelected();
 
     /// What an empty list says, on one dim line.
     void setHint(std::string hint);
@@ -60,9 +62,6 @@ class LineList : public wxListView {
 
     /// What the row shows where there is room for it.
     virtual wxString wholeText(std::size_t index) const;
-
-    /// What Ctrl+C does: the selected lines, each on its own.
-    virtual void copySelected();
 
   private:
     wxString OnGetItemText(long item, long column) const final;

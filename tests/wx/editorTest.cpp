@@ -336,6 +336,12 @@ TEST_F(Editor, GroupsAreCutCopiedPastedAndDropped) {
     pump();
     chooseFromMenu(frame, "Cut");
     EXPECT_EQ("", name.GetValue()) << "where the keys go";
+    chooseFromMenu(frame, "Find");
+    windows.copyToClipboard("next");
+    chooseFromMenu(frame, "Paste");
+    EXPECT_EQ("next", control<wxTextCtrl>(frame, "txtFind").GetValue());
+    EXPECT_EQ((std::vector<std::size_t>{0}), commands.selectedLines());
+    EXPECT_EQ(8, commands.GetItemCount());
 }
 
 TEST_F(Editor, TheLoopDialogComesBehindTheMenu) {
