@@ -136,10 +136,9 @@ std::string aboutChoices(const VariableDeclaration& variable) {
 }
 
 std::string aboutVariable(const VariableDeclaration& variable) {
-    const std::string_view spec = variable.typeSpec;
     std::string text = variable.info.empty() || variable.info == "none" ? std::string() : variable.info + '\n';
-    text.append("Type: ").append(spec.substr(0, spec.find('(')));
-    return isChoice(kindOf(spec)) ? text + aboutChoices(variable) : text;
+    text.append("Type: ").append(typeWord(variable.typeSpec));
+    return isChoice(kindOf(variable.typeSpec)) ? text + aboutChoices(variable) : text;
 }
 
 }  // namespace

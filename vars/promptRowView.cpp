@@ -16,6 +16,7 @@
 #include "platform/wx/twipScale.h"
 #include "platform/wx/wxText.h"
 #include "text/visibleText.h"
+#include "vars/typeSpec.h"
 
 namespace brasquelin {
 
@@ -27,7 +28,7 @@ wxString controlName(const char* name, std::size_t index) {
 
 /// "archive (PathSave)", then what the declaration tells.
 std::string nameTip(const PromptRow& row) {
-    const std::string type = row.typeSpec.substr(0, row.typeSpec.find('('));
+    const std::string type(typeWord(row.typeSpec));
     const std::string tip = visibleText(row.name + " (" + type + ")");
     return row.info.empty() ? tip : tip + "\n" + visibleText(row.info);
 }

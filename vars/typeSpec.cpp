@@ -56,6 +56,10 @@ VariableKind kindOf(std::string_view typeSpec) {
     return VariableKind::unknown;
 }
 
+std::string_view typeWord(std::string_view typeSpec) {
+    return typeSpec.substr(0, typeSpec.find('('));
+}
+
 bool isChoice(VariableKind kind) {
     return kind == VariableKind::list || kind == VariableKind::comb;
 }

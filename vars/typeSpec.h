@@ -12,6 +12,9 @@ enum class VariableKind { text, list, comb, path, dbls, unknown };
 /// Told by the first four characters, in any letter case.
 VariableKind kindOf(std::string_view typeSpec);
 
+/// "List" of "List(a||b)".
+std::string_view typeWord(std::string_view typeSpec);
+
 /// True for list and comb.
 bool isChoice(VariableKind kind);
 

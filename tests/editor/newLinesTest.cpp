@@ -21,12 +21,12 @@ TEST_F(NewLines, EachTypeTakesItsOwnFields) {
     fields.listChoices = {"", "a", "b"};
     fields.combEntries = {"fast[-O2]", "$Index$"};
     fields.filter = "T|*.t";
-    std::string specs;
+    std::string made;
     for (const auto& type : variableTypes()) {
         fields.type = type;
-        specs += typeSpecOf(fields) + " ";
+        made += typeSpecOf(fields) + " ";
     }
-    EXPECT_EQ(specs,
+    EXPECT_EQ(made,
               "Text Comb(fast[-O2]||$Index$) List(||a||b) PathOpen(T|*.t) PathSave(T|*.t) DblSOpen(T|*.t) "
               "DblSSave(T|*.t) ");
     fields.listChoices.clear();
