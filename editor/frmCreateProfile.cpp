@@ -97,7 +97,7 @@ FrmCreateProfile::FrmCreateProfile()
         GetStatusBar()->Update();
     };
     showDocument();
-    showNotices();
+    lookForNotices();
     listInclude_->SetFocus();
 }
 
@@ -138,11 +138,12 @@ void FrmCreateProfile::bindMenus() {
             startNewProfile();
             showNewDocument();
         });
+        lookForNotices();
     });
     onItem(wxID_OPEN, [this] { open(openProfile); });
     bindRecent();
-    onItem(wxID_SAVE, [this] { act(saveProfile); });
-    onItem(wxID_SAVEAS, [this] { act(saveProfileAs); });
+    onItem(wxID_SAVE, [this] { save(saveProfile); });
+    onItem(wxID_SAVEAS, [this] { save(saveProfileAs); });
     onItem(wxID_EXIT, [this] { Close(); });
     Bind(
         wxEVT_UPDATE_UI, [](wxUpdateUIEvent& event) { event.Enable(canSave()); }, wxID_SAVE);
@@ -159,11 +160,16 @@ void FrmCreateProfile::bindMenus() {
 }
 
 void FrmCreateProfile::open(const std::function<void(const Action& opened)>& step) {
-    lossSeen_ = false;
     act([&] {
         const wxBusyCursor plugins;
         step([this] { showOpened(); });
     });
+    lookForNotices();
+}
+
+void FrmCreateProfile::save(const Action& step) {
+    act(step);
+    lookForNotices();
 }
 
 void FrmCreateProfile::bindRecent() {
@@ -340,10 +346,18 @@ void FrmCreateProfile::showOpened() {
     desktop().processPendingEvents();  // so that it is seen while its plugins run
 }
 
+/// For when files may tell something else: whoever edits must not wait for them.
+void FrmCreateProfile::lookForNotices() {
+    offer_ = keptOffer();
+    loss_ = lossNote();
+    notice_->hide();
+    showNotices();
+}
+
 /// One at a time: what can be lost comes first.
 void FrmCreateProfile::showNotices() {
-    if (const auto offer = keptOffer()) return showOffer(*offer);
-    if (const std::string loss = lossSeen_ ? "" : lossNote(); !loss.empty()) return showLossNotice(loss);
+    if (offer_) return showOffer(*offer_);
+    if (!loss_.empty()) return showLossNotice(loss_);
     if (const std::string plugins = newPluginsNote(); !plugins.empty()) return showPluginNotice(plugins);
     notice_->hide();
 }
@@ -354,14 +368,14 @@ void FrmCreateProfile::showOffer(const KeptOffer& offer) {
     };
     const auto discard = [this, file = offer.file] {
         discardKept(file);
-        showNotices();
+        lookForNotices();
     };
     notice_->tell(offer.text, {{"Restore", "cmdRestore", restore}, {"Discard", "cmdDiscard", discard}});
 }
 
 void FrmCreateProfile::showLossNotice(const std::string& text) {
     const auto seen = [this] {
-        lossSeen_ = true;
+        loss_.clear();
         showNotices();
     };
     const auto show = [seen] {

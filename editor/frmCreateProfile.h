@@ -7,10 +7,13 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "editor/editorActions.h"
 #include "editor/groupActions.h"
+#include "editor/keptProfiles.h"
 
 class wxPanel;
 class wxSizer;
@@ -21,7 +24,6 @@ namespace brasquelin {
 class EditorFind;
 class EditorListView;
 class GroupArrows;
-struct KeptOffer;
 class NoticeLine;
 class ProblemList;
 
@@ -35,6 +37,7 @@ class FrmCreateProfile : public wxFrame {
 
     void bindMenus();
     void open(const std::function<void(const Action& opened)>& step);
+    void save(const Action& step);
     void bindRecent();
     void showRecent();
     bool takeFiles(const std::vector<std::string>& paths);
@@ -57,6 +60,7 @@ class FrmCreateProfile : public wxFrame {
     void showNewDocument();
     void showOpened();
     void keepSoon();
+    void lookForNotices();
     void showNotices();
     void showOffer(const KeptOffer& offer);
     void showLossNotice(const std::string& text);
@@ -100,7 +104,8 @@ class FrmCreateProfile : public wxFrame {
     wxTimer tmrKeep_;   // runs while something is to be kept
     bool canKeep_ = true;
     bool busy_ = false;
-    bool lossSeen_ = false;  // the user knows what saving drops
+    std::optional<KeptOffer> offer_;
+    std::string loss_;  // what saving drops, until the user knows
 };
 
 }  // namespace brasquelin

@@ -4,6 +4,7 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include "platform/wx/colours.h"
 #include "platform/wx/wxText.h"
 
 namespace brasquelin {
@@ -14,9 +15,7 @@ namespace {
 wxColour tingedGround() {
     const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
     const wxColour tint = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
-    constexpr double share = 0.2;
-    const auto mixed = [](unsigned char over, unsigned char under) { return wxColour::AlphaBlend(over, under, share); };
-    return {mixed(tint.Red(), ground.Red()), mixed(tint.Green(), ground.Green()), mixed(tint.Blue(), ground.Blue())};
+    return mixed(ground, tint, 0.2);
 }
 
 }  // namespace
@@ -35,6 +34,7 @@ NoticeLine::NoticeLine(wxWindow* parent, const char* name)
 }
 
 void NoticeLine::tell(std::string_view text, const std::vector<NoticeButton>& buttons) {
+    if (IsShown() && text_->GetLabelText() == toWx(text)) return;
     text_->SetLabelText(toWx(text));
     text_->SetToolTip(toWx(text));
     buttons_->Clear(true);

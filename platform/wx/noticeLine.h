@@ -25,7 +25,7 @@ class NoticeLine : public wxPanel {
     /// Hidden until it tells something. To be given a place in the parent's sizer.
     NoticeLine(wxWindow* parent, const char* name);
 
-    /// In place of what it has told so far.
+    /// In place of what it has told so far; nothing when it tells this text already.
     void tell(std::string_view text, const std::vector<NoticeButton>& buttons);
     void hide();
 
