@@ -4,7 +4,8 @@ set(BRASQUELIN_PROGRAM_DIRECTORY ${CMAKE_BINARY_DIR}/Brasquelin)
 
 # With the ending on Linux, too: profiles travel, a plugin's name is its file's name without the last four characters, and
 # the editor offers programs by their ending.
-foreach(plugin folderinfo notempty)
+set(BRASQUELIN_PLUGINS folderinfo listfiles notempty today)
+foreach(plugin ${BRASQUELIN_PLUGINS})
     add_executable(${plugin} ${CMAKE_SOURCE_DIR}/samples/plugins/${plugin}.cpp)
     target_link_libraries(${plugin} PRIVATE brasquelin_options)
     set_target_properties(${plugin} PROPERTIES SUFFIX .exe
@@ -44,7 +45,7 @@ else()
 endif()
 
 get_property(copies GLOBAL PROPERTY BRASQUELIN_COPIES)
-add_custom_target(program_directory ALL DEPENDS ${copies} folderinfo notempty)
+add_custom_target(program_directory ALL DEPENDS ${copies} ${BRASQUELIN_PLUGINS})
 if(TARGET brasquelin)
     set_target_properties(brasquelin PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${BRASQUELIN_PROGRAM_DIRECTORY})
     add_dependencies(program_directory brasquelin)

@@ -77,7 +77,8 @@ TEST_F(CheckFile, FindsWhatTheManualShows) {
 TEST_F(CheckFile, FindsNothingInTheSamples) {
     std::filesystem::copy(BRASQUELIN_SOURCE "/samples", fromUtf8(folder()),
                           std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
-    for (const std::string program : {"folderinfo", "notempty"}) write("plugins/" + program + ".exe", {});
+    for (const std::string program : {"folderinfo", "listfiles", "notempty", "today"})
+        write("plugins/" + program + ".exe", {});
     std::string found;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(fromUtf8(folder()))) {
         const std::string name = utf8(entry.path().lexically_relative(fromUtf8(folder())));
