@@ -4,6 +4,7 @@
 
 #include "app/checkOption.h"
 #include "app/dryRunOption.h"
+#include "batch/wireLink.h"
 #include "platform/standardStreams.h"
 
 namespace brasquelin {
@@ -34,8 +35,8 @@ constexpr std::string_view help =
 }  // namespace
 
 std::optional<int> answerOption(std::string_view commandLine, const std::vector<std::string>& arguments) {
-    if (!commandLine.starts_with("--")) return std::nullopt;
     const std::string_view option = commandLine.substr(0, commandLine.find(' '));
+    if (!option.starts_with("--") || option == runWindowOption) return std::nullopt;
     if (option == "--help") {
         print(StandardStream::output, help);
     } else if (option == "--version") {

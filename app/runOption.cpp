@@ -15,6 +15,7 @@
 #include "platform/interruption.h"
 #include "platform/paths.h"
 #include "platform/standardStreams.h"
+#include "platform/windowModule.h"
 #include "text/runTimeError.h"
 #include "text/text.h"
 
@@ -128,9 +129,17 @@ void tellNothingRun(WireLink* window) {
     writeTo(StandardStream::error, "brasquelin: nothing was run; --run --resume goes on where it stopped\n");
 }
 
+/// Null where no window can be shown, which is told.
+std::unique_ptr<WireLink> startWindow() try {
+    return std::make_unique<WireLink>(startPartner(runWindowOption));
+} catch (const RunTimeError& error) {
+    const std::string reason = whyNoWindows();
+    writeMessage(defaultTitle, reason.empty() ? error.report({}) : reason);
+    return nullptr;
+}
+
 int runJobs(RunPlan plan, const RunRequest& request) {
-    std::unique_ptr<WireLink> window;
-    if (request.inWindow) window = std::make_unique<WireLink>(startPartner(runWindowOption));
+    const auto window = request.inWindow ? startWindow() : nullptr;
     if (window) window->send(introduction(request.title, plan));
     choose(plan, request.resume, window.get());
     int status = 0;

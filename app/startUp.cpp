@@ -189,20 +189,16 @@ bool startUp(const std::string& commandLine, const std::function<void()>& detect
     }
 }
 
-int runWithoutDisplay(const std::string& commandLine) {
+int runWithoutWindows(const std::string& commandLine, std::string_view reason) {
     static ConsoleDesktop console;
     setDesktop(console);
-    constexpr std::string_view needsDisplay = "The windows need a display, and there is none (DISPLAY is not set).";
-    if (commandLine.empty()) {
-        showCritical(needsDisplay);
-        return 1;
-    }
     try {
-        startUp(commandLine);
+        if (!commandLine.empty()) startUp(commandLine);
     } catch (const EndProgram& end) {
         return end.exitStatus();
     }
-    if (!console.hadFailure()) showCritical(needsDisplay);
+    // What failed has told that it needed a display; where there is one, it was not that.
+    if (!console.hadFailure() || displayAvailable()) showCritical(reason);
     return 1;
 }
 

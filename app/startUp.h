@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "vars/commandLine.h"
 
@@ -21,8 +22,8 @@ bool openArgument(const FileArgument& argument);
 /// EndProgram.
 bool startUp(const std::string& commandLine, const std::function<void()>& detectBorders = {});
 
-/// The whole program on a machine without a display: the exit status.
-int runWithoutDisplay(const std::string& commandLine);
+/// The whole program where no window can be shown, for a reason that is told when one is needed: the exit status.
+int runWithoutWindows(const std::string& commandLine, std::string_view reason);
 
 /// The main window is destroyed: ends the child process that was last waited for.
 void endLastChild();

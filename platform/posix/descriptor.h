@@ -21,6 +21,8 @@ class Descriptor {
         const int before = std::exchange(value_, value);
         return before < 0 || close(before) == 0;
     }
+    /// Leaves what it holds to the caller.
+    int release() { return std::exchange(value_, -1); }
 
   private:
     int value_;

@@ -14,6 +14,7 @@
 #include "platform/posix/spawn.h"
 #include "platform/posix/systemError.h"
 #include "platform/systemFiles.h"
+#include "text/runTimeError.h"
 
 namespace brasquelin {
 
@@ -80,6 +81,17 @@ pid_t spawnPartner(const std::string& option, int socket) {
     return spawn.start({executablePath(), option, std::to_string(partnerEnd)});
 }
 
+/// The partner's first byte: it has come up.
+constexpr std::string_view sign = "!";
+
+/// False when the partner has ended before it gave the sign.
+bool awaitSign(int socket) {
+    std::array<char, sign.size()> taken{};
+    ssize_t size = 0;
+    while ((size = recv(socket, taken.data(), taken.size(), 0)) < 0 && errno == EINTR) continue;
+    return size > 0;
+}
+
 }  // namespace
 
 std::unique_ptr<Wire> startPartner(std::string_view option) {
@@ -87,12 +99,14 @@ std::unique_ptr<Wire> startPartner(std::string_view option) {
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
         raise(errno, FileUse::reading, executablePath());
     }
-    auto wire = std::make_unique<SocketWire>(ends[0]);
+    Descriptor ours(ends[0]);
     // A descriptor that is its partner's number already would be closed on the way.
-    const Descriptor theirs(fcntl(ends[1], F_DUPFD_CLOEXEC, partnerEnd + 1));
+    Descriptor theirs(fcntl(ends[1], F_DUPFD_CLOEXEC, partnerEnd + 1));
     close(ends[1]);
     spare(spawnPartner(std::string(option), theirs.get()));
-    return wire;
+    theirs.reset();
+    if (!awaitSign(ours.get())) throw RunTimeError(ErrorNumber::deviceError, executablePath());
+    return std::make_unique<SocketWire>(ours.release());
 }
 
 std::unique_ptr<Wire> joinPartner(std::string_view end) {
@@ -100,7 +114,9 @@ std::unique_ptr<Wire> joinPartner(std::string_view end) {
     const auto [next, error] = std::from_chars(end.data(), end.data() + end.size(), socket);
     if (error != std::errc() || next != end.data() + end.size()) return nullptr;
     if (fcntl(socket, F_SETFD, FD_CLOEXEC) != 0) return nullptr;
-    return std::make_unique<SocketWire>(socket);
+    auto wire = std::make_unique<SocketWire>(socket);
+    wire->send(sign);
+    return wire;
 }
 
 }  // namespace brasquelin

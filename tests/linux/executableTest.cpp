@@ -70,7 +70,6 @@ TEST_F(LinuxExecutable, TellsOnStandardErrorWhatItCannotDo) {
     program.writeProfile("ask.bqp", "", "");
     const std::vector<std::pair<std::string, std::string>> told{
         {"./brasquelin", "display"},
-        {"DISPLAY=:98765 ./brasquelin", "is DISPLAY set properly?"},
         {"./brasquelin -f none.txt", "Brasquelin Error: Error 53 : File not found\nWhile loading 'none.txt'\n"},
         {"./brasquelin x.bqp", "Brasquelin: Error : unknown function 'Nobody' in file 'x.bqp' at line 3\n"},
         {"./brasquelin ask.bqp", "ask.bqp' cannot be asked for without a display"}};
@@ -79,7 +78,33 @@ TEST_F(LinuxExecutable, TellsOnStandardErrorWhatItCannotDo) {
         EXPECT_NE(program.read("err.txt").find(text), std::string::npos) << command << program.read("err.txt");
     }
     EXPECT_FALSE(program.exists("brasquelin.bat"));
-    EXPECT_EQ(program.runShell("DISPLAY=:98765 ./brasquelin --version"), 0);
+}
+
+TEST_F(LinuxExecutable, TellsWhatItsWindowsLackAndWorksWithoutThem) {
+    const std::string module = "brasquelin-windows.so";
+    const auto built = std::filesystem::path(BRASQUELIN_PROGRAM).parent_path() / module;
+    program.writeLineLibrary();
+    program.writeLines("list.txt", "/x/brasquelin $exepath$/line.bqs 001=echo worked");
+    const auto refused = [&] {
+        EXPECT_EQ(program.runShell("DISPLAY=:98765 ./brasquelin"), 1);
+        return program.read("err.txt");
+    };
+    const std::vector<std::string> needNone{"--version", "--check list.txt", "--dry-run -f list.txt", "-f list.txt",
+                                            "--run brasquelin.bat"};
+    for (const auto& lacking : {"The windows are not part of this installation ('" + utf8(program / module),
+                                std::string("Debian's package libwxgtk3.2-1): ")}) {
+        EXPECT_NE(refused().find(lacking), std::string::npos) << program.read("err.txt");
+        for (const auto& option : needNone) {
+            EXPECT_EQ(program.runShell("DISPLAY=:98765 ./brasquelin " + option), 0) << option;
+        }
+        EXPECT_NE(program.read("out.txt").find("\nworked\n"), std::string::npos);
+        EXPECT_NE(program.read("err.txt").find(lacking), std::string::npos) << "no word of the missing run window";
+        program.write(module, "no library");
+    }
+    if (!exists(built)) GTEST_SKIP() << "built without windows";
+    std::filesystem::remove(program / module);
+    std::filesystem::create_symlink(built, program / module);
+    EXPECT_NE(refused().find("is DISPLAY set properly?"), std::string::npos);
 }
 
 TEST_F(LinuxExecutable, SignalsEndTheBatchAndThenTheProgram) {
