@@ -23,8 +23,8 @@ class Wire {
 };
 
 /// Starts this program again, with "OPTION END" as its command line, and gives this side's end. The other process
-/// outlives this one, and what ends this one by the terminal leaves it alone. Raises the error of starting, also when the
-/// partner ends before it joins.
+/// outlives this one, and what ends this one by the terminal leaves it alone. Raises the error of starting, also when
+/// the partner ends before it joins.
 std::unique_ptr<Wire> startPartner(std::string_view option);
 
 /// The end that the command line of a partner names. Null when there is none of that name.
