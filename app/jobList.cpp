@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "text/text.h"
 #include "text/visibleText.h"
 
 namespace brasquelin {
@@ -11,7 +10,7 @@ JobList jobList;
 
 namespace {
 std::uint32_t widthOf(const std::string& line) {
-    return static_cast<std::uint32_t>(characterCount(shownLine(line)));
+    return static_cast<std::uint32_t>(shownWidth(line));
 }
 }  // namespace
 

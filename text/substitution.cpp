@@ -140,6 +140,7 @@ void setLongWorkHook(LongWorkHook hook) {
 }
 
 std::string replaceVar(std::string_view name, std::string_view value, std::string_view text) {
+    if (text.find('$') == std::string_view::npos) return std::string(text);
     if (name.find('$') == std::string_view::npos) {
         ReferenceText references{std::string(text)};
         references.replace(name, value);

@@ -19,6 +19,10 @@ char asciiLowerCase(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
 }
 
+bool isAscii(char one, char other) {
+    return static_cast<unsigned char>(one | other) < 0x80;
+}
+
 /// The code point at `position`, which moves behind it. A stray byte stands for itself, out of Unicode's range.
 char32_t nextCodePoint(std::string_view text, std::size_t& position) {
     const auto lead = static_cast<unsigned char>(text[position++]);
@@ -59,6 +63,10 @@ std::size_t matchIgnoringCase(std::string_view text, std::size_t start, std::str
     std::size_t i = 0;
     while (i < prefix.size()) {
         if (at >= text.size()) return std::string_view::npos;
+        if (isAscii(text[at], prefix[i])) {
+            if (asciiLowerCase(text[at++]) != asciiLowerCase(prefix[i++])) return std::string_view::npos;
+            continue;
+        }
         if (lowerCase(nextCodePoint(text, at)) != lowerCase(nextCodePoint(prefix, i))) return std::string_view::npos;
     }
     return at;
@@ -150,7 +158,7 @@ bool isAscii(std::string_view text) {
 bool equalIgnoringCase(std::string_view left, std::string_view right) {
     if (left.size() == right.size()) {
         std::size_t i = 0;
-        while (i < left.size() && static_cast<unsigned char>(left[i] | right[i]) < 0x80) {
+        while (i < left.size() && isAscii(left[i], right[i])) {
             if (asciiLowerCase(left[i]) != asciiLowerCase(right[i])) return false;
             ++i;
         }

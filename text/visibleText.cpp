@@ -66,6 +66,13 @@ std::vector<Piece> piecesOf(std::string_view text) {
     return pieces;
 }
 
+constexpr std::size_t longestShown = 1000;  // columns cannot be wider than a screen's coordinates
+
+bool isShownAsItIs(std::string_view line) {
+    const auto isOdd = [](char byte) { return byte < ' ' || byte > '~'; };
+    return line.size() <= longestShown && std::count_if(line.begin(), line.end(), isOdd) == 0;
+}
+
 }  // namespace
 
 void appendVisible(std::string& text, char32_t codePoint) {
@@ -106,9 +113,7 @@ std::string visibleText(std::string_view line) {
 }
 
 std::string shownLine(std::string_view line) {
-    constexpr std::size_t longestShown = 1000;  // columns cannot be wider than a screen's coordinates
-    const auto isPlain = [](char byte) { return byte >= ' ' && byte <= '~'; };
-    if (line.size() <= longestShown && std::all_of(line.begin(), line.end(), isPlain)) return std::string(line);
+    if (isShownAsItIs(line)) return std::string(line);
     std::string text;
     for (std::size_t count = 0; !line.empty() && count < longestShown;) {
         const std::size_t before = text.size();
@@ -116,6 +121,10 @@ std::string shownLine(std::string_view line) {
         count += characterCount(std::string_view(text).substr(before));
     }
     return line.empty() ? text : text + " ...";
+}
+
+std::size_t shownWidth(std::string_view line) {
+    return isShownAsItIs(line) ? line.size() : characterCount(shownLine(line));
 }
 
 std::string withEdit(std::string_view text, std::string_view shown) {

@@ -19,6 +19,8 @@ std::string visibleText(std::string_view line);
 
 /// The same for a list: after about a thousand characters " ..." stands for the rest.
 std::string shownLine(std::string_view line);
+/// The number of its characters.
+std::size_t shownWidth(std::string_view line);
 
 /// The text whose visible form the user has changed to `shown`: what was left alone keeps the characters that its signs
 /// stand for.

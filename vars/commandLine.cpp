@@ -1,6 +1,6 @@
 #include "vars/commandLine.h"
 
-#include <cstdio>
+#include <array>
 
 #include "platform/fileAddress.h"
 #include "platform/files.h"
@@ -16,18 +16,29 @@ namespace {
 constexpr int lastPreset = 999;
 constexpr std::string_view firstPresetKey = " 001=";
 
-/// "001=", "002=" and so on.
-std::string presetKey(int number) {
-    char key[16];
-    std::snprintf(key, sizeof key, "%03d=", number);
-    return key;
+constexpr std::size_t keyDigits = 3;
+
+/// Where the "=" of the key "001=", "002=" and so on stands first; npos when there is none.
+std::size_t findKey(std::string_view text, int number) {
+    const std::array<char, keyDigits> digits{static_cast<char>('0' + number / 100),
+                                             static_cast<char>('0' + number / 10 % 10),
+                                             static_cast<char>('0' + number % 10)};
+    const std::string_view wanted(digits.data(), keyDigits);
+    auto equals = text.find('=');
+    while (equals != std::string_view::npos && !text.substr(0, equals).ends_with(wanted)) {
+        equals = text.find('=', equals + 1);
+    }
+    return equals;
 }
 
-/// The texts that end the program's own path in a line of a list, in lower case. A list of Windows is read everywhere.
-const std::vector<std::string_view>& programMarkers() {
-    static const std::vector<std::string_view> windows{"\\brasquelin.exe "};
-    static const std::vector<std::string_view> linux{"\\brasquelin.exe ", "/brasquelin.exe ", "/brasquelin "};
-    return pathSeparator == '/' ? linux : windows;
+/// True when the text ends with what stands between the program's own path and the rest of a list line, but for the
+/// blank behind it. A list of Windows is read everywhere.
+bool endsWithProgram(std::string_view text) {
+    constexpr std::string_view linuxName = "/brasquelin";
+    constexpr std::array<std::string_view, 2> windowsNames{"\\brasquelin.exe", "/brasquelin.exe"};
+    if (endsWithIgnoringCase(text, windowsNames[0])) return true;
+    if (pathSeparator != '/') return false;
+    return endsWithIgnoringCase(text, windowsNames[1]) || endsWithIgnoringCase(text, linuxName);
 }
 
 }  // namespace
@@ -36,13 +47,13 @@ std::vector<std::string> parsePresets(std::string_view argumentText) {
     std::vector<std::string> presets;
     if (argumentText.find(firstPresetKey) == std::string_view::npos) return presets;
     std::string_view rest = argumentText;
-    for (int i = 1; i <= lastPreset; ++i) {
-        const auto key = rest.find(presetKey(i));
-        if (key == std::string_view::npos) break;
-        rest.remove_prefix(key + presetKey(i).size());
-        const auto next = i < lastPreset ? rest.find(presetKey(i + 1)) : std::string_view::npos;
+    std::size_t equals = findKey(rest, 1);
+    for (int next = 2; equals != std::string_view::npos; ++next) {
+        rest.remove_prefix(equals + 1);
+        equals = next <= lastPreset ? findKey(rest, next) : std::string_view::npos;
         // The character in front of the next key is the blank that separates the values.
-        presets.emplace_back(next == std::string_view::npos ? rest : withoutLast(rest.substr(0, next)));
+        const bool isLast = equals == std::string_view::npos;
+        presets.emplace_back(isLast ? rest : withoutLast(rest.substr(0, equals - keyDigits)));
     }
     return presets;
 }
@@ -72,12 +83,10 @@ std::string listFilePath(std::string_view commandLine) {
 
 std::string_view argumentOfListLine(std::string_view line) {
     constexpr std::size_t unmarkedStart = 16;
-    TextMatch leftmost;
-    for (const auto& marker : programMarkers()) {
-        const TextMatch match = findIgnoringCase(line, marker);
-        if (match && match.begin < leftmost.begin) leftmost = match;
+    for (auto blank = line.find(' '); blank != std::string_view::npos; blank = line.find(' ', blank + 1)) {
+        if (endsWithProgram(line.substr(0, blank))) return line.substr(blank + 1);
     }
-    return leftmost ? line.substr(leftmost.end) : fromCharacter(line, unmarkedStart);
+    return fromCharacter(line, unmarkedStart);
 }
 
 }  // namespace brasquelin
