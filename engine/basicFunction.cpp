@@ -1,6 +1,7 @@
 #include "engine/basicFunction.h"
 
 #include <array>
+#include <cstdint>
 #include <optional>
 
 #include "config/configFile.h"
@@ -25,7 +26,16 @@ namespace {
 
 // The "[command]" section
 
-bool takeKey(std::string_view line, std::string_view key, std::string& field) {
+/// What a section says itself.
+struct CommandSection {
+    std::optional<std::string> type;
+    std::optional<std::string> command;
+    std::optional<std::string> write;
+    int commandLine = 0;
+    int writeLine = 0;
+};
+
+bool takeKey(std::string_view line, std::string_view key, std::optional<std::string>& field) {
     if (!startsWithIgnoringCase(line, key)) return false;
     field = fromCharacter(line, characterCount(key) + 1);
     return true;
@@ -49,26 +59,56 @@ bool takeVariableValues(std::string_view line) {
 }
 
 /// False for a line that means nothing.
-bool takeCommandLine(std::string_view line, int number) {
-    const bool isType = takeKey(line, "type=", functionAction.type);
-    const bool isCommand = takeKey(line, "command=", functionAction.command);
-    const bool isWrite = takeKey(line, "write=", functionAction.write);
-    if (isCommand) functionAction.commandLine = number;
-    if (isWrite) functionAction.writeLine = number;
+bool takeCommandLine(std::string_view line, int number, CommandSection& section) {
+    const bool isType = takeKey(line, "type=", section.type);
+    const bool isCommand = takeKey(line, "command=", section.command);
+    const bool isWrite = takeKey(line, "write=", section.write);
+    if (isCommand) section.commandLine = number;
+    if (isWrite) section.writeLine = number;
     const bool isVariable = takeVariableValues(line);
     return isType || isCommand || isWrite || isVariable;
 }
 
-void readCommandSection(std::string_view path) {
-    const auto file = readTextFile(path);
-    SectionState section(Section::command);
-    functionAction.commandLine = functionAction.writeLine = 0;
+CommandSection takeCommandLines(const TextFile& file, std::string_view path) {
+    CommandSection section;
+    SectionState state(Section::command);
     int number = 0;
-    for (const auto& line : file->lines) {
+    for (const auto& line : file.lines) {
         ++number;
-        const bool meant = section.noteTag(line) || !section.isOpen() || takeCommandLine(line, number);
+        const bool meant = state.noteTag(line) || !state.isOpen() || takeCommandLine(line, number, section);
         if (!meant) noteIgnored(path, number, line);
     }
+    return section;
+}
+
+/// Keys that are not given keep their previous text.
+void obey(const CommandSection& section) {
+    if (section.type) functionAction.type = *section.type;
+    if (section.command) functionAction.command = *section.command;
+    if (section.write) functionAction.write = *section.write;
+    functionAction.commandLine = section.commandLine;
+    functionAction.writeLine = section.writeLine;
+}
+
+/// What the section of an unchanged file has made of the declarations of a revision.
+struct KeptCommand {
+    std::uint64_t declared = 0;
+    Table<VariableDeclaration> variables;
+    CommandSection section;
+};
+
+void readCommandSection(std::string_view path) {
+    const auto file = readTextFile(path);
+    auto& variables = variableTables.functionVariables;
+    const std::uint64_t declared = variables.revision();
+    const auto kept = onlooker() ? nullptr : file->understood.get<KeptCommand>();
+    if (kept != nullptr && kept->declared == declared) {
+        variables.take(kept->variables);
+        return obey(kept->section);
+    }
+    CommandSection section = takeCommandLines(*file, path);
+    obey(section);
+    file->understood.keep(KeptCommand{declared, variables, std::move(section)});
 }
 
 /// Raises what the writing of a file would, which is not done.

@@ -1,5 +1,10 @@
 #include "engine/librarySection.h"
 
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
 #include "engine/engineTables.h"
 #include "engine/plugins.h"
 #include "platform/paths.h"
@@ -12,7 +17,11 @@ namespace brasquelin {
 namespace {
 
 void addInclude(const std::string& path, int level) {
-    Callable& callable = engineTables.callables[level].append({path, {}});
+    auto& callables = engineTables.callables[level];
+    Callable& callable = callables.nextRow();
+    callable.path = path;
+    callable.name.clear();
+    callables.takeNextRow();
     if (onlooker()) onlooker()->follows(path);
     const auto file = readTextFile(path);
     if (file->lines.empty()) throw RunTimeError(ErrorNumber::inputPastEnd, path);
@@ -34,6 +43,26 @@ void apply(const LibraryLine& line, std::string_view profilePath, int level) {
     }
 }
 
+struct NumberedLine {
+    std::string text;
+    std::optional<LibraryLine> parsed;
+    int number = 0;
+};
+/// The lines of the section.
+using SectionLines = std::vector<NumberedLine>;
+
+std::shared_ptr<const SectionLines> sectionOf(const TextFile& file) {
+    if (auto kept = file.understood.get<SectionLines>()) return kept;
+    SectionLines lines;
+    SectionState section(Section::library);
+    int number = 0;
+    for (const auto& line : file.lines) {
+        ++number;
+        if (!section.noteTag(line) && section.isOpen()) lines.push_back({line, parseLibraryLine(line), number});
+    }
+    return file.understood.keep(std::move(lines));
+}
+
 }  // namespace
 
 std::string replaceDirectories(std::string_view path, std::string_view profilePath) {
@@ -41,17 +70,12 @@ std::string replaceDirectories(std::string_view path, std::string_view profilePa
 }
 
 void processLibrarySection(const std::string& path, int level) {
-    const auto file = readTextFile(path);
-    SectionState section(Section::library);
-    int number = 0;
-    for (const auto& line : file->lines) {
-        ++number;
-        if (section.noteTag(line) || !section.isOpen()) continue;
-        const auto parsed = parseLibraryLine(line);
-        if (!parsed) noteIgnored(path, number, line);
-        if (!parsed) continue;
-        engineTables.fileStack.back().line = number;  // so that an error can name it
-        attempt(path, number, [&] { apply(*parsed, path, level); });
+    const auto section = sectionOf(*readTextFile(path));
+    for (const auto& line : *section) {
+        if (!line.parsed) noteIgnored(path, line.number, line.text);
+        if (!line.parsed) continue;
+        engineTables.fileStack.back().line = line.number;  // so that an error can name it
+        attempt(path, line.number, [&] { apply(*line.parsed, path, level); });
     }
     engineTables.fileStack.back().line = 0;
 }

@@ -4,15 +4,54 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/codePages.h"
 
 namespace brasquelin {
 
+/// What readers have made of the lines of a file, one object of each type. It lives and dies with the lines, so that an
+/// unchanged file is understood once.
+class Understood {
+  public:
+    Understood() = default;
+    /// The copy's lines may become others.
+    Understood(const Understood&) noexcept {}
+    Understood& operator=(const Understood&) = delete;
+    ~Understood() = default;
+
+    /// Null when nothing of the type was kept.
+    template <typename Meaning>
+    std::shared_ptr<const Meaning> get() const {
+        for (const auto& [kind, meaning] : kept_) {
+            if (kind == &kindOf<Meaning>) return std::static_pointer_cast<const Meaning>(meaning);
+        }
+        return nullptr;
+    }
+
+    /// Takes the place of what was kept of the type.
+    template <typename Meaning>
+    std::shared_ptr<const Meaning> keep(Meaning meaning) {
+        std::erase_if(kept_, [](const Entry& entry) { return entry.first == &kindOf<Meaning>; });
+        auto kept = std::make_shared<const Meaning>(std::move(meaning));
+        kept_.emplace_back(&kindOf<Meaning>, kept);
+        return kept;
+    }
+
+  private:
+    using Entry = std::pair<const char*, std::shared_ptr<const void>>;
+
+    template <typename Meaning>
+    static constexpr char kindOf = 0;  // its address stands for the type
+
+    std::vector<Entry> kept_;
+};
+
 struct TextFile {
     std::vector<std::string> lines;  // without their ends
     Encoding encoding = newFileEncoding;
+    mutable Understood understood = {};
 };
 
 /// The file's lines, decoded (see codePages.h). The same object is returned for as long as the file is unchanged.

@@ -27,6 +27,19 @@ std::uint64_t gapBit(std::size_t length) {
     return std::uint64_t{1} << std::min(length, widestGap);
 }
 
+/// For a name that may hold dollar signs itself.
+std::string replaceOddVar(std::string_view name, std::string_view value, std::string_view text) {
+    const std::string pattern = "$" + std::string(name) + "$";
+    std::string result;
+    std::size_t from = 0;
+    for (TextMatch match; (match = findIgnoringCase(text, pattern, from)); from = match.end) {
+        appendChecked(result, text.substr(from, match.begin - from));
+        appendChecked(result, value);
+    }
+    appendChecked(result, text.substr(from));
+    return result;
+}
+
 }  // namespace
 
 ReferenceText::ReferenceText(std::string text) : text_(std::move(text)) {
@@ -140,20 +153,21 @@ void setLongWorkHook(LongWorkHook hook) {
 }
 
 std::string replaceVar(std::string_view name, std::string_view value, std::string_view text) {
-    if (text.find('$') == std::string_view::npos) return std::string(text);
-    if (name.find('$') == std::string_view::npos) {
-        ReferenceText references{std::string(text)};
-        references.replace(name, value);
-        return references.take();
-    }
-    const std::string pattern = "$" + std::string(name) + "$";
+    if (name.find('$') != std::string_view::npos) return replaceOddVar(name, value, text);
     std::string result;
-    std::size_t from = 0;
-    for (TextMatch match; (match = findIgnoringCase(text, pattern, from)); from = match.end) {
-        appendChecked(result, text.substr(from, match.begin - from));
-        appendChecked(result, value);
+    std::size_t taken = 0;
+    for (auto begin = text.find('$'); begin != std::string_view::npos;) {
+        const auto end = text.find('$', begin + 1);
+        if (end == std::string_view::npos) break;
+        const bool found = equalIgnoringCase(text.substr(begin + 1, end - begin - 1), name);
+        if (found) {
+            appendChecked(result, text.substr(taken, begin - taken));
+            appendChecked(result, value);
+            taken = end + 1;
+        }
+        begin = found ? text.find('$', taken) : end;
     }
-    appendChecked(result, text.substr(from));
+    appendChecked(result, text.substr(taken));
     return result;
 }
 

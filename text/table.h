@@ -1,9 +1,11 @@
 // Tables of at most 256 rows, and one such table per nesting level.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,7 +19,8 @@ struct NamedValue {
     std::string value;
 };
 
-/// Rows 0 to 255 with a count. Rows at and beyond the count keep what they last held.
+/// Rows 0 to 255 with a count. Rows at and beyond the count keep what they last held. Copies share their rows until one
+/// of them is changed.
 template <typename Row>
 class Table {
   public:
@@ -28,14 +31,15 @@ class Table {
 
     /// Sets the count to 0; the rows keep their contents.
     void resetCount() {
+        if (count_ > 0) noteChange();
         count_ = 0;
-        ++revision_;
     }
 
     /// Empties every row and sets the count to 0.
     void clear() {
-        rows_.clear();
-        resetCount();
+        rows_.reset();
+        count_ = 0;
+        noteChange();
     }
 
     /// Adds a row behind the last one. Raises error 9 when all 256 are in use.
@@ -47,44 +51,64 @@ class Table {
     }
 
     /// The row at the count, to be filled in place before takeNextRow counts it. Raises error 9 when there is none.
-    Row& nextRow() {
-        if (count_ >= rowLimit) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
-        if (rows_.size() <= count_) rows_.resize(count_ + 1);
-        ++revision_;
-        return rows_[count_];
+    Row& nextRow() { return change(count_); }
+    void takeNextRow() {
+        ++count_;
+        noteChange();
     }
-    void takeNextRow() { ++count_; }
 
-    /// Takes the rows and the count of another table over.
-    void assign(Table other) {
-        rows_ = std::move(other.rows_);
+    /// Takes the counted rows of another table over. The rows behind them keep what they held.
+    void take(const Table& other) {
+        if (revision_ == other.revision_) return;
+        if (size() <= other.size()) {
+            *this = other;
+            return;
+        }
+        std::copy(other.begin(), other.end(), own().begin());
         count_ = other.count_;
-        ++revision_;
+        revision_ = other.revision_;
     }
 
     /// Any row from 0 to 255, counted or not. Raises error 9 outside of them.
     const Row& row(std::size_t index) const {
         if (index >= rowLimit) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
         static const Row unused{};
-        return index < rows_.size() ? rows_[index] : unused;
+        return index < size() ? (*rows_)[index] : unused;
     }
     /// The same row, to be changed.
     Row& change(std::size_t index) {
         if (index >= rowLimit) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
-        if (rows_.size() <= index) rows_.resize(index + 1);
-        ++revision_;
-        return rows_[index];
+        auto& rows = own();
+        if (rows.size() <= index) rows.resize(index + 1);
+        noteChange();
+        return rows[index];
     }
 
     /// The counted rows, for range-based loops.
-    const Row* begin() const { return rows_.data(); }
-    const Row* end() const { return rows_.data() + count_; }
+    const Row* begin() const { return rows_ ? rows_->data() : nullptr; }
+    const Row* end() const { return begin() + count_; }
 
-    /// Grows whenever the table may have changed.
+    /// Another number whenever the table may have changed, and never one that another table has had: tables of one
+    /// revision have the same counted rows.
     std::uint64_t revision() const { return revision_; }
 
   private:
-    std::vector<Row> rows_;
+    using Rows = std::vector<Row>;
+
+    std::size_t size() const { return rows_ ? rows_->size() : 0; }
+
+    /// The rows, shared with nobody.
+    Rows& own() {
+        if (!rows_) rows_ = std::make_shared<Rows>();
+        if (rows_.use_count() > 1) rows_ = std::make_shared<Rows>(*rows_);
+        return *rows_;
+    }
+
+    void noteChange() { revision_ = ++lastRevision; }
+
+    static inline std::uint64_t lastRevision = 0;
+
+    std::shared_ptr<Rows> rows_;
     std::size_t count_ = 0;
     std::uint64_t revision_ = 0;
 };

@@ -35,8 +35,9 @@ struct ReaderRules {
 
 class DeclarationReader {
   public:
-    DeclarationReader(std::string_view path, Table<VariableDeclaration>& table, const ReaderRules& rules)
-        : path_(path), file_(readTextFile(path)), table_(table), rules_(rules) {}
+    DeclarationReader(std::string_view path, const TextFile& file, Table<VariableDeclaration>& table,
+                      const ReaderRules& rules)
+        : path_(path), file_(file), table_(table), rules_(rules) {}
 
     void read() {
         while (nextLine()) {
@@ -49,11 +50,13 @@ class DeclarationReader {
 
     /// The line that was read last.
     int line() const { return static_cast<int>(position_); }
+    /// True when the declarations are the same whatever was read before and whatever plugins have told.
+    bool dependsOnFileAlone() const { return dependsOnFileAlone_; }
 
   private:
     bool nextLine() {
-        if (position_ >= file_->lines.size()) return false;
-        line_ = file_->lines[position_++];
+        if (position_ >= file_.lines.size()) return false;
+        line_ = file_.lines[position_++];
         return true;
     }
 
@@ -92,6 +95,7 @@ class DeclarationReader {
             record.typeSpec = typeSpec;
         } else {
             record.typeSpec = expandPluginVars(typeSpec, rules_.pluginLevel);
+            dependsOnFileAlone_ = false;
         }
     }
 
@@ -111,13 +115,16 @@ class DeclarationReader {
             record.defaultValue = withBuiltIns(valueBehind(defaultKey, line_), path_);
             return false;
         }
-        if (hasFourthLine && rules_.skipsOtherAttributes && isAttribute(line_)) return false;
+        if (hasFourthLine && rules_.skipsOtherAttributes && isAttribute(line_)) {
+            dependsOnFileAlone_ = false;  // the default is what the row held before
+            return false;
+        }
         record.defaultValue.clear();
         return true;
     }
 
     std::string path_;
-    std::shared_ptr<const TextFile> file_;
+    const TextFile& file_;
     Table<VariableDeclaration>& table_;
     ReaderRules rules_;
     std::string_view line_;
@@ -125,14 +132,55 @@ class DeclarationReader {
     std::size_t passes_ = 0;
     SectionState block_{Section::var};
     bool ended_ = false;
+    bool dependsOnFileAlone_ = true;
 };
 
+/// The declarations of an unchanged file, by the reader that has read them. Their defaults may name the program
+/// directory.
+template <typename Reader>
+struct KeptDeclarations {
+    Table<VariableDeclaration> table;
+    std::string exeDirectory;
+};
+struct ProfileReader {};
+struct FunctionReader {};
+
+std::shared_ptr<const TextFile> openFor(std::string_view path, Table<VariableDeclaration>& table) {
+    try {
+        return readTextFile(path);
+    } catch (const RunTimeError&) {
+        table.resetCount();
+        throw;
+    }
+}
+
+/// True when the reader has read the unchanged file before.
+template <typename Reader>
+bool takeKept(const TextFile& file, Table<VariableDeclaration>& table) {
+    const auto kept = onlooker() ? nullptr : file.understood.get<KeptDeclarations<Reader>>();
+    if (kept == nullptr || kept->exeDirectory != exeDirectory()) return false;
+    table.take(kept->table);
+    return true;
+}
+
+template <typename Reader>
+void keep(const TextFile& file, Table<VariableDeclaration>& table) {
+    KeptDeclarations<Reader> kept{{}, exeDirectory()};
+    for (const auto& declaration : table) kept.table.append(declaration);
+    table.take(kept.table);
+    file.understood.keep(std::move(kept));
+}
+
+template <typename Reader>
 bool readDeclarations(std::string_view path, Table<VariableDeclaration>& table, const ReaderRules& rules,
                       OnParseError onParseError) {
+    const auto file = openFor(path, table);
+    if (takeKept<Reader>(*file, table)) return true;
     table.resetCount();
-    DeclarationReader reader(path, table, rules);
+    DeclarationReader reader(path, *file, table, rules);
     try {
         reader.read();
+        if (!onlooker() && reader.dependsOnFileAlone()) keep<Reader>(*file, table);
     } catch (const ParseError& error) {
         table.resetCount();
         if (onParseError == OnParseError::endProgram) {
@@ -152,12 +200,12 @@ bool readDeclarations(std::string_view path, Table<VariableDeclaration>& table, 
 
 bool readProfileVariables(std::string_view path, int level, OnParseError onParseError) {
     const ReaderRules rules{true, true, true, level};
-    return readDeclarations(path, variableTables.profileVariables[level], rules, onParseError);
+    return readDeclarations<ProfileReader>(path, variableTables.profileVariables[level], rules, onParseError);
 }
 
 bool readFunctionVariables(std::string_view path, OnParseError onParseError) {
     const ReaderRules rules{false, false, false, 0};
-    return readDeclarations(path, variableTables.functionVariables, rules, onParseError);
+    return readDeclarations<FunctionReader>(path, variableTables.functionVariables, rules, onParseError);
 }
 
 }  // namespace brasquelin

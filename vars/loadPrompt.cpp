@@ -129,12 +129,12 @@ bool confirmPrompt(PromptForm& form) {
         entries.push_back(row.label + row.value());
     }
     if (form.kind == PromptKind::profile) {
-        variableTables.profileVariables[1].assign(std::move(form.declarations));
+        variableTables.profileVariables[1].take(form.declarations);
         auto& values = variableTables.values[1];
         values.resetCount();
         for (const auto& entry : entries) values.append(entry);
     } else {
-        variableTables.functionVariables.assign(std::move(form.declarations));
+        variableTables.functionVariables.take(form.declarations);
     }
     const auto confirmed = std::move(form.confirmed);
     if (confirmed) confirmed(entries);

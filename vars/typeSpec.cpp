@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "text/fileFormat.h"
 #include "text/runTimeError.h"
@@ -47,12 +48,14 @@ std::string chosenByNumber(VariableKind kind, const std::vector<std::string_view
 }  // namespace
 
 VariableKind kindOf(std::string_view typeSpec) {
-    const auto start = firstCharacters(typeSpec, 4);
-    if (equalIgnoringCase(start, "text")) return VariableKind::text;
-    if (equalIgnoringCase(start, "list")) return VariableKind::list;
-    if (equalIgnoringCase(start, "comb")) return VariableKind::comb;
-    if (equalIgnoringCase(start, "path")) return VariableKind::path;
-    if (equalIgnoringCase(start, "dbls")) return VariableKind::dbls;
+    constexpr std::array<std::pair<std::string_view, VariableKind>, 5> kinds{{{"text", VariableKind::text},
+                                                                              {"list", VariableKind::list},
+                                                                              {"comb", VariableKind::comb},
+                                                                              {"path", VariableKind::path},
+                                                                              {"dbls", VariableKind::dbls}}};
+    for (const auto& [start, kind] : kinds) {
+        if (startsWithIgnoringCase(typeSpec, start)) return kind;
+    }
     return VariableKind::unknown;
 }
 

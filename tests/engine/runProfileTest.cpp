@@ -2,11 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <string_view>
+
 #include "config/configFile.h"
 #include "engine/engineTables.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
 #include "text/substitution.h"
+#include "text/text.h"
 #include "vars/declarations.h"
 #include "vars/variableTables.h"
 
@@ -221,6 +225,33 @@ TEST_F(RunProfile, AProgramThatIsNotThereTouchesNothing) {
                                      "/gone.exe'\r\nFrom file '" + profile() + "' at line 4");
     for (const char* kept : {"var", "gone.var"}) EXPECT_TRUE(exists(kept)) << kept;
     EXPECT_TRUE(commands().empty());
+}
+
+/// What a plugin changes is seen by the next line, also where size and time of a file stay: the library's command and
+/// declarations, a called profile, the configuration.
+TEST_F(RunProfile, FilesThatAPluginChangesAreSeenInTheSameRun) {
+    writeText("called.bqp",
+              "#Brasquelin Profile Called\n[library]\n:include $exepath$/echo.bqs\n[/library]\n[var]\nx\n.Type=Text\n"
+              ".Info=none\n.Default=one\n[/var]\n[profile]\nEcho\n.text=$x$ $Out$\n[/profile]");
+    write("info.exe", {});
+    const auto change = [this](const std::string& name, std::string_view from, std::string_view to) {
+        const auto time = std::filesystem::last_write_time(folder() + "/" + name);
+        writeBytes(name, replaceAll(read(name), from, to));
+        std::filesystem::last_write_time(folder() + "/" + name, time);
+    };
+    int runs = 0;
+    onCommand("info.exe", [&] {
+        write("info.var", {});
+        if (++runs != 2) return;
+        change("echo.bqs", "echo $", "tell $");
+        change("echo.bqs", "nothing", "nobody!");
+        change("called.bqp", "Default=one", "Default=two");
+        change("Brasquelin.ini", "Out=/out", "Out=/new");
+    });
+    EXPECT_TRUE(
+        run("Echo\nCalled\nPlugin.info\nEcho\nCalled", ":include $exepath$/called.bqp\n:plugin $exepath$/info.exe"));
+    EXPECT_EQ(jobs(), (Lines{"echo nothing ", "echo one /out ", "// Plugin info loaded ...", "tell nobody! ",
+                             "tell two /new "}));
 }
 
 TEST_F(RunProfile, ACheckMayEndTheProgramWithoutAWord) {
