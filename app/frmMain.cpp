@@ -197,8 +197,8 @@ void FrmMain::run(const MainCommand& command) {
 }
 
 void FrmMain::showChanges() {
-    if (!txtLine_ && !jobList.empty()) makeLine();
     JobList_->showChanges();
+    if (!txtLine_ && !jobList.empty()) makeLine();
     showStatus();
     keepLater();
     if (!txtLine_) return;

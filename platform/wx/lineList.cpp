@@ -45,10 +45,6 @@ LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize
           parent, wxID_ANY, wxDefaultPosition, size,
           wxLC_REPORT | wxLC_VIRTUAL | wxLC_NO_HEADER | border | (selection == Selection::one ? wxLC_SINGLE_SEL : 0),
           wxDefaultValidator, name) {
-    // With equal widths the line with the most characters is the widest.
-    wxFont font = GetFont();
-    font.SetFamily(wxFONTFAMILY_TELETYPE);
-    SetFont(font);
     AppendColumn("");
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         widenColumn();
@@ -86,8 +82,18 @@ void LineList::paintHint(wxPaintEvent& event) {
     drawing.DrawText(wxControl::Ellipsize(toWx(hint_), drawing, wxELLIPSIZE_END, room), gap, gap);
 }
 
+/// With equal widths the line with the most characters is the widest. A list without lines does without the font, which
+/// takes a while to be found.
+void LineList::takeFontOfLines() {
+    if (std::exchange(hasFontOfLines_, true)) return;
+    wxFont font = GetFont();
+    font.SetFamily(wxFONTFAMILY_TELETYPE);
+    SetFont(font);
+}
+
 void LineList::showLines() {
     const long count = static_cast<long>(lineCount());
+    if (count > 0) takeFontOfLines();
     if (count < GetItemCount()) setAllSelected(false);
     SetItemCount(count);
     widenColumn();

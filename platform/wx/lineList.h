@@ -72,8 +72,10 @@ class LineList : public wxListView {
     bool selectFirstSeen();
     void setAllSelected(bool selected);
     void paintHint(wxPaintEvent& event);
+    void takeFontOfLines();
 
     std::string hint_;
+    bool hasFontOfLines_ = false;
     int scrolledBy_ = 0;  // pixels to the right, when the rows were drawn
     std::unique_ptr<LineDragging> dragging_;
 };
