@@ -20,6 +20,7 @@
 #include "app/keptJobs.h"
 #include "app/startUp.h"
 #include "config/configFile.h"
+#include "platform/manual.h"
 #include "platform/wx/fileDropTarget.h"
 #include "platform/wx/mnemonics.h"
 #include "platform/wx/noticeLine.h"
@@ -122,6 +123,9 @@ void FrmMain::completeMenu() {
     commands.AppendSeparator();
     commands.Append(wxID_EXIT, "Exit\tCtrl+Q");
     GetMenuBar()->Append(jobs_->makeMenu(), "&Edit");
+    auto* help = new wxMenu;
+    help->Append(wxID_HELP, "Manual\tF1");
+    GetMenuBar()->Append(help, "&Help");
     giveMnemonics(*GetMenuBar());
 }
 
@@ -187,6 +191,8 @@ void FrmMain::bindCommands() {
     }
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+    Bind(
+        wxEVT_MENU, [](wxCommandEvent&) { openManual(); }, wxID_HELP);
 }
 
 void FrmMain::run(const MainCommand& command) {

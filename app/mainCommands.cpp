@@ -34,7 +34,7 @@ constexpr std::array<MainCommand, 8> commands{{
      [](Selected) { openEditor(); }},
     {"mnuOptions", "Options", "Options", "options", "", "", Picture::options,
      [](Selected) { desktop().showWindow(ProgramWindow::options, true); }},
-    {"mnuAbout", "About", "About", "about", "F1", "", Picture::about,
+    {"mnuAbout", "About", "About", "about", "Shift+F1", "", Picture::about,
      [](Selected) { desktop().showWindow(ProgramWindow::about, true); }},
 }};
 // clang-format on

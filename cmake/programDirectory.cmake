@@ -44,6 +44,20 @@ else()
     copy_to_program_directory(${CMAKE_SOURCE_DIR}/platform/wx/pictures/program.svg brasquelin.svg)
 endif()
 
+# The page that the program shows as its manual, one file. Without the tool there is none, and the program tells so.
+find_program(BRASQUELIN_LOWDOWN lowdown)
+if(BRASQUELIN_LOWDOWN)
+    set(documents manual.md checks.md trust.md reliability.md manualHead.html)
+    list(TRANSFORM documents PREPEND ${CMAKE_SOURCE_DIR}/docs/)
+    set(page ${BRASQUELIN_PROGRAM_DIRECTORY}/manual.html)
+    add_custom_command(OUTPUT ${page} DEPENDS ${documents} ${CMAKE_SOURCE_DIR}/cmake/manualPage.cmake VERBATIM
+                       COMMAND ${CMAKE_COMMAND} -DLOWDOWN=${BRASQUELIN_LOWDOWN} -DDOCS=${CMAKE_SOURCE_DIR}/docs
+                               -DPAGE=${page} -P ${CMAKE_SOURCE_DIR}/cmake/manualPage.cmake)
+    set_property(GLOBAL APPEND PROPERTY BRASQUELIN_COPIES ${page})
+else()
+    message(STATUS "lowdown is not there: the program gets no manual.html")
+endif()
+
 get_property(copies GLOBAL PROPERTY BRASQUELIN_COPIES)
 add_custom_target(program_directory ALL DEPENDS ${copies} ${BRASQUELIN_PLUGINS})
 foreach(part brasquelin brasquelin_windows)

@@ -68,6 +68,9 @@ wxMenuBar* makeEditorMenus(wxMenu*& recent) {
     auto* mnuCheck = new wxMenu;
     mnuCheck->Append(mnuPreview, "Preview\tF5");
     bar->Append(mnuCheck, "&Check");
+    auto* help = new wxMenu;
+    help->Append(wxID_HELP, "Manual\tF1");
+    bar->Append(help, "&Help");
     giveMnemonics(*bar);
     return bar;
 }

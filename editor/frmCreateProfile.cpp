@@ -21,6 +21,7 @@
 #include "editor/problemList.h"
 #include "editor/recentProfiles.h"
 #include "platform/desktop.h"
+#include "platform/manual.h"
 #include "platform/wx/buttons.h"
 #include "platform/wx/colours.h"
 #include "platform/wx/fileDropTarget.h"
@@ -150,6 +151,7 @@ void FrmCreateProfile::bindMenus() {
 
     bindEditMenu();
     onItem(mnuPreview, [this] { act(showPreview); });
+    onItem(wxID_HELP, openManual);
 
     onItem(mnuAdd, [this] { act(addLines); });
     onItem(mnuEdit, [this] { edit(); });

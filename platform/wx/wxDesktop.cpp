@@ -234,8 +234,9 @@ std::string WxDesktop::clipboardText() {
 
 void WxDesktop::openLink(std::string_view target) {
     const bool link = target.starts_with("mailto:") || target.find("://") != std::string_view::npos;
-    const bool opened =
-        link ? wxLaunchDefaultBrowser(toWx(target)) : wxLaunchDefaultApplication(toWx(resolvePath(target)));
+    const wxString found = toWx(link ? std::string(target) : resolvePath(target));
+    const bool inBrowser = link || target.ends_with(".html");
+    const bool opened = inBrowser ? wxLaunchDefaultBrowser(found) : wxLaunchDefaultApplication(found);
     if (!opened) showMessage("No program opens '" + std::string(target) + "'.", "Brasquelin", Icon::exclamation);
 }
 

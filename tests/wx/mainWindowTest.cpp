@@ -356,5 +356,17 @@ TEST_F(MainWindow, AboutOpensItsLinks) {
     EXPECT_EQ(0U, windows.links[1].find("mailto:"));
 }
 
+TEST_F(MainWindow, TheManualIsOpenedHereAndInTheEditor) {
+    wxFrame& frame = start();
+    chooseFromMenu(frame, "Manual");
+    const std::string page = writeFile("manual.html", "<html></html>");
+    EXPECT_EQ(Lines{"Brasquelin: The manual '" + page + "' is not there."}, modals.messages);
+    EXPECT_EQ(Lines(), windows.links);
+    chooseFromMenu(frame, "Manual");
+    chooseFromMenu(frame, "Profile Editor");
+    chooseFromMenu(*dynamic_cast<wxFrame*>(loadedWindow("frmCreateProfile")), "Manual");
+    EXPECT_EQ((Lines{page, page}), windows.links);
+}
+
 }  // namespace
 }  // namespace brasquelin
