@@ -24,9 +24,8 @@ void fillTables() {
     variableTables.reset();
     engineTables.reset();
     for (int i = 0; i < 20; ++i) {
-        settings.globalVars[static_cast<std::size_t>(i)] = {"global" + std::to_string(i), "/data/" + std::to_string(i)};
+        settings.globalVars.append({"global" + std::to_string(i), "/data/" + std::to_string(i)});
     }
-    settings.globalVarCount = std::string("20");
     for (const char* name :
          {"source", "target", "size", "format", "quality", "bitrate", "codec", "preset", "start", "stop"}) {
         variableTables.profileVariables[1].append({name, "Text", "none", "default"});

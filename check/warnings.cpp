@@ -33,7 +33,7 @@ std::vector<std::string> knownNames(const Expansion& expansion) {
     const auto& variables =
         expansion.ofFunction ? variableTables.functionVariables : variableTables.profileVariables[1];
     for (const auto& variable : variables) names.push_back(variable.name);
-    for (std::size_t i = 0; i < globalVarRows(); ++i) names.push_back(settings.globalVars[i].name);
+    for (const auto& variable : settings.globalVars) names.push_back(variable.name);
     if (expansion.ofFunction) return names;
     for (const auto& loop : engineTables.loops[1].records) names.push_back(loop.variable);
     return names;
@@ -193,7 +193,7 @@ void FileCheck::registers(int level, const SourceLine& place) {
 void FileCheck::warnAboutUnused() {
     std::vector<std::string> texts = expandedTexts_;
     for (const auto& variable : declared_) texts.push_back(variable.defaultValue);
-    for (std::size_t i = 0; i < globalVarRows(); ++i) texts.push_back(settings.globalVars[i].value);
+    for (const auto& variable : settings.globalVars) texts.push_back(variable.value);
     for (const auto& variable : declared_) {
         const bool used = std::any_of(texts.begin(), texts.end(), [&variable](const std::string& text) {
             return ReferenceText(text).refersTo(variable.name);

@@ -1,6 +1,5 @@
 #include "config/configFile.h"
 
-#include <charconv>
 #include <memory>
 
 #include "config/clearDirectory.h"
@@ -66,16 +65,14 @@ bool takeSetting(std::string_view line, const std::vector<std::string>& kept) {
 
 void takeVariable(std::string_view line, std::string_view path, int number) {
     const Assignment variable = splitAssignment(line);
-    const std::size_t row = globalVarRows();
     if (!variable.hasEquals) {
         throw RunTimeError(ErrorNumber::invalidCall, std::string(path), number)
             .because("The line '" + std::string(line) + "' holds no \"=\".");
     }
-    if (row >= settings.globalVars.size()) {
+    if (settings.globalVars.count() >= Table<NamedValue>::rowLimit) {
         throw RunTimeError(ErrorNumber::subscriptOutOfRange, std::string(path), number);
     }
-    settings.globalVars[row] = {std::string(variable.name), replaceVar("exepath", exeDirectory(), variable.value)};
-    settings.globalVarCount = std::to_string(row + 1);
+    settings.globalVars.append({std::string(variable.name), replaceVar("exepath", exeDirectory(), variable.value)});
 }
 
 /// Those behind the line that is obeyed, too. A launcher is no path.
@@ -127,13 +124,6 @@ std::string configFilePath() {
     return joinPath(programDirectory(), "Brasquelin.ini");
 }
 
-std::size_t globalVarRows() {
-    std::size_t rows = 0;
-    std::from_chars(settings.globalVarCount.data(), settings.globalVarCount.data() + settings.globalVarCount.size(),
-                    rows);
-    return rows;
-}
-
 void readConfig(std::string_view path) {
     const auto file = readTextFile(path);
     const bool unchanged = file == settings.readFrom && exeDirectory() == lastExeDirectory;
@@ -143,7 +133,7 @@ void readConfig(std::string_view path) {
         return;
     }
     settings.readFrom.reset();
-    settings.globalVarCount = std::string("0");
+    settings.globalVars.resetCount();
     lastTexts.clear();
     lastExeDirectory = exeDirectory();
     readLines(*file, path);
@@ -169,9 +159,7 @@ void writeConfig(std::string_view path, const ConfigFields& fields) {
 
 void expandGlobals(ReferenceText& text) {
     if (!text.mayRefer()) return;
-    const std::size_t rows = globalVarRows();
-    if (rows > settings.globalVars.size()) throw RunTimeError(ErrorNumber::subscriptOutOfRange);
-    for (std::size_t i = 0; i < rows; ++i) text.replace(settings.globalVars[i].name, settings.globalVars[i].value);
+    for (const auto& [name, value] : settings.globalVars) text.replace(name, value);
 }
 
 std::string expandGlobals(std::string_view text) {

@@ -1,7 +1,6 @@
 // The configuration file "Brasquelin.ini": settings and global variables.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -23,8 +22,7 @@ struct Settings {
     std::string basicFunctionPath;
     std::string shellExec;
 
-    std::array<NamedValue, 256> globalVars;
-    std::string globalVarCount = "0";  // decimal text
+    Table<NamedValue> globalVars;
 
     std::shared_ptr<const TextFile> readFrom;  // the file that the variables were last read from, completely
 
@@ -37,9 +35,6 @@ extern Settings settings;
 
 /// The program directory's "Brasquelin.ini".
 std::string configFilePath();
-
-/// `globalVarCount` as a number.
-std::size_t globalVarRows();
 
 /// Reads the file into `settings`. Keys that do not occur leave their setting as it was; the global variables start
 /// over. Raises the error of opening the file, 5 for a variable without "=", 9 for a 257th one.

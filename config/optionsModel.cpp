@@ -26,9 +26,7 @@ OptionsModel::OptionsModel()
     : paths_{settings.libraryPath, settings.profileDirectory, settings.pluginPath, settings.basicFunctionPath},
       directoryChoice_(joinPath(programDirectory(), "Select this directory")),
       fileChoice_(joinPath(programDirectory(), "Select the file")) {
-    for (std::size_t i = 0; i < globalVarRows(); ++i) {
-        variables_.push_back(settings.globalVars[i].name + "=" + settings.globalVars[i].value);
-    }
+    for (const auto& [name, value] : settings.globalVars) variables_.push_back(name + "=" + value);
 }
 
 void OptionsModel::browse(Field field) {

@@ -26,7 +26,7 @@ void appendVariables(const ProfileDocument& document, References& references) {
 }
 
 void appendGlobals(References& references) {
-    for (std::size_t i = 0; i < globalVarRows(); ++i) references.push_back(reference(settings.globalVars[i].name));
+    for (const auto& variable : settings.globalVars) references.push_back(reference(variable.name));
 }
 
 void appendLoops(const ProfileDocument& document, References& references) {

@@ -1,7 +1,9 @@
 #include "engine/basicFunction.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 #include "config/configFile.h"
@@ -12,6 +14,7 @@
 #include "platform/paths.h"
 #include "platform/textFiles.h"
 #include "text/fileFormat.h"
+#include "text/referenceNames.h"
 #include "text/text.h"
 #include "vars/builtIns.h"
 #include "vars/declarations.h"
@@ -97,18 +100,20 @@ struct KeptCommand {
     CommandSection section;
 };
 
-void readCommandSection(std::string_view path) {
+std::shared_ptr<const TextFile> readCommandSection(std::string_view path) {
     const auto file = readTextFile(path);
     auto& variables = variableTables.functionVariables;
     const std::uint64_t declared = variables.revision();
     const auto kept = onlooker() ? nullptr : file->understood.get<KeptCommand>();
     if (kept != nullptr && kept->declared == declared) {
         variables.take(kept->variables);
-        return obey(kept->section);
+        obey(kept->section);
+        return file;
     }
     CommandSection section = takeCommandLines(*file, path);
     obey(section);
     file->understood.keep(KeptCommand{declared, variables, std::move(section)});
+    return file;
 }
 
 /// Raises what the writing of a file would, which is not done.
@@ -146,6 +151,45 @@ std::string valueText(const VariableDeclaration& variable, std::optional<std::st
     return kind == VariableKind::dbls ? doubleSingleBackslashes(value) : value;
 }
 
+// The names of a command
+
+/// In their order.
+enum class CommandPass { builtIn, global, variable, plugin };
+constexpr std::array<std::string_view, 4> commandBuiltIns{"exepath", "scriptpath", "exepathdbslash",
+                                                          "scriptpathdbslash"};
+
+/// For tables of these revisions.
+struct CommandNames {
+    std::uint64_t globals = 0;
+    std::uint64_t variables = 0;
+    std::uint64_t results = 0;
+    ReferenceNames names;
+};
+
+CommandNames collectNames(const Table<VariableDeclaration>& variables, const Table<NamedValue>& results) {
+    const auto& globals = settings.globalVars;
+    CommandNames all{globals.revision(), variables.revision(), results.revision(), {}};
+    const auto add = [&](CommandPass pass, std::size_t row, std::string_view name) {
+        all.names.add(ReferenceNames::turnIn(pass, row), name);
+    };
+    for (std::size_t i = 0; i < commandBuiltIns.size(); ++i) add(CommandPass::builtIn, i, commandBuiltIns[i]);
+    for (std::size_t i = 0; i < globals.count(); ++i) add(CommandPass::global, i, globals.row(i).name);
+    for (std::size_t i = 0; i < variables.count(); ++i) add(CommandPass::variable, i, variables.row(i).name);
+    const std::size_t last = lastPluginRow(results);
+    for (std::size_t i = 0; i <= last; ++i) add(CommandPass::plugin, i, results.row(i).name);
+    all.names.finish();
+    return all;
+}
+
+std::shared_ptr<const CommandNames> namesOf(const TextFile& file, int level) {
+    const auto& variables = variableTables.functionVariables;
+    const auto& results = variableTables.pluginResults[level];
+    auto kept = file.understood.get<CommandNames>();
+    const bool current = kept && kept->globals == settings.globalVars.revision() &&
+                         kept->variables == variables.revision() && kept->results == results.revision();
+    return current ? kept : file.understood.keep(collectNames(variables, results));
+}
+
 /// One run of a basic function or library. The tables are empty afterwards, however it ends.
 class FunctionRun {
   public:
@@ -155,13 +199,15 @@ class FunctionRun {
     FunctionRun& operator=(const FunctionRun&) = delete;
 
     /// Its line for the job list.
-    std::string perform(const std::vector<std::string>& arguments);
+    std::string perform(const TextFile& file, const std::vector<std::string>& arguments);
 
   private:
     std::vector<std::optional<std::string_view>> matched(const std::vector<std::string>& arguments) const;
     void resolve(const std::vector<std::string>& arguments);
     void expandAllForms(ReferenceText& text) const;
     void expandDirectories(ReferenceText& text, std::string_view doubledExepath) const;
+    bool mayHoldForms(const std::string& command) const;
+    bool joinCommand(const std::string& command, std::string& joined) const;
     std::string expandedCommand(const std::string& command) const;
     std::string expandedWriteText(const std::string& write) const;
     void tellExpansions(bool isFile) const;
@@ -177,10 +223,12 @@ class FunctionRun {
 
     std::string_view path_;
     const FunctionContext& context_;
+    const TextFile* file_ = nullptr;  // while it performs
     std::vector<ResolvedVariable> variables_;
 };
 
-std::string FunctionRun::perform(const std::vector<std::string>& arguments) {
+std::string FunctionRun::perform(const TextFile& file, const std::vector<std::string>& arguments) {
+    file_ = &file;
     const bool isFile = equalIgnoringCase(functionAction.type, "file");
     if (!isFile && !equalIgnoringCase(functionAction.type, "shell")) return {};
     resolve(arguments);
@@ -239,7 +287,37 @@ void FunctionRun::tellExpansions(bool isFile) const {
     if (isFile && action.writeLine > 0) onlooker()->expands({{path, action.writeLine}, action.write, true, write});
 }
 
+/// "index($name$)" or "text($name$)"
+bool FunctionRun::mayHoldForms(const std::string& command) const {
+    const auto hasForms = [](const ResolvedVariable& variable) { return variable.choice.hasForms; };
+    return command.find("($") != std::string::npos && std::any_of(variables_.begin(), variables_.end(), hasForms);
+}
+
+/// False when the order of the names may matter.
+bool FunctionRun::joinCommand(const std::string& command, std::string& joined) const {
+    const auto names = namesOf(*file_, context_.level);
+    std::string directory;
+    const auto valueOf = [&](ReferenceNames::Turn turn) -> const std::string* {
+        const std::size_t row = ReferenceNames::rowOf(turn);
+        switch (ReferenceNames::passOf<CommandPass>(turn)) {
+            case CommandPass::builtIn:
+                directory = builtInDirectory(commandBuiltIns[row], [this] { return dirOf(shortPath(path_)); });
+                return &directory;
+            case CommandPass::global:
+                return &settings.globalVars.row(row).value;
+            case CommandPass::variable:
+                return &variables_[row].choice.value;
+            case CommandPass::plugin:
+                return &variableTables.pluginResults[context_.level].row(row).value;
+        }
+        return nullptr;
+    };
+    return names->names.join(command, valueOf, joined);
+}
+
 std::string FunctionRun::expandedCommand(const std::string& command) const {
+    std::string joined;
+    if (!mayHoldForms(command) && joinCommand(command, joined)) return joined;
     ReferenceText text(command);
     expandAllForms(text);
     expandDirectories(text, "exepathdbslash");
@@ -323,25 +401,19 @@ std::vector<NamedFunction> listFunctions(std::string_view listPath) {
     return functions;
 }
 
-void readBasicFunction(std::string_view path) {
-    readFunctionVariables(path);
-    readCommandSection(path);
-}
-
 std::string runBasicFunction(std::string_view path, const FunctionContext& context,
                              const std::vector<std::string>& arguments) {
     FunctionRun run(path, context);
     readConfig(configFilePath());
-    readBasicFunction(path);
-    return run.perform(arguments);
+    readFunctionVariables(path);
+    return run.perform(*readCommandSection(path), arguments);
 }
 
 std::string runPromptedLibrary(std::string_view path, const std::vector<std::string>& arguments) {
     const FunctionContext openedByUser;
     FunctionRun run(path, openedByUser);
     readConfig(configFilePath());
-    readCommandSection(path);
-    return run.perform(arguments);
+    return run.perform(*readCommandSection(path), arguments);
 }
 
 bool runNamedFunction(std::string_view name, std::string_view parameter, const FunctionContext& context,
@@ -351,8 +423,9 @@ bool runNamedFunction(std::string_view name, std::string_view parameter, const F
     if (onlooker()) onlooker()->follows(*path);
     FunctionRun run(*path, context);
     readConfig(configFilePath());
-    readBasicFunction(*path);
-    jobLine = run.perform(parameterEntries(parameter));
+    readFunctionVariables(*path);
+    const auto file = readCommandSection(*path);
+    jobLine = run.perform(*file, parameterEntries(parameter));
     return true;
 }
 

@@ -24,9 +24,6 @@ struct FunctionContext {
     int fromLine = 0;
 };
 
-/// Reads declarations and "[command]" section into `functionVariables` and `functionAction`.
-void readBasicFunction(std::string_view path);
-
 /// Runs the file with these arguments (name=value) and returns its line for the job list. Reads the configuration
 /// again. Raises the errors of reading and writing; ends the program after its message for an argument without a
 /// variable.

@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "text/substitution.h"
-
 namespace brasquelin {
 
 /// Expands a line at a nesting level: built-ins, global variables, counters of open loops, assignments, counters of all
@@ -14,8 +12,8 @@ namespace brasquelin {
 /// undeclared variable; raises 9 or 13 for a bad item number.
 std::string expandProfileLine(std::string& line, int level, std::string_view scriptPath, int index);
 
-/// The counters of the loops that are open at the level.
-void expandCounters(ReferenceText& text, int level);
+/// The same for whoever does not ask for the line before the last pass. The text lives until the next call.
+const std::string& expandedLine(std::string_view line, int level, std::string_view scriptPath, int index);
 
 /// The message about an assignment to a variable that its file does not declare.
 [[noreturn]] void endForUnknownVar(std::string_view name, std::string_view fromFile, int fromLine,

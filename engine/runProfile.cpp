@@ -49,7 +49,8 @@ class ProfileRun {
   private:
     bool nextLine();
     int lineNumber() const { return static_cast<int>(position_); }
-    std::string expanded(std::string_view text) const;
+    /// It lives until the next call.
+    const std::string& expanded(std::string_view text) const;
     void markLine(std::size_t number) const { engineTables.fileStack.back().line = static_cast<int>(number); }
 
     void tellExpansion(std::string_view text) const;
@@ -127,14 +128,13 @@ bool ProfileRun::nextLine() {
     return true;
 }
 
-std::string ProfileRun::expanded(std::string_view text) const {
-    std::string line(text);
+const std::string& ProfileRun::expanded(std::string_view text) const {
     if (onlooker()) tellExpansion(text);
-    return expandProfileLine(line, level_, path_, index_);
+    return expandedLine(text, level_, path_, index_);
 }
 
 void ProfileRun::tellExpansion(std::string_view text) const {
-    const auto expand = [this](std::string other) { return expandProfileLine(other, level_, path_, index_); };
+    const auto expand = [this](const std::string& other) { return expandedLine(other, level_, path_, index_); };
     onlooker()->expands({{path_, lineNumber()}, text, false, expand});
 }
 

@@ -38,8 +38,7 @@ void configuration(std::string_view input) {
     if (!readsConfig(path)) return;
     ConfigFields fields;
     fields.libraryPath = settings.libraryPath;
-    for (std::size_t i = 0; i < globalVarRows(); ++i) {
-        const auto& [name, value] = settings.globalVars[i];
+    for (const auto& [name, value] : settings.globalVars) {
         fields.variables.push_back(std::string(name).append(1, '=').append(value));
     }
     const auto variables = settings.globalVars;

@@ -68,11 +68,9 @@ bool ReferenceText::mayHoldGap(std::size_t length) const {
     return mayRefer() && (!ascii_ || (gaps_ & gapBit(length)) != 0);
 }
 
-bool ReferenceText::pairMatches(std::size_t pair, std::string_view name) const {
-    const std::size_t begin = dollars_[pair] + 1;
-    const std::size_t length = dollars_[pair + 1] - begin;
-    if (ascii_ && length != name.size()) return false;
-    return equalIgnoringCase(std::string_view(text_).substr(begin, length), name);
+bool ReferenceText::pairMatches(std::size_t index, std::string_view name) const {
+    const std::string_view found = pair(index);
+    return (!ascii_ || found.size() == name.size()) && equalIgnoringCase(found, name);
 }
 
 bool ReferenceText::refersTo(std::string_view name) const {

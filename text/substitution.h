@@ -27,6 +27,13 @@ class ReferenceText {
     /// False when no reference is possible: fewer than two dollar signs.
     bool mayRefer() const { return dollars_.size() > 1; }
 
+    /// What stands between the neighbouring dollar signs of number `index` and the one behind it: a name, if it is one.
+    std::size_t pairCount() const { return mayRefer() ? dollars_.size() - 1 : 0; }
+    std::string_view pair(std::size_t index) const {
+        const std::size_t begin = dollars_[index] + 1;
+        return std::string_view(text_).substr(begin, dollars_[index + 1] - begin);
+    }
+
     /// True when the text holds "$" + name + "$" in any letter case.
     bool refersTo(std::string_view name) const;
 
@@ -41,7 +48,7 @@ class ReferenceText {
 
   private:
     bool mayHoldGap(std::size_t length) const;
-    bool pairMatches(std::size_t pair, std::string_view name) const;
+    bool pairMatches(std::size_t index, std::string_view name) const;
     void replacePairs(std::size_t first, std::string_view name, std::string_view value);
     void keepText(std::size_t begin, std::size_t end);
     void tellLongWork() const;

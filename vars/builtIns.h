@@ -9,6 +9,13 @@
 
 namespace brasquelin {
 
+/// What a built-in stands for.
+template <typename ScriptDirectory>
+std::string builtInDirectory(std::string_view name, ScriptDirectory scriptDirectory) {
+    const std::string directory = name.starts_with("exepath") ? exeDirectory() : scriptDirectory();
+    return name.ends_with("slash") ? doubleBackslashes(directory) : directory;
+}
+
 /// Replaces the built-ins of these names, in this order. "exepath..." stands for the short program directory,
 /// "scriptpath..." for what `scriptDirectory` gives; a name that ends in "slash" for the same with doubled
 /// back-slashes. Values are worked out only for names that the text refers to.
@@ -17,8 +24,7 @@ void expandBuiltIns(ReferenceText& text, const Names& names, ScriptDirectory scr
     if (!text.mayRefer()) return;
     for (const std::string_view name : names) {
         if (!text.refersTo(name)) continue;
-        const std::string directory = name.starts_with("exepath") ? exeDirectory() : scriptDirectory();
-        text.replace(name, name.ends_with("slash") ? doubleBackslashes(directory) : directory);
+        text.replace(name, builtInDirectory(name, scriptDirectory));
     }
 }
 

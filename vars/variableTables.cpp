@@ -28,10 +28,14 @@ int findVar(std::string_view name, int level) {
     return findVar(name, variableTables.profileVariables[level]);
 }
 
+std::size_t lastPluginRow(const Table<NamedValue>& results) {
+    return std::min(results.count(), results.rowLimit - 1);
+}
+
 void expandPluginVars(ReferenceText& text, int level) {
     if (!text.mayRefer()) return;
     const auto& results = variableTables.pluginResults[level];
-    const std::size_t last = std::min(results.count(), results.rowLimit - 1);
+    const std::size_t last = lastPluginRow(results);
     for (std::size_t i = 0; i <= last; ++i) text.replace(results.row(i).name, results.row(i).value);
 }
 

@@ -31,6 +31,9 @@ extern VariableTables variableTables;
 int findVar(std::string_view name, int level);
 int findVar(std::string_view name, const Table<VariableDeclaration>& variables);
 
+/// Of the plugin variables, the last row that counts: on purpose the one behind the counted rows.
+std::size_t lastPluginRow(const Table<NamedValue>& results);
+
 /// Replaces the plugin variables of the level: the counted rows and, on purpose, the row behind them.
 std::string expandPluginVars(std::string_view text, int level);
 void expandPluginVars(ReferenceText& text, int level);

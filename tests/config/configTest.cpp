@@ -35,7 +35,7 @@ TEST_F(Config, VariablesKeepTheirBlanksAndStartOverWithEachRead) {
     EXPECT_EQ(expandGlobals("$tempdir$ $A $"), folder() + "/tmp  b");
     settings.profilePath = "kept";
     readLines({"[var]", "[/var]"});
-    EXPECT_EQ(settings.globalVarCount, "0");
+    EXPECT_EQ(settings.globalVars.count(), 0U);
     EXPECT_EQ(settings.profilePath, "kept");
     readLines({"[config]", "profilepath = /p", "[/config]"});
     settings.profilePath = "/p/open.bqp";
@@ -45,11 +45,11 @@ TEST_F(Config, VariablesKeepTheirBlanksAndStartOverWithEachRead) {
 
 TEST_F(Config, BadVariablesAreErrorsThatKeepTheRowsBefore) {
     EXPECT_EQ(errorOf([this] { readLines({"[var]", "a=1", "no equals sign"}); }), ErrorNumber::invalidCall);
-    EXPECT_EQ(settings.globalVarCount, "1");
+    EXPECT_EQ(settings.globalVars.count(), 1U);
     Lines lines(258, "v=1");
     lines[0] = "[var]";
     EXPECT_EQ(errorOf([&] { readLines(lines); }), ErrorNumber::subscriptOutOfRange);
-    EXPECT_EQ(settings.globalVarCount, "256");
+    EXPECT_EQ(settings.globalVars.count(), 256U);
 }
 
 TEST_F(Config, ALineOfBlanksIsQuoted) {

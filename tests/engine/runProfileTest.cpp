@@ -289,6 +289,17 @@ TEST_F(RunFunction, ParametersNameVariablesOrFillTheFirstOne) {
     EXPECT_EQ(jobs(), (Lines{"cp -s a  Safe 2", "cp -s b=c  Safe 2", "cp -f x||y C:\\\\d\\\\e Fast 1"}));
 }
 
+TEST_F(RunFunction, TheNamesOfACommandHaveTheirTurns) {
+    for (const std::string command : {"cp $$-$from$$b$ $Out$ $from$-$none$", "cp $out$ $FROM$ $$-$b$"}) {
+        writeText("copy.ini",
+                  "[var]\nfrom\n.Type=Text\n.Info=\nb\n.Type=Text\n.Info=\n[/var]\n[command]\n"
+                  "type=shell\ncommand=" +
+                      command + "\n[/command]");
+        run("BasicFunction.copy=from=$b$||b=2\nBasicFunction.copy=from=1||b=2");
+    }
+    EXPECT_EQ(jobs(), (Lines{"cp -22 /out 2-$none$", "cp -12 /out 1-$none$", "cp /out 2 -2", "cp /out 1 -2"}));
+}
+
 TEST_F(RunFunction, OnlyDigitsAloneAreAnItemNumber) {
     for (const std::string value : {"2", " 2", "+2", "-s"}) {
         write("copy.ini", {"[var]", "mode", ".Type=Comb(Fast[-f]||Safe[-s])", ".Info=none", "[/var]", "[command]",

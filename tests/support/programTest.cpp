@@ -41,8 +41,8 @@ void ProgramTest::remove(const std::string& name) const {
 }
 
 void ProgramTest::setGlobals(const std::vector<NamedValue>& variables) {
-    for (std::size_t i = 0; i < variables.size(); ++i) settings.globalVars[i] = variables[i];
-    settings.globalVarCount = std::to_string(variables.size());
+    settings.globalVars.clear();
+    for (const auto& variable : variables) settings.globalVars.append(variable);
 }
 
 ErrorNumber ProgramTest::errorOf(const std::function<void()>& action) {

@@ -11,6 +11,7 @@ namespace brasquelin {
 /// Every "$" + name + "$" replaced by the value, in any letter case, one character after another.
 inline std::string replacedSlowly(std::string_view name, std::string_view value, std::string_view text) {
     const std::string wanted = lowerCase("$" + std::string(name) + "$");
+    if (lowerCase(text).find(wanted) == std::string::npos) return std::string(text);
     std::string result;
     for (std::size_t at = 0; at < text.size();) {
         const auto head = text.substr(at);

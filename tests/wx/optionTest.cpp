@@ -58,7 +58,7 @@ TEST_F(Options, EditsAndSavesTheConfiguration) {
         window.Close();
     });
     EXPECT_EQ("/new/libraries", settings.libraryPath) << "closing discards";
-    EXPECT_EQ("clang", settings.globalVars[0].value);
+    EXPECT_EQ("clang", settings.globalVars.row(0).value);
 }
 
 TEST_F(Options, AFileThatCannotBeWrittenIsToldAndTheWindowStays) {

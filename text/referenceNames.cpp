@@ -1,0 +1,100 @@
+#include "text/referenceNames.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "text/text.h"
+
+namespace brasquelin {
+
+namespace {
+
+char asciiLowerCase(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
+char asciiUpperCase(char byte) {
+    return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - ('a' - 'A')) : byte;
+}
+
+}  // namespace
+
+void ReferenceNames::clear() {
+    entries_.clear();
+    oddOnes_.clear();
+    firstCharacters_.reset();
+    firstCharacters_.set('$');
+    leftOutFrom_ = leftOutTo_ = 0;
+}
+
+void ReferenceNames::add(Turn turn, std::string_view name) {
+    if (name.find('$') != std::string_view::npos) oddOnes_.push_back(entries_.size());
+    entries_.push_back({std::string(name), turn, hashOf(name), none});
+    if (name.empty()) return;
+    firstCharacters_.set(static_cast<unsigned char>(asciiLowerCase(name.front())));
+    firstCharacters_.set(static_cast<unsigned char>(asciiUpperCase(name.front())));
+    if (isAscii(name.substr(0, 1))) return;
+    for (std::size_t lead = 0x80; lead <= 0xFF; ++lead) firstCharacters_.set(lead);  // another case has another lead
+}
+
+/// The entries of a place keep their order.
+void ReferenceNames::finish() {
+    places_.assign(std::bit_ceil(2 * entries_.size() + 1), none);
+    for (std::size_t i = entries_.size(); i > 0; --i) {
+        Entry& entry = entries_[i - 1];
+        std::size_t& first = places_[entry.hash & (places_.size() - 1)];
+        entry.next = first;
+        first = i - 1;
+    }
+}
+
+const std::string& ReferenceNames::name(Turn turn) const {
+    const auto at = std::lower_bound(entries_.begin(), entries_.end(), turn,
+                                     [](const Entry& entry, Turn wanted) { return entry.turn < wanted; });
+    return at->name;
+}
+
+void ReferenceNames::leaveOut(Turn first, Turn last) {
+    leftOutFrom_ = first;
+    leftOutTo_ = last;
+}
+
+/// Of the name in lower case.
+std::uint32_t ReferenceNames::hashOf(std::string_view name) {
+    constexpr std::uint32_t start = 2166136261;
+    constexpr std::uint32_t factor = 16777619;
+    std::uint32_t hash = start;
+    for (const char byte : name) {
+        if (static_cast<unsigned char>(byte) >= 0x80)
+            return static_cast<std::uint32_t>(std::hash<std::string>()(lowerCase(name)));
+        hash = (hash ^ static_cast<unsigned char>(asciiLowerCase(byte))) * factor;
+    }
+    return hash ^ (hash >> 15U);
+}
+
+ReferenceNames::Turn ReferenceNames::turnOf(std::string_view name, Turn from) const {
+    if (places_.empty()) return never;
+    const std::uint32_t hash = hashOf(name);
+    for (std::size_t i = places_[hash & (places_.size() - 1)]; i != none; i = entries_[i].next) {
+        const Entry& entry = entries_[i];
+        if (entry.hash != hash || entry.turn < from || isLeftOut(entry.turn)) continue;
+        if (equalIgnoringCase(entry.name, name)) return entry.turn;
+    }
+    return never;
+}
+
+ReferenceNames::Turn ReferenceNames::next(const ReferenceText& text, Turn from) const {
+    Turn first = never;
+    for (std::size_t i = 0; i < text.pairCount(); ++i) {
+        const std::string_view name = text.pair(i);
+        if (name.empty() || mayBegin(name.front())) first = std::min(first, turnOf(name, from));
+    }
+    for (const std::size_t i : oddOnes_) {
+        const Entry& entry = entries_[i];
+        const bool due = entry.turn >= from && entry.turn < first && !isLeftOut(entry.turn);
+        if (due && text.refersTo(entry.name)) first = entry.turn;
+    }
+    return first;
+}
+
+}  // namespace brasquelin
