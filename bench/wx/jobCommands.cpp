@@ -1,14 +1,10 @@
 #include "jobCommands.h"
 
-#include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
 #include <wx/textctrl.h>
 
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <numeric>
@@ -20,34 +16,13 @@
 #include "app/jobListView.h"
 #include "app/keptJobs.h"
 #include "platform/wx/wxText.h"
+#include "stopwatch.h"
 
 namespace brasquelin {
 
 namespace {
 
 constexpr std::size_t jobCount = 100'000;
-
-class Stopwatch {
-  public:
-    explicit Stopwatch(wxFrame& frame) : frame_(frame) {}
-    double longest() const { return longest_; }
-
-    /// In milliseconds.
-    void time(const std::string& what, const std::function<void()>& action) {
-        const auto start = std::chrono::steady_clock::now();
-        action();
-        wxTheApp->ProcessIdle();
-        frame_.Update();
-        const std::chrono::duration<double, std::milli> passed = std::chrono::steady_clock::now() - start;
-        std::printf("%8.1f ms  %s\n", passed.count(), what.c_str());
-        longest_ = std::max(longest_, passed.count());
-        wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
-    }
-
-  private:
-    wxFrame& frame_;
-    double longest_ = 0;
-};
 
 /// By its place in the menu, for the captions change.
 void choose(wxFrame& frame, JobCommandKind kind) {
@@ -134,7 +109,6 @@ void timeJobCommands(wxFrame& frame) {
     timeWith(frame, list, watch, "all but the ends", [&] { list.selectJobs(block(1, jobCount - 1)); });
     watch.time("select all", [&] { list.selectAll(); });
     timeList(frame, list, watch);
-    std::printf("longest: %.1f ms\n", watch.longest());
 }
 
 }  // namespace brasquelin

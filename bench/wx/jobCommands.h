@@ -6,7 +6,7 @@ class wxFrame;
 namespace brasquelin {
 
 /// Prints what each command takes in the main window until the window is up to date, for one job, for a block of half
-/// of them and for all. Ends with the longest.
+/// of them and for all.
 void timeJobCommands(wxFrame& frame);
 
 }  // namespace brasquelin

@@ -1,21 +1,21 @@
 // One measurement of the windows per run:
-//   empty            shows an empty window of the toolkit and ends
-//   main DIRECTORY   shows the main window of the program in this directory and ends
-//   edit DIRECTORY   prints what each command of the job list takes with 100,000 lines
-//   jobs DIRECTORY   appends 100,000 lines to the job list, shows them and prints both times
+//   list DIRECTORY             appends 100,000 lines to the job list, shows them and prints both times
+//   jobs DIRECTORY             prints what each command of the job list takes with 100,000 lines
+//   editor DIRECTORY PROFILE   prints what each command of the editor takes with this profile
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/frame.h>
-#include <wx/panel.h>
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 #include "app/jobList.h"
 #include "app/jobListView.h"
 #include "app/programWindows.h"
+#include "editorCommands.h"
 #include "engine/runProfile.h"
 #include "jobCommands.h"
 #include "platform/paths.h"
@@ -46,15 +46,6 @@ void runUntilPainted() {
     std::_Exit(0);
 }
 
-void showEmptyWindow() {
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "Empty", wxDefaultPosition, wxSize(1060, 560));
-    new wxPanel(frame);
-    watchPainting(*frame);
-    frame->Show();
-    runUntilPainted();
-    done();
-}
-
 wxWindow& showMainWindow() {
     dynamic_cast<ProgramWindows&>(desktop()).start({});
     wxWindow& frame = *wxWindow::FindWindowByName("frmMain");
@@ -77,30 +68,43 @@ void showJobs() {
     frame.Refresh();
     runUntilPainted();
     const long shown = dynamic_cast<JobListView&>(*wxWindow::FindWindowByName("JobList", &frame)).GetItemCount();
-    std::printf("%ld lines: %ld ms to append, %ld ms until shown\n", shown, appended, milliseconds(start));
+    if (shown != 100'000) std::exit(1);
+    std::printf("%8ld ms  append\n%8ld ms  until shown\n", appended, milliseconds(start));
     done();
 }
 
-void editJobs() {
+void timeJobs() {
     timeJobCommands(dynamic_cast<wxFrame&>(showMainWindow()));
     done();
 }
+
+/// Its file dialogs are answered with one profile.
+class BenchWindows : public ProgramWindows {
+  public:
+    explicit BenchWindows(std::string profile) : profile_(std::move(profile)) {}
+
+  protected:
+    ChosenFile chooseFile(const FileDialogRequest&) override { return {profile_}; }
+
+  private:
+    std::string profile_;
+};
 
 }  // namespace
 }  // namespace brasquelin
 
 int main(int argc, char** argv) {
     using namespace brasquelin;
-    const std::string mode = argc > 1 ? argv[1] : "";
-    if (mode == "empty") return runApplication(showEmptyWindow);
-    if (argc != 3) return 2;
+    if (argc < 3) return 2;
+    const std::string mode = argv[1];
     setProgramDirectory(argv[2]);
-    ProgramWindows windows;
+    BenchWindows windows(argc > 3 ? argv[3] : "");
     setDesktop(windows);
-    if (mode == "edit") return runApplication(editJobs);
-    if (mode == "jobs") return runApplication(showJobs);
+    if (mode == "jobs") return runApplication(timeJobs);
+    if (mode == "list") return runApplication(showJobs);
     return runApplication([] {
         showMainWindow();
+        timeEditor();
         done();
     });
 }

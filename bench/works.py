@@ -1,0 +1,125 @@
+"""The works that are measured, each of any size, in a program directory of its own."""
+import os
+import pathlib
+import shutil
+import subprocess
+import time
+
+LIBRARY = """#Brasquelin Library  Pack
+[var]
+input
+.Type=Text
+.Info=none
+output
+.Type=Text
+.Info=none
+{more}[/var]
+[command]
+type=shell
+command=pack --from "$input$" --to "$output$" {options}
+[/command]
+"""
+REPLAYED = """#Brasquelin Profile Replayed
+[library]
+:Include $exepath$/pack.bqs
+[/library]
+[var]
+{declarations}[/var]
+[profile]
+Pack
+{parameters}[/profile]
+"""
+LOOPS = """#Brasquelin Profile Loops
+[library]
+:Include $exepath$/pack2.bqs
+[/library]
+[profile]
+{open}Pack
+.input=in-$i$-$j$-$k$
+.output=out-$i$-$j$-$k$
+Next
+Next
+Next
+[/profile]
+"""
+LONG = """#Brasquelin Profile Long
+[library]
+:Include $exepath$/pack.bqs
+[/library]
+[var]
+x
+.Type=Text
+.Info=none
+[/var]
+[profile]
+{calls}
+Unknown
+[/profile]
+"""
+FIVE = ["input", "output", "third", "fourth", "fifth"]
+
+
+def write(path, text):
+    path.write_text(text.replace("\n", "\r\n"), newline="")
+
+
+class Works:
+    """A copy of a program with libraries and profiles; nothing is written outside of `folder`."""
+
+    def __init__(self, program_directory, folder):
+        self.folder = pathlib.Path(folder)
+        for file in pathlib.Path(program_directory).iterdir():
+            if file.is_file() and file.name.startswith("brasquelin"):
+                shutil.copy(file, self.folder)
+        self.program = self.folder / "brasquelin"
+        self.batch = self.folder / "brasquelin.bat"
+        self.batch.unlink(missing_ok=True)
+        write(self.folder / "Brasquelin.ini",
+              "[config]\nshellexec = true\n[/config]\n[var]\nOutDir=$exepath$/out\n[/var]\n")
+        declared = "{}\n.Type=Text\n.Info=none\n"
+        write(self.folder / "pack.bqs", LIBRARY.format(more="".join(declared.format(name) for name in FIVE[2:]),
+                                                       options=" ".join(f"${name}$" for name in FIVE[2:])))
+        write(self.folder / "pack2.bqs", LIBRARY.format(more="", options=""))
+        write(self.folder / "replayed.bqp",
+              REPLAYED.format(declarations="".join(declared.format(name) for name in FIVE),
+                              parameters="".join(f".{name}=${name}$\n" for name in FIVE)))
+
+    def replay(self, lines):
+        """Arguments that replay a list of so many lines with five presets each: a job a line."""
+        path = self.folder / f"list-{lines}.txt"
+        with open(path, "w", newline="") as file:
+            for number in range(lines):
+                presets = " ".join(f"00{i + 1}=value {i} of {number}" for i in range(5))
+                file.write(f"/opt/brasquelin {self.folder}/replayed.bqp {presets}\r\n")
+        return ["-f", str(path)]
+
+    def loops(self, *ends):
+        """Arguments that run three nested loops up to these ends: a job for each turn of the innermost."""
+        path = self.folder / f"loops-{'-'.join(map(str, ends))}.bqp"
+        loop = "For\n.VarName={}\n.VarStart=1\n.VarEnd={}\n.VarStep=1\n"
+        write(path, LOOPS.format(open="".join(loop.format(name, end) for name, end in zip("ijk", ends))))
+        return [str(path)]
+
+    def long_profile(self, lines):
+        """The path of a profile with so many lines in its command section, and one finding."""
+        path = self.folder / f"long-{lines}.bqp"
+        call = "Pack\n.input=$x$ of {0}\n.output=$exepath$/out-{0}\n.third=3"
+        write(path, LONG.format(calls="\n".join(call.format(i) for i in range(lines // 4))))
+        return str(path)
+
+    def environment(self, **more):
+        """Of a start without a display."""
+        kept = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "WAYLAND_DISPLAY")}
+        return {**kept, "HOME": str(self.folder), "XDG_DATA_HOME": str(self.folder / "data"), **more}
+
+    def run(self, arguments, jobs):
+        """Runs up to the written batch file. Gives the seconds and the most memory in bytes."""
+        self.batch.unlink(missing_ok=True)
+        started = time.time()
+        child = subprocess.Popen([self.program, *arguments], env=self.environment())
+        _, status, usage = os.wait4(child.pid, 0)
+        child.returncode = status
+        assert status == 0, f"exit status {status}"
+        with open(self.batch, "rb") as file:
+            assert sum(1 for _ in file) == jobs, "a job is missing"
+        return self.batch.stat().st_mtime - started, usage.ru_maxrss * 1024
