@@ -112,9 +112,17 @@ std::string batchFilePath() {
 }
 
 void writeBatchFile() {
-    std::string text;
-    for (const auto& line : jobList.lines()) text.append(line).append("\r\n");
-    writeFile(batchFilePath(), encodeOem(text));
+    constexpr std::size_t pieceBytes = 1U << 16U;
+    writeInPieces(batchFilePath(), [](const TakeBytes& take) {
+        std::string piece;
+        for (std::size_t job = 0; job < jobList.size(); ++job) {
+            piece.append(jobList.line(job)).append("\r\n");
+            if (piece.size() < pieceBytes) continue;
+            take(encodeOem(piece));
+            piece.clear();
+        }
+        take(encodeOem(piece));
+    });
 }
 
 void runBatchAndWait() {
@@ -128,7 +136,7 @@ void runBatchAndWait() {
 }
 
 void executeLine(std::optional<std::size_t> selected) {
-    startCommand(selected ? std::string_view(jobList.line(*selected)) : std::string_view(), styleOfCommands());
+    startCommand(selected ? jobList.line(*selected) : std::string_view(), styleOfCommands());
 }
 
 void executeJobList() {

@@ -212,7 +212,7 @@ void FrmMain::showChanges() {
     if (selected == shownLine_ && (!selected || shownRevision_ == jobList.revision())) return;
     shownLine_ = selected;
     shownRevision_ = jobList.revision();
-    txtLine_->ChangeValue(selected ? toWx(wholeLine(jobList.line(*selected))) : wxString());
+    txtLine_->ChangeValue(selected ? toWx(wholeLine(std::string(jobList.line(*selected)))) : wxString());
 }
 
 void FrmMain::keepLater() {

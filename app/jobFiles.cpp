@@ -49,14 +49,19 @@ done 9<<')";
 /// The line behind the last job. No job is the same.
 std::string endMark() {
     std::string mark = "BRASQUELIN_JOBS";
-    const auto& jobs = jobList.lines();
-    while (std::find(jobs.begin(), jobs.end(), mark) != jobs.end()) mark += "_";
+    const auto isJob = [](const std::string& text) {
+        for (std::size_t job = 0; job < jobList.size(); ++job) {
+            if (jobList.line(job) == text) return true;
+        }
+        return false;
+    };
+    while (isJob(mark)) mark += "_";
     return mark;
 }
 
 std::string joined(std::string_view lineEnd) {
     std::string text;
-    for (const auto& line : jobList.lines()) text.append(line).append(lineEnd);
+    for (std::size_t job = 0; job < jobList.size(); ++job) text.append(jobList.line(job)).append(lineEnd);
     return text;
 }
 

@@ -1,6 +1,7 @@
 #include "app/jobList.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "text/visibleText.h"
 
@@ -8,44 +9,72 @@ namespace brasquelin {
 
 JobList jobList;
 
-namespace {
-std::uint32_t widthOf(const std::string& line) {
-    return static_cast<std::uint32_t>(shownWidth(line));
+JobList::Line JobList::keep(std::string_view text) {
+    constexpr std::size_t firstBlock = 1U << 14U;  // the next ones are larger and larger
+    if (!memory_) memory_ = std::make_unique<Memory>(firstBlock);
+    char* const kept = static_cast<char*>(memory_->allocate(text.size() + 1, 1));
+    text.copy(kept, text.size());
+    used_ += text.size();
+    return {kept, static_cast<std::uint32_t>(text.size()), static_cast<std::uint32_t>(shownWidth(text))};
 }
-}  // namespace
 
-void JobList::append(std::string line) {
-    widths_.push_back(widthOf(line));
-    if (lines_.empty() || widths_.back() > widths_[longest_]) longest_ = lines_.size();
-    lines_.push_back(std::move(line));
+void JobList::append(std::string_view line) {
+    lines_.push_back(keep(line));
+    if (lines_.back().width > lines_[longest_].width) longest_ = lines_.size() - 1;
     ++revision_;
 }
 
 void JobList::clear() {
     lines_ = {};
-    widths_ = {};
+    memory_.reset();
+    used_ = 0;
     longest_ = 0;
     ++revision_;
 }
 
 void JobList::apply(const LineChange& change) {
-    change.applyTo(lines_);
-    replaceWidths(change.position, change.removed.size(), change.inserted);
+    replace(change.position, change.removed.size(), change.inserted);
 }
 
 void JobList::takeBack(const LineChange& change) {
-    change.takeBackFrom(lines_);
-    replaceWidths(change.position, change.inserted.size(), change.removed);
+    replace(change.position, change.inserted.size(), change.removed);
 }
 
-void JobList::replaceWidths(std::size_t position, std::size_t count, const std::vector<std::string>& lines) {
-    std::vector<std::uint32_t> widths(lines.size());
-    std::transform(lines.begin(), lines.end(), widths.begin(), widthOf);
-    const auto begin = widths_.begin() + static_cast<std::ptrdiff_t>(position);
-    const auto at = widths_.erase(begin, begin + static_cast<std::ptrdiff_t>(count));
-    widths_.insert(at, widths.begin(), widths.end());
-    longest_ = static_cast<std::size_t>(std::max_element(widths_.begin(), widths_.end()) - widths_.begin());
+/// In place as far as both are equally long, so that a long list is moved at most once.
+void JobList::replace(std::size_t position, std::size_t count, const std::vector<std::string>& lines) {
+    std::vector<Line> kept;
+    kept.reserve(lines.size());
+    for (const auto& line : lines) kept.push_back(keep(line));
+    const auto both = static_cast<std::ptrdiff_t>(std::min(count, lines.size()));
+    const auto begin = lines_.begin() + static_cast<std::ptrdiff_t>(position);
+    const auto end = std::copy(kept.begin(), kept.begin() + both, begin);
+    if (count > lines.size()) {
+        lines_.erase(end, begin + static_cast<std::ptrdiff_t>(count));
+    } else {
+        lines_.insert(end, kept.begin() + both, kept.end());
+    }
+    giveUnusedBack();
+    const auto narrower = [](const Line& left, const Line& right) { return left.width < right.width; };
+    longest_ = static_cast<std::size_t>(std::max_element(lines_.begin(), lines_.end(), narrower) - lines_.begin());
     ++revision_;
+}
+
+/// When most of the memory holds removed lines.
+void JobList::giveUnusedBack() {
+    constexpr std::size_t little = 1U << 20U;
+    const auto add = [](std::size_t sum, const Line& line) { return sum + line.size; };
+    const std::size_t needed = std::accumulate(lines_.begin(), lines_.end(), std::size_t{0}, add);
+    if (used_ < 2 * needed + little) return;
+    const auto before = std::move(memory_);
+    used_ = 0;
+    for (auto& line : lines_) line = keep({line.text, line.size});
+}
+
+std::vector<std::string> JobList::lines(std::size_t begin, std::size_t count) const {
+    std::vector<std::string> copies;
+    copies.reserve(count);
+    for (std::size_t i = begin; i < begin + count; ++i) copies.emplace_back(line(i));
+    return copies;
 }
 
 std::optional<std::size_t> JobList::longestLine() const {

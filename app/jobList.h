@@ -3,17 +3,22 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
+#include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "text/lineChange.h"
 
 namespace brasquelin {
 
+/// The texts lie one behind the other in blocks of memory, so that a long list takes little more than its bytes.
 class JobList {
   public:
-    void append(std::string line);
+    void append(std::string_view line);
     void clear();
 
     /// Makes a change and takes one back. Jobs that were appended since stay behind it.
@@ -22,21 +27,34 @@ class JobList {
 
     bool empty() const { return lines_.empty(); }
     std::size_t size() const { return lines_.size(); }
-    const std::string& line(std::size_t index) const { return lines_[index]; }
-    const std::vector<std::string>& lines() const { return lines_; }
+    /// It lives until the list is changed.
+    std::string_view line(std::size_t index) const { return {lines_[index].text, lines_[index].size}; }
+    /// A copy of `count` lines; of all.
+    std::vector<std::string> lines(std::size_t begin, std::size_t count) const;
+    std::vector<std::string> lines() const { return lines(0, size()); }
 
     /// The line of which most characters are shown, for the width of the column; nothing for an empty list.
     std::optional<std::size_t> longestLine() const;
     /// How many characters of a line are shown.
-    std::uint32_t width(std::size_t index) const { return widths_[index]; }
+    std::uint32_t width(std::size_t index) const { return lines_[index].width; }
     /// Grows with every change.
     std::uint64_t revision() const { return revision_; }
 
   private:
-    void replaceWidths(std::size_t position, std::size_t count, const std::vector<std::string>& lines);
+    struct Line {
+        const char* text;
+        std::uint32_t size;
+        std::uint32_t width;  // in shown characters
+    };
+    using Memory = std::pmr::monotonic_buffer_resource;
 
-    std::vector<std::string> lines_;
-    std::vector<std::uint32_t> widths_;  // of the lines, in shown characters
+    Line keep(std::string_view text);
+    void replace(std::size_t position, std::size_t count, const std::vector<std::string>& lines);
+    void giveUnusedBack();
+
+    std::deque<Line> lines_;
+    std::unique_ptr<Memory> memory_;
+    std::size_t used_ = 0;  // bytes of the memory, those of removed lines, too
     std::size_t longest_ = 0;
     std::uint64_t revision_ = 0;
 };

@@ -24,14 +24,13 @@ Jobs jobsFrom(std::size_t first, std::size_t count) {
 
 /// The lines from one job to before another one.
 Lines linesBetween(std::size_t begin, std::size_t end) {
-    const auto first = jobList.lines().begin();
-    return {first + static_cast<std::ptrdiff_t>(begin), first + static_cast<std::ptrdiff_t>(end)};
+    return jobList.lines(begin, end - begin);
 }
 
 Lines linesOf(const Jobs& jobs) {
     Lines lines;
     lines.reserve(jobs.size());
-    for (const std::size_t job : jobs) lines.push_back(jobList.line(job));
+    for (const std::size_t job : jobs) lines.emplace_back(jobList.line(job));
     return lines;
 }
 
@@ -131,7 +130,7 @@ Jobs insertJobs(std::size_t before, std::vector<std::string> lines, std::string_
 
 Jobs changeJob(std::size_t job, std::string line) {
     if (line == jobList.line(job)) return {job};
-    return make({"Edit", {job, {jobList.line(job)}, {std::move(line)}}, {job}, {job}});
+    return make({"Edit", {job, jobList.lines(job, 1), {std::move(line)}}, {job}, {job}});
 }
 
 void clearJobs() {
@@ -162,7 +161,7 @@ std::vector<std::string> jobsOfText(std::string_view text) {
 
 std::string textOfJobs(const Jobs& jobs) {
     if (jobs.empty()) return {};
-    std::string text = jobList.line(jobs.front());
+    std::string text(jobList.line(jobs.front()));
     for (std::size_t i = 1; i < jobs.size(); ++i) text.append("\n").append(jobList.line(jobs[i]));
     return text;
 }

@@ -35,7 +35,7 @@ void JobListView::selectJobs(const Jobs& jobs) {
     selectLines(filter_.rowsOf(jobs));
 }
 
-const std::string& JobListView::line(std::size_t index) const {
+std::string_view JobListView::line(std::size_t index) const {
     return jobList.line(filter_.jobOf(index));
 }
 

@@ -28,7 +28,7 @@ class JobListView : public LineList {
 
   protected:
     std::size_t lineCount() const override { return filter_.rowCount(); }
-    const std::string& line(std::size_t index) const override;
+    std::string_view line(std::size_t index) const override;
     std::optional<std::size_t> longestLine() const override { return filter_.longestRow(); }
 
   private:

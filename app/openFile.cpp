@@ -57,24 +57,24 @@ void runConfirmedProfile(const std::string& path) {
     desktop().runBehindWaitWindow([path] { runOpenedProfile(path); });
 }
 
-PromptOptions optionsFor(const std::vector<std::string>& presets) {
+PromptOptions optionsFor(std::vector<std::string> presets) {
     PromptOptions options;
-    options.presets = presets;
+    options.presets = std::move(presets);
     options.namedOnCommandLine = !runState.currentFile.empty();
     options.replaying = runState.replaying;
     options.mayConfirm = mayOpen;
     return options;
 }
 
-void openProfile(const std::string& path, const std::vector<std::string>& presets) {
-    PromptOptions options = optionsFor(presets);
-    options.runAtOnce = [path] { runOpenedProfile(path); };
+void openProfile(const std::string& path, std::vector<std::string> presets) {
+    PromptOptions options = optionsFor(std::move(presets));
+    options.runAtOnce = [&path] { runOpenedProfile(path); };
     options.confirmed = [path](const auto& /*values*/) { runConfirmedProfile(path); };
     loadProfile(path, std::move(options));
 }
 
-void openLibrary(const std::string& path, const std::vector<std::string>& presets) {
-    PromptOptions options = optionsFor(presets);
+void openLibrary(const std::string& path, std::vector<std::string> presets) {
+    PromptOptions options = optionsFor(std::move(presets));
     options.confirmed = [path](const auto& values) { runOpenedLibrary(path, values); };
     loadFunction(path, std::move(options));
 }
@@ -86,10 +86,10 @@ bool mayOpen() {
     return !runState.running;
 }
 
-bool openFile(const std::string& path, const std::vector<std::string>& presets) {
+bool openFile(const std::string& path, std::vector<std::string> presets) {
     const FileKind kind = kindOfFile(path);
-    if (kind == FileKind::profile) openProfile(path, presets);
-    if (kind == FileKind::library) openLibrary(path, presets);
+    if (kind == FileKind::profile) openProfile(path, std::move(presets));
+    if (kind == FileKind::library) openLibrary(path, std::move(presets));
     return kind == FileKind::profile || kind == FileKind::library;
 }
 

@@ -19,7 +19,7 @@ extern RunState runState;
 
 /// Opens by extension: "bqp" a profile, "bqs" a library, anything else is ignored (false). Raises the errors of the
 /// prompt.
-bool openFile(const std::string& path, const std::vector<std::string>& presets);
+bool openFile(const std::string& path, std::vector<std::string> presets);
 
 /// False, after a message, while another file is being run.
 bool mayOpen();

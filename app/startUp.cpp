@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/batchFile.h"
@@ -27,6 +28,7 @@
 #include "platform/textFiles.h"
 #include "text/substitution.h"
 #include "text/text.h"
+#include "vars/loadPrompt.h"
 #include "vars/variableTables.h"
 
 namespace brasquelin {
@@ -55,9 +57,9 @@ void prepare(const std::string& commandLine, const std::function<void()>& detect
 }
 
 void openNamedFile(const std::string& commandLine) {
-    const FileArgument argument = parseFileArgument(commandLine);
+    FileArgument argument = parseFileArgument(commandLine);
     runState.currentFile = argument.path;
-    openArgument(argument);
+    openArgument(std::move(argument));
 }
 
 /// The first line of a message, without the line breaks of the others.
@@ -68,10 +70,10 @@ std::string inOneLine(std::string_view message) {
 /// Why the file of a list line was not run; nothing when it was, and for a line that names neither a profile nor a
 /// library, which is ignored on purpose.
 std::optional<std::string> replayLine(std::string_view line) {
-    const FileArgument argument = parseFileArgument(argumentOfListLine(line));
+    FileArgument argument = parseFileArgument(argumentOfListLine(line));
     const std::size_t before = desktop().failures().size();
     runState.completed = false;
-    const bool known = openArgument(argument);
+    const bool known = openArgument(std::move(argument));
     desktop().closePrompt();
     if (runState.completed || !known) return std::nullopt;
     if (desktop().failures().size() > before) return inOneLine(desktop().failures()[before]);
@@ -166,13 +168,14 @@ void resetTables() {
     jobHistory.clear();
     keptJobs.reset();
     forgetTextFiles();
+    forgetUnseenForm();
     childProcessId = 0;
-    setJobSink([](std::string line) { jobList.append(std::move(line)); });
+    setJobSink([](std::string_view line) { jobList.append(line); });
 }
 
-bool openArgument(const FileArgument& argument) {
+bool openArgument(FileArgument argument) {
     enterDirectoryOf(argument.path);
-    return openFile(argument.path, argument.presets);
+    return openFile(argument.path, std::move(argument.presets));
 }
 
 bool startUp(const std::string& commandLine, const std::function<void()>& detectBorders) {

@@ -14,7 +14,7 @@ void resetTables();
 
 /// Changes to the file's directory and opens the file. False when it is neither a profile nor a library. Raises the
 /// errors of both.
-bool openArgument(const FileArgument& argument);
+bool openArgument(FileArgument argument);
 
 /// Resets every table, registers the file types, reads the configuration, has the window borders measured by
 /// `detectBorders` (where there are windows), and does what the command line asks for. Run-time errors are reported and

@@ -11,7 +11,7 @@ namespace brasquelin {
 DryRun::DryRun(bool withPlugins, TakeMessage takeMessage)
     : withPlugins_(withPlugins), lookingOn_(*this), desktopBefore_(desktop()), takeMessage_(std::move(takeMessage)) {
     setDesktop(*this);
-    setJobSink([this](std::string line) { take(std::move(line)); });
+    setJobSink([this](std::string_view line) { take(std::string(line)); });
 }
 
 DryRun::~DryRun() {

@@ -62,7 +62,7 @@ std::size_t EditorListView::lineCount() const {
     return lines().size();
 }
 
-const std::string& EditorListView::line(std::size_t index) const {
+std::string_view EditorListView::line(std::size_t index) const {
     return lines()[index];
 }
 

@@ -21,7 +21,7 @@ class EditorListView : public LineList {
 
   protected:
     std::size_t lineCount() const override;
-    const std::string& line(std::size_t index) const override;
+    std::string_view line(std::size_t index) const override;
     std::optional<std::size_t> longestLine() const override { return longest_; }
     wxString wholeText(std::size_t index) const override;
     wxItemAttr* OnGetItemAttr(long item) const override;

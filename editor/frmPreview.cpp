@@ -30,7 +30,7 @@ class PreviewList : public LineList {
 
   protected:
     std::size_t lineCount() const override { return lines_.size(); }
-    const std::string& line(std::size_t index) const override { return lines_[index].text; }
+    std::string_view line(std::size_t index) const override { return lines_[index].text; }
     std::optional<std::size_t> longestLine() const override {
         if (lines_.empty()) return std::nullopt;
         const auto shorter = [](const auto& left, const auto& right) { return left.text.size() < right.text.size(); };

@@ -38,7 +38,7 @@ std::size_t ProblemList::lineCount() const {
     return editorState.problems.size();
 }
 
-const std::string& ProblemList::line(std::size_t index) const {
+std::string_view ProblemList::line(std::size_t index) const {
     return editorState.problems[index].text;
 }
 

@@ -144,11 +144,13 @@ std::string doubleSingleBackslashes(std::string_view text) {
     return doubled;
 }
 
-/// A double-path value is doubled where it is not already.
-std::string valueText(const VariableDeclaration& variable, std::optional<std::string_view> given) {
+/// A double-path value is doubled where it is not already; `room` holds what does not stand elsewhere.
+std::string_view valueText(const VariableDeclaration& variable, std::optional<std::string_view> given,
+                           std::string& room) {
     const VariableKind kind = kindOf(variable.typeSpec);
-    std::string value = given ? std::string(*given) : defaultText(variable, kind);
-    return kind == VariableKind::dbls ? doubleSingleBackslashes(value) : value;
+    if (!given && isChoice(kind)) return room = defaultText(variable, kind);
+    const std::string_view value = given ? *given : std::string_view(variable.defaultValue);
+    return kind == VariableKind::dbls ? room = doubleSingleBackslashes(value) : value;
 }
 
 // The names of a command
@@ -263,7 +265,9 @@ void FunctionRun::resolve(const std::vector<std::string>& arguments) {
     VariableResolver resolver;
     variables_.reserve(variables.count());
     for (std::size_t i = 0; i < variables.count(); ++i) {
-        variables_.push_back(resolver.resolve(variables.row(i), valueText(variables.row(i), given[i])));
+        std::string room;
+        const std::string_view value = valueText(variables.row(i), given[i], room);
+        resolver.resolve(variables.row(i), value, variables_.emplace_back());
     }
 }
 

@@ -19,8 +19,8 @@ extern FunctionAction functionAction;
 
 /// Where a basic function is called from.
 struct FunctionContext {
-    int level = 0;         // of the plugin variables
-    std::string fromFile;  // the calling profile; empty for a library that the user opened
+    int level = 0;              // of the plugin variables
+    std::string_view fromFile;  // the calling profile; empty for a library that the user opened
     int fromLine = 0;
 };
 

@@ -44,7 +44,8 @@ void resolveAssignments(ResolvedLevel& resolved, int level) {
     const auto& values = variableTables.values[level];
     const auto& variables = variableTables.profileVariables[level];
     VariableResolver resolver;
-    resolved.assignments.clear();
+    std::size_t count = 0;
+    resolved.assignments.resize(values.count());
     for (const auto& entry : values) {
         const Assignment assignment = splitAssignment(entry);
         const int index = findVar(assignment.name, variables);
@@ -52,9 +53,11 @@ void resolveAssignments(ResolvedLevel& resolved, int level) {
         attempt(place.path, place.line, [&] {
             if (index < 0) rejectAssignment(assignment.name);
             const auto& variable = variables.row(static_cast<std::size_t>(index));
-            resolved.assignments.push_back(resolver.resolve(variable, assignment.value));
+            resolver.resolve(variable, assignment.value, resolved.assignments[count]);
+            ++count;
         });
     }
+    resolved.assignments.resize(count);
 }
 
 /// Raises what the assignments raise; nothing is kept then.

@@ -2,17 +2,18 @@
 
 namespace brasquelin {
 
-ResolvedVariable VariableResolver::resolve(const VariableDeclaration& variable, std::string_view value) {
-    ResolvedVariable resolved;
+void VariableResolver::resolve(const VariableDeclaration& variable, std::string_view value,
+                               ResolvedVariable& resolved) {
     resolved.name = variable.name;
+    resolved.label.clear();
     if (isChoice(kindOf(variable.typeSpec))) {
         resolved.choice = resolveChoice(variable.typeSpec, value);
     } else {
         resolved.choice.value = value;
+        resolved.choice.hasForms = resolved.choice.setsLabel = resolved.choice.clearsText = false;
     }
     if (resolved.choice.setsLabel) label_ = resolved.choice.label;
     if (!resolved.choice.clearsText) resolved.label = label_;
-    return resolved;
 }
 
 void expandForms(ReferenceText& text, const ResolvedVariable& variable) {

@@ -19,8 +19,8 @@ struct ResolvedVariable {
 /// Resolves variables one after the other. A label belongs to all that follow: only the match of a comb item sets it.
 class VariableResolver {
   public:
-    /// Raises what resolveChoice raises.
-    ResolvedVariable resolve(const VariableDeclaration& variable, std::string_view value);
+    /// Into a place that may have held another one. Raises what resolveChoice raises.
+    void resolve(const VariableDeclaration& variable, std::string_view value, ResolvedVariable& resolved);
 
   private:
     std::string label_;

@@ -236,7 +236,7 @@ void ProfileRun::runFunctionStatement() {
     const Assignment statement = splitAssignment(text);
     std::string jobLine;
     if (!runNamedFunction(statement.name, statement.value, context(), jobLine)) rejectName(statement.name);
-    appendJob(std::move(jobLine));
+    appendJob(jobLine);
 }
 
 void ProfileRun::runPluginStatement() {
@@ -252,8 +252,8 @@ void ProfileRun::runPluginStatement() {
 }
 
 void ProfileRun::call() {
-    const std::string name = expanded(line_);
-    const std::string called = lookupCallable(name, level_);
+    const std::string& name = expanded(line_);
+    const std::string& called = lookupCallable(name, level_);
     if (called.empty()) attempt(path_, lineNumber(), [&] { rejectName(name); });  // whoever collects goes on reading
     const std::size_t callLine = position_;
     std::vector<std::string> entries = readParameters();
@@ -266,14 +266,21 @@ void ProfileRun::call() {
 /// The parameter lines as name=value. Only the value is expanded; the first "=" of the raw line splits it.
 std::vector<std::string> ProfileRun::readParameters() {
     std::vector<std::string> entries;
+    const auto& lines = file_->lines;
     const int callLine = lineNumber();
-    while (position_ < file_->lines.size() && isAttribute(file_->lines[position_])) {
+    std::size_t last = position_;
+    while (last < lines.size() && isAttribute(lines[last])) ++last;
+    entries.reserve(last - position_);
+    while (position_ < last) {
         nextLine();
         const Assignment parameter = splitAssignment(line_.substr(1));
         if (onlooker()) onlooker()->gives(parameter.name, {path_, lineNumber()}, callLine);
         attempt(path_, lineNumber(), [&] {
             if (!parameter.hasEquals) rejectParameter();
-            entries.push_back(std::string(parameter.name) + "=" + expanded(parameter.value));
+            const std::string& value = expanded(parameter.value);
+            std::string& entry = entries.emplace_back();
+            entry.reserve(parameter.name.size() + 1 + value.size());
+            entry.append(parameter.name).append(1, '=').append(value);
         });
     }
     return entries;
@@ -305,8 +312,8 @@ JobSink setJobSink(JobSink sink) {
     return std::exchange(jobSink, std::move(sink));
 }
 
-void appendJob(std::string line) {
-    if (jobSink) jobSink(std::move(line));
+void appendJob(std::string_view line) {
+    if (jobSink) jobSink(line);
 }
 
 bool runProfile(const std::string& path, int level) {

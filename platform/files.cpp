@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -23,6 +24,19 @@ std::vector<std::string> namesIn(std::string_view directory, bool directories) {
     names.reserve(keyed.size());
     for (auto& [key, name] : keyed) names.push_back(std::move(name));
     return names;
+}
+
+/// The one that was entered last: each line of a list enters its directory again.
+struct EnteredDirectory {
+    using Clock = std::chrono::steady_clock;
+    std::string path;
+    Clock::time_point when;
+};
+EnteredDirectory entered;
+
+/// "/x", "\x" and "C:\x" name the same directory wherever they are said.
+bool startsAtRoot(std::string_view path) {
+    return path.starts_with('/') || path.starts_with('\\') || path.substr(1, 2) == ":\\";
 }
 
 /// The system's own removal takes files and empty directories alike.
@@ -62,10 +76,19 @@ std::vector<std::string> listDirectories(std::string_view directory) {
     return namesIn(directory, true);
 }
 
+void forgetDirectory() {
+    entered.path.clear();
+}
+
 void changeDirectory(std::string_view path) {
+    constexpr auto moment = std::chrono::milliseconds(10);
+    const auto now = EnteredDirectory::Clock::now();
+    if (entered.path == path && now - entered.when < moment) return;
     std::error_code error;
+    forgetDirectory();
     std::filesystem::current_path(currentDirectoryPath(path), error);
     if (error) throw RunTimeError(ErrorNumber::pathNotFound, std::string(path));
+    if (startsAtRoot(path)) entered = {std::string(path), now};
 }
 
 }  // namespace brasquelin

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,6 +48,11 @@ std::optional<FileStamp> fileStamp(std::string_view path);
 /// Raises 61, 70, 75 or 76: 75 for a device or pipe.
 void writeFile(std::string_view path, std::string_view bytes);
 
+/// The same for bytes that come piece by piece, which may be asked for twice.
+using TakeBytes = std::function<void(std::string_view piece)>;
+using GiveBytes = std::function<void(const TakeBytes& take)>;
+void writeInPieces(std::string_view path, const GiveBytes& give);
+
 /// The same for a file that holds a user's work: the bytes are on the disk before the old file goes.
 void saveFile(std::string_view path, std::string_view bytes);
 
@@ -60,7 +66,9 @@ bool removeDirectory(std::string_view path) noexcept;
 std::vector<std::string> listFiles(std::string_view directory);
 std::vector<std::string> listDirectories(std::string_view directory);
 
-/// Raises 76 when there is no such directory.
+/// Raises 76 when there is no such directory. One that was entered a moment ago is not looked at again.
 void changeDirectory(std::string_view path);
+/// So that it is: a child process has run.
+void forgetDirectory();
 
 }  // namespace brasquelin

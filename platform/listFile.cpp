@@ -1,5 +1,6 @@
 #include "platform/listFile.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/codePages.h"
@@ -11,15 +12,18 @@
 
 namespace brasquelin {
 
-ListFile::ListFile(std::string path, std::uint64_t mostPieceBytes)
-    : path_(std::move(path)), mostPieceBytes_(mostPieceBytes) {
+ListFile::ListFile(std::string path, std::uint64_t mostPieceBytes, std::uint64_t usualPieceBytes)
+    : path_(std::move(path)),
+      mostPieceBytes_(mostPieceBytes),
+      usualPieceBytes_(std::min(mostPieceBytes, usualPieceBytes)) {
     stamp_ = fileStamp(path_).value_or(FileStamp());
-    const bool small = stamp_.size <= mostPieceBytes_;
-    piece_ = small ? readFileBytes(path_, mostPieceBytes_)
-                   : readFilePart(path_, 0, static_cast<std::size_t>(mostPieceBytes_));
-    size_ = small ? piece_.size() : stamp_.size;
-    if (!small && !isAbsolutePath(path_)) path_ = shortPath(path_);  // each line may change the directory
+    const bool isOnePiece = stamp_.size <= usualPieceBytes_;
+    piece_ = isOnePiece ? readFileBytes(path_, mostPieceBytes_)
+                        : readFilePart(path_, 0, static_cast<std::size_t>(usualPieceBytes_));
+    size_ = isOnePiece ? piece_.size() : stamp_.size;
+    if (!isOnePiece && !isAbsolutePath(path_)) path_ = shortPath(path_);  // each line may change the directory
     readMark();
+    if (findEnd(restOfPiece()) == std::string_view::npos && !reachesEnd()) load(mostPieceBytes_);
     if (findEnd(restOfPiece()) == std::string_view::npos) lineEnd_ = '\r';
     examine();
 }
@@ -30,25 +34,34 @@ void ListFile::readMark() {
     if (piece_.starts_with("\xFE\xFF")) units_ = Units::bigEndian;
     if (units_ != Units::bytes) begin_ = 2;
     if (piece_.starts_with(utf8Mark)) begin_ = utf8Mark.size();
-    position_ = begin_;
+    position_ = pieceBegin_ = begin_;
+    piece_.erase(0, static_cast<std::size_t>(begin_));
 }
 
 /// Which code page it is, only the whole file tells; and what cannot be obeyed is found before any line is.
 void ListFile::examine() {
+    examining_ = true;
     for (std::string_view bytes; nextBytes(bytes); ++lineCount_) {
         const bool holdsNul = (units_ == Units::bytes ? bytes.find('\0') : decoded(bytes).find('\0')) != bytes.npos;
         if (holdsNul) raiseNul(path_, static_cast<int>(lineNumber_));
         isUtf8_ = isUtf8_ && isUtf8(bytes);
     }
-    if (pieceBegin_ != 0) load(0);
-    position_ = begin_;
+    examining_ = false;
     lineNumber_ = 0;
+    position_ = begin_;
+    if (pieceBegin_ == begin_) return;
+    if (isKept()) kept_.push_back(std::move(piece_));
+    load(usualPieceBytes_);
 }
 
 bool ListFile::next(std::string& line) {
     std::string_view bytes;
     if (!nextBytes(bytes)) return false;
-    line = decoded(bytes);
+    if (units_ == Units::bytes && isUtf8_) {
+        line = bytes;
+    } else {
+        line = decoded(bytes);
+    }
     return true;
 }
 
@@ -57,13 +70,14 @@ bool ListFile::nextBytes(std::string_view& bytes) {
     if (position_ >= size_) return false;
     ++lineNumber_;
     std::size_t end = findEnd(restOfPiece());
-    if (end == std::string_view::npos && !reachesEnd()) {
-        load(position_);
+    for (const std::uint64_t most : {usualPieceBytes_, mostPieceBytes_}) {
+        if (end != std::string_view::npos || reachesEnd()) break;
+        load(most);
         end = findEnd(piece_);
-        if (end == std::string_view::npos && !reachesEnd()) {
-            throw RunTimeError(ErrorNumber::outOfMemory, path_, static_cast<int>(lineNumber_))
-                .because("The line is longer than " + std::to_string(mostPieceBytes_ >> 20U) + " MB.");
-        }
+    }
+    if (end == std::string_view::npos && !reachesEnd()) {
+        throw RunTimeError(ErrorNumber::outOfMemory, path_, static_cast<int>(lineNumber_))
+            .because("The line is longer than " + std::to_string(mostPieceBytes_ >> 20U) + " MB.");
     }
     bytes = restOfPiece().substr(0, end);
     const bool ended = end != std::string_view::npos;
@@ -73,13 +87,24 @@ bool ListFile::nextBytes(std::string_view& bytes) {
     return true;
 }
 
-void ListFile::load(std::uint64_t begin) {
+/// The piece that starts with the line in hand. The lines are gone through twice, each time by the same pieces.
+void ListFile::load(std::uint64_t most) {
+    if (!examining_ && !kept_.empty()) {
+        piece_ = std::move(kept_.front());
+        kept_.pop_front();
+    } else {
+        if (examining_ && isKept()) kept_.push_back(std::move(piece_));
+        readPiece(most);
+    }
+    pieceBegin_ = position_;
+    if (piece_.empty()) size_ = position_;
+}
+
+void ListFile::readPiece(std::uint64_t most) {
     if (fileStamp(path_) != stamp_) {
         throw RunTimeError(ErrorNumber::pathFileAccess, path_).because("The file was changed while it was read.");
     }
-    piece_ = readFilePart(path_, begin, static_cast<std::size_t>(mostPieceBytes_));
-    pieceBegin_ = begin;
-    if (piece_.empty()) size_ = begin;
+    piece_ = readFilePart(path_, position_, static_cast<std::size_t>(std::min(most, size_ - position_)));
 }
 
 std::string_view ListFile::restOfPiece() const {

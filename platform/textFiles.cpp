@@ -92,7 +92,10 @@ std::shared_ptr<const TextFile> unsavedText(std::string_view path) {
 }
 
 bool textFileExists(std::string_view path) {
-    return unsavedText(path) != nullptr || fileExists(path);
+    if (unsavedText(path) != nullptr) return true;
+    const auto known = cache.files.find(path);
+    const bool isFresh = known != cache.files.end() && Clock::now() - known->second.checked < moment;
+    return isFresh || fileExists(path);
 }
 
 std::shared_ptr<const TextFile> readTextFile(std::string_view path) {
@@ -133,6 +136,7 @@ void raiseNul(std::string_view path, int line) {
 
 void forgetTextFiles() {
     cache.clear();
+    forgetDirectory();
 }
 
 void writeLines(std::string_view path, const std::vector<std::string>& lines) {

@@ -11,10 +11,10 @@ namespace brasquelin {
 
 namespace {
 
-int replaceFile(const WriteTarget& target, std::string_view bytes, Durability durability) {
+int replaceFile(const WriteTarget& target, const GiveBytes& give, Durability durability) {
     const auto file = openTemporary(target.path.parent_path(), target.path.filename());
     file->becomeLike(target.path);
-    file->fill(bytes, durability);
+    give([&](std::string_view piece) { file->fill(piece, durability); });
     file->moveOver(target.path, durability);
     return file->error();
 }
@@ -37,8 +37,10 @@ std::unique_ptr<TemporaryFile> copyFor(const std::filesystem::path& target, std:
     return copy;
 }
 
-int writeInPlace(std::string_view path, const WriteTarget& target, std::string_view bytes, Durability durability) {
+int writeInPlace(std::string_view path, const WriteTarget& target, const GiveBytes& give, Durability durability) {
     const std::string old = readFileBytes(path);
+    std::string bytes;
+    give([&](std::string_view piece) { bytes.append(piece); });
     const auto copy = copyFor(target.path, old);
     if (copy->error() != 0) return copy->error();
     copy->setKept(true);
@@ -52,28 +54,33 @@ int writeInPlace(std::string_view path, const WriteTarget& target, std::string_v
     return error;
 }
 
-int writeTo(std::string_view path, const WriteTarget& target, std::string_view bytes, Durability durability) {
+int writeTo(std::string_view path, const WriteTarget& target, const GiveBytes& give, Durability durability) {
     if (target.error != 0) return target.error;
-    if (target.hasOtherNames) return writeInPlace(path, target, bytes, durability);
-    const int error = replaceFile(target, bytes, durability);
+    if (target.hasOtherNames) return writeInPlace(path, target, give, durability);
+    const int error = replaceFile(target, give, durability);
     const bool refused = target.exists && isRefusalToReplace(error);
-    return refused ? writeInPlace(path, target, bytes, durability) : error;
+    return refused ? writeInPlace(path, target, give, durability) : error;
 }
 
-void write(std::string_view path, std::string_view bytes, Durability durability) {
+void write(std::string_view path, const GiveBytes& give, Durability durability) {
     forgetTextFiles();
-    const int error = writeTo(path, writeTargetOf(path), bytes, durability);
+    const int error = writeTo(path, writeTargetOf(path), give, durability);
     if (error != 0) throw errorOfWriting(error, path);
 }
 
 }  // namespace
 
+void writeInPieces(std::string_view path, const GiveBytes& give) {
+    write(path, give, Durability::usual);
+}
+
 void writeFile(std::string_view path, std::string_view bytes) {
-    write(path, bytes, Durability::usual);
+    writeInPieces(path, [bytes](const TakeBytes& take) { take(bytes); });
 }
 
 void saveFile(std::string_view path, std::string_view bytes) {
-    write(path, bytes, Durability::onDisk);
+    write(
+        path, [bytes](const TakeBytes& take) { take(bytes); }, Durability::onDisk);
 }
 
 }  // namespace brasquelin

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 
 #include "text/caseTable.h"
@@ -152,10 +154,19 @@ std::string upperCase(std::string_view text) {
 }
 
 bool isAscii(std::string_view text) {
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::uint64_t eight = 0;
+    while (text.size() >= sizeof eight) {
+        std::memcpy(&eight, text.data(), sizeof eight);
+        if ((eight & highBits) != 0) return false;
+        text.remove_prefix(sizeof eight);
+    }
     return std::all_of(text.begin(), text.end(), [](char b) { return static_cast<unsigned char>(b) < 0x80; });
 }
 
 bool equalIgnoringCase(std::string_view left, std::string_view right) {
+    if (left.empty() || right.empty()) return left.empty() && right.empty();
+    if (isAscii(left[0], right[0]) && asciiLowerCase(left[0]) != asciiLowerCase(right[0])) return false;
     if (left.size() == right.size()) {
         std::size_t i = 0;
         while (i < left.size() && isAscii(left[i], right[i])) {
@@ -237,6 +248,7 @@ std::string onOneLine(std::string_view text) {
 }
 
 bool isUtf8(std::string_view bytes) {
+    if (isAscii(bytes)) return true;
     for (std::size_t i = 0; i < bytes.size();) {
         const auto lead = static_cast<unsigned char>(bytes[i]);
         if (lead < 0x80) {

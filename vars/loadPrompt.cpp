@@ -1,6 +1,8 @@
 #include "vars/loadPrompt.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 #include "platform/desktop.h"
 #include "platform/files.h"
@@ -20,14 +22,18 @@ void requireFile(const std::string& path) {
     endWithMessage("'" + path + "'\r\nError: unknown file", {"unknown-file", {path, 0}});
 }
 
-/// The title with its blanks turned into "_". It must have at least two characters.
-std::string titleInFirstLine(const std::string& path, FileKind kind) {
+/// The title must have at least two characters.
+void requireTitle(const std::string& path, FileKind kind) {
     const auto file = readTextFile(path);
-    const std::string_view line = file->lines.empty() ? std::string_view() : std::string_view(file->lines.front());
-    if (characterCount(line) < headerLength(kind) + 2) {
-        endWithMessage("Error while loading '" + path + "' line 1", {"bad-header", {path, 1}}, errorTitle);
-    }
-    std::string title(titleIn(line, kind));
+    const std::size_t least = headerLength(kind) + 2;
+    if (!file->lines.empty() && characterCount(file->lines.front()) >= least) return;
+    endWithMessage("Error while loading '" + path + "' line 1", {"bad-header", {path, 1}}, errorTitle);
+}
+
+/// The title with its blanks turned into "_".
+std::string titleInFirstLine(const std::string& path, FileKind kind) {
+    requireTitle(path, kind);
+    std::string title(titleIn(readTextFile(path)->lines.front(), kind));
     std::replace(title.begin(), title.end(), ' ', '_');
     return title;
 }
@@ -50,25 +56,46 @@ void rejectUnknownType(const PromptForm& form, const PromptRow& row) {
     endWithMessage("Error in file '" + form.path + about, {"bad-type", {form.path, 0}});
 }
 
-/// Builds the form from the declarations and applies the presets.
-std::shared_ptr<PromptForm> buildForm(PromptKind kind, const std::string& path, std::string title,
-                                      const Table<VariableDeclaration>& declarations, PromptOptions& options) {
+/// The form that was confirmed unseen last. While a list is replayed it serves for the next line that opens its file.
+std::shared_ptr<PromptForm>& unseenForm() {
+    static std::shared_ptr<PromptForm> form;
+    return form;
+}
+
+/// The declarations of one revision come from one version of one file.
+bool servesAgain(PromptKind kind, const std::string& path, const Table<VariableDeclaration>& declarations) {
+    const auto& form = unseenForm();
+    return form && form->kind == kind && form->path == path && form->declarations.revision() == declarations.revision();
+}
+
+std::shared_ptr<PromptForm> newForm(PromptKind kind, const std::string& path,
+                                    const Table<VariableDeclaration>& declarations) {
     auto form = std::make_shared<PromptForm>();
     form->kind = kind;
     form->path = path;
-    form->title = std::move(title);
+    attempt(path, 1,
+            [&] { form->title = kind == PromptKind::profile ? readProfileTitle(path) : readFunctionTitle(path); });
     form->declarations = declarations;
-    form->endsProgram = options.namedOnCommandLine;
-    form->mayConfirm = std::move(options.mayConfirm);
-    form->confirmed = std::move(options.confirmed);
+    form->rows = buildRows(declarations, path);
+    placeButtons(*form);
+    return form;
+}
+
+/// Makes the form from the declarations and applies the presets.
+std::shared_ptr<PromptForm> makeForm(PromptKind kind, const std::string& path,
+                                     const Table<VariableDeclaration>& declarations, PromptOptions& options) {
     try {
-        form->rows = buildRows(declarations, path);
-        placeButtons(*form);
+        const bool again = servesAgain(kind, path, declarations);
+        auto form = again ? std::exchange(unseenForm(), nullptr) : newForm(kind, path, declarations);
+        if (again) resetRows(*form);
+        form->endsProgram = options.namedOnCommandLine;
+        form->mayConfirm = std::move(options.mayConfirm);
+        form->confirmed = std::move(options.confirmed);
         applyPresets(*form, options.presets);
+        return form;
     } catch (const RunTimeError& error) {
         throw error.about(path);
     }
-    return form;
 }
 
 /// Shows the form, or confirms it unseen.
@@ -76,12 +103,17 @@ void prompt(const std::shared_ptr<PromptForm>& form, const PromptOptions& option
     const bool nothingToAsk = options.replaying && form->rows.empty();
     if (nothingToAsk || !needsUser(*form, options.presets)) {
         confirmPrompt(*form);
+        if (options.replaying) unseenForm() = form;
     } else {
         show(form, !options.namedOnCommandLine);
     }
 }
 
 }  // namespace
+
+void forgetUnseenForm() {
+    unseenForm().reset();
+}
 
 std::string readProfileTitle(const std::string& path) {
     return titleInFirstLine(path, FileKind::profile);
@@ -93,8 +125,7 @@ std::string readFunctionTitle(const std::string& path) {
 
 void loadProfile(const std::string& path, PromptOptions options) {
     requireFile(path);
-    std::string title;
-    attempt(path, 1, [&] { title = readProfileTitle(path); });
+    attempt(path, 1, [&] { requireTitle(path, FileKind::profile); });
     variableTables.pluginResults[0].resetCount();
     readProfileVariables(path, 1);
     const auto& declarations = variableTables.profileVariables[1];
@@ -103,16 +134,15 @@ void loadProfile(const std::string& path, PromptOptions options) {
         options.runAtOnce();
         return;
     }
-    prompt(buildForm(PromptKind::profile, path, std::move(title), declarations, options), options);
+    prompt(makeForm(PromptKind::profile, path, declarations, options), options);
 }
 
 void loadFunction(const std::string& path, PromptOptions options) {
     requireFile(path);
-    std::string title;
-    attempt(path, 1, [&] { title = readFunctionTitle(path); });
+    attempt(path, 1, [&] { requireTitle(path, FileKind::library); });
     readFunctionVariables(path);
     const auto& declarations = variableTables.functionVariables;
-    prompt(buildForm(PromptKind::function, path, std::move(title), declarations, options), options);
+    prompt(makeForm(PromptKind::function, path, declarations, options), options);
 }
 
 bool refusesConfirmation(const PromptForm& form) {
@@ -126,13 +156,18 @@ bool confirmPrompt(PromptForm& form) {
     entries.reserve(form.rows.size());
     for (const auto& row : form.rows) {
         rejectUnknownType(form, row);
-        entries.push_back(row.label + row.value());
+        std::string& entry = entries.emplace_back();
+        entry.reserve(row.label.size() + row.value().size());
+        entry.append(row.label).append(row.value());
     }
     if (form.kind == PromptKind::profile) {
         variableTables.profileVariables[1].take(form.declarations);
         auto& values = variableTables.values[1];
         values.resetCount();
-        for (const auto& entry : entries) values.append(entry);
+        for (const auto& entry : entries) {
+            values.nextRow() = entry;
+            values.takeNextRow();
+        }
     } else {
         variableTables.functionVariables.take(form.declarations);
     }

@@ -28,6 +28,9 @@ void loadProfile(const std::string& path, PromptOptions options);
 /// The same for a library.
 void loadFunction(const std::string& path, PromptOptions options);
 
+/// Drops what is kept of the last file for the next line of a list.
+void forgetUnseenForm();
+
 /// The title in line 1, blanks turned into "_". Ends the program after its message for a line that is too
 /// short.
 std::string readProfileTitle(const std::string& path);

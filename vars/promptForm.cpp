@@ -25,6 +25,19 @@ Box below(const Box& box, int gap) {
     return below(box, gap, box.height);
 }
 
+void putDefault(PromptRow& row, const std::string& defaultValue) {
+    row.selected = -1;
+    row.text.clear();
+    row.askUser = false;
+    row.backdropVisible = true;
+    if (defaultValue.empty()) return;
+    if (row.showsChoices()) {
+        row.select(defaultValue);
+    } else {
+        row.text = defaultValue;
+    }
+}
+
 void fillRow(PromptRow& row, const std::string& defaultValue) {
     if (row.showsPath()) {
         row.dialogFilter = dialogFilterOf(row.typeSpec);
@@ -33,12 +46,7 @@ void fillRow(PromptRow& row, const std::string& defaultValue) {
     }
     if (row.kind == VariableKind::list) fillListChoices(choiceText(row.typeSpec), row.choices);
     if (row.kind == VariableKind::comb) fillCombChoices(choiceText(row.typeSpec), row.choices, row.values);
-    if (defaultValue.empty()) return;
-    if (row.showsChoices()) {
-        row.select(defaultValue);
-    } else {
-        row.text = defaultValue;
-    }
+    putDefault(row, defaultValue);
 }
 
 /// The text of a path as the dialog's choice puts it into a row.
@@ -131,9 +139,10 @@ RowPlacement RowPlacement::next() const {
     return placed;
 }
 
-std::string PromptRow::value() const {
+const std::string& PromptRow::value() const {
+    static const std::string nothing;
     if (!showsChoices()) return text;
-    if (selected < 0) return {};
+    if (selected < 0) return nothing;
     const auto position = static_cast<std::size_t>(selected);
     return kind == VariableKind::comb ? values[position] : choices[position];
 }
@@ -172,6 +181,13 @@ std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations,
         rows.push_back(std::move(row));
     }
     return rows;
+}
+
+void resetRows(PromptForm& form) {
+    for (std::size_t i = 0; i < form.rows.size(); ++i) {
+        const auto& declaration = form.declarations.row(i);
+        attempt(form.path, declaration.line, [&] { putDefault(form.rows[i], declaration.defaultValue); });
+    }
 }
 
 void placeButtons(PromptForm& form) {

@@ -59,7 +59,7 @@ struct PromptRow {
     bool showsChoices() const { return isChoice(kind); }
 
     /// What OK stores for the row.
-    std::string value() const;
+    const std::string& value() const;
     /// Selects an entry by its number. Raises 13 for what is no number, 9 for one out of range.
     void select(std::string_view number);
 };
@@ -91,6 +91,9 @@ struct PromptForm {
 /// One row per declaration of the file, defaults filled in, placed below each other. Raises 13 or 9 for a bad default
 /// of a choice.
 std::vector<PromptRow> buildRows(const Table<VariableDeclaration>& declarations, std::string_view path = {});
+
+/// The rows as they were built: without what the command line or the user has put in.
+void resetRows(PromptForm& form);
 
 /// Places the buttons below the rows.
 void placeButtons(PromptForm& form);

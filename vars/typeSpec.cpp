@@ -53,8 +53,9 @@ VariableKind kindOf(std::string_view typeSpec) {
                                                                               {"comb", VariableKind::comb},
                                                                               {"path", VariableKind::path},
                                                                               {"dbls", VariableKind::dbls}}};
-    for (const auto& [start, kind] : kinds) {
-        if (startsWithIgnoringCase(typeSpec, start)) return kind;
+    const std::string_view start = typeSpec.substr(0, 4);
+    for (const auto& [word, kind] : kinds) {
+        if (equalIgnoringCase(start, word)) return kind;
     }
     return VariableKind::unknown;
 }

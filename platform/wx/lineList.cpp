@@ -186,7 +186,7 @@ bool LineList::selectFirstSeen() {
 void LineList::copySelected() {
     const auto selected = selectedLines();
     if (selected.empty()) return;
-    std::string text = line(selected.front());
+    std::string text(line(selected.front()));
     for (std::size_t i = 1; i < selected.size(); ++i) text.append("\n").append(line(selected[i]));
     desktop().copyToClipboard(text);
 }

@@ -53,7 +53,7 @@ class LineList : public wxListView {
 
   protected:
     virtual std::size_t lineCount() const = 0;
-    virtual const std::string& line(std::size_t index) const = 0;
+    virtual std::string_view line(std::size_t index) const = 0;
     /// The line of which most characters are shown, for the width of the column; nothing without lines.
     virtual std::optional<std::size_t> longestLine() const = 0;
 

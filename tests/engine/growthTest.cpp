@@ -13,7 +13,7 @@ namespace {
 class Growth : public ProgramTest {
   protected:
     Growth() {
-        setJobSink([this](const std::string&) { ++lines_; });
+        setJobSink([this](std::string_view) { ++lines_; });
         write("Brasquelin.ini", {"[config]", "[/config]", "[var]", "Out=$exepath$/out", "[/var]"});
         writeSayLibrary("say.bqs");
         const std::string programs = ":plugin $exepath$/answer.exe\n:check $exepath$/veto.exe [param=true]\n";

@@ -14,7 +14,7 @@ ProgramWorld::ProgramWorld() : startedIn_(std::filesystem::current_path()) {
     setDesktop(desktop);
     setClock(&clock);
     setProcessTable(&processes);
-    setJobSink([this](std::string line) { jobs.push_back(std::move(line)); });
+    setJobSink([this](std::string_view line) { jobs.emplace_back(line); });
 }
 
 ProgramWorld::~ProgramWorld() {

@@ -22,7 +22,7 @@ class SampleList : public LineList {
 
   protected:
     std::size_t lineCount() const override { return lines_.size(); }
-    const std::string& line(std::size_t index) const override { return lines_[index]; }
+    std::string_view line(std::size_t index) const override { return lines_[index]; }
     std::optional<std::size_t> longestLine() const override {
         return lines_.empty() ? std::nullopt : std::optional<std::size_t>(0);
     }
