@@ -69,14 +69,18 @@ RunRequest parseRequest(std::string_view text) {
     return request;
 }
 
-/// What a window is told of a run before it begins.
-std::vector<RunMessage> introduction(const std::string& title, const RunPlan& plan) {
+/// Tells a window of a run before it begins.
+void introduce(WireLink& window, const std::string& title, const RunPlan& plan) {
+    constexpr std::size_t atOnce = 1000;
     std::vector<RunMessage> messages{{.kind = RunMessageKind::title, .text = title},
                                      {.kind = RunMessageKind::batchFile, .text = plan.batchFile},
                                      {.kind = RunMessageKind::logFile, .text = plan.files.log},
                                      {.kind = RunMessageKind::outputFile, .text = plan.files.output}};
-    for (const auto& job : plan.jobs) messages.push_back({.kind = RunMessageKind::job, .text = job});
-    return messages;
+    for (const auto& job : plan.jobs) {
+        messages.push_back({.kind = RunMessageKind::job, .text = job});
+        if (messages.size() >= atOnce) window.send(std::exchange(messages, {}));
+    }
+    window.send(messages);
 }
 
 void tellEarlier(WireLink& window, const EarlierRun& earlier) {
@@ -140,7 +144,7 @@ std::unique_ptr<WireLink> startWindow() try {
 
 int runJobs(RunPlan plan, const RunRequest& request) {
     const auto window = request.inWindow ? startWindow() : nullptr;
-    if (window) window->send(introduction(request.title, plan));
+    if (window) introduce(*window, request.title, plan);
     choose(plan, request.resume, window.get());
     int status = 0;
     if (!plan.chosen.empty()) {

@@ -218,6 +218,7 @@ void FrmRun::tick() {
         CallAfter([this] { askToResume(); });
     }
     if (session_.ends() != shownEnds_) runEnded();
+    runningBefore_ = session_.rows().runningJob();
 }
 
 void FrmRun::showChanges() {
@@ -269,7 +270,7 @@ void FrmRun::selectionChanged() {
 
 void FrmRun::showCommand() {
     const auto job = JobRows_->selectedJob();
-    txtCommand_->ChangeValue(job ? toWx(visibleText(session_.rows().row(*job).line)) : wxString());
+    txtCommand_->ChangeValue(job ? toWx(visibleText(session_.rows().row(*job).line())) : wxString());
 }
 
 FrmRun::Piece FrmRun::shownPiece() const {
@@ -278,6 +279,8 @@ FrmRun::Piece FrmRun::shownPiece() const {
     const auto job = JobRows_->selectedJob();
     if (!job || !rows.row(*job).hasOutput) return {};
     const RunRow& row = rows.row(*job);
+    // One that has just begun may be over by now, and what follows in the file the output of many others.
+    if (row.state == JobState::running && job != runningBefore_) return {};
     const bool over = row.state == JobState::done || row.state == JobState::failed;
     return {rows.outputFile(), row.outputBegin, over ? row.outputEnd : OutputTail::growing};
 }
@@ -374,7 +377,7 @@ void FrmRun::showMenu(wxContextMenuEvent& event) {
 }
 
 void FrmRun::copyLine() {
-    if (const auto job = JobRows_->selectedJob()) desktop().copyToClipboard(session_.rows().row(*job).line);
+    if (const auto job = JobRows_->selectedJob()) desktop().copyToClipboard(session_.rows().row(*job).line());
 }
 
 /// More of it than is shown.

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -81,8 +82,9 @@ class FrmRun : public wxFrame {
     std::string messageText_;
     wxStopWatch sinceProgress_;
     std::size_t shownEnds_ = 0;
-    bool following_ = true;  // the running job is selected
-    bool asking_ = false;    // a box is open
+    std::optional<std::size_t> runningBefore_;  // at the last look
+    bool following_ = true;                     // the running job is selected
+    bool asking_ = false;                       // a box is open
     bool askedToResume_ = false;
 
     RunRowList* JobRows_ = nullptr;

@@ -69,7 +69,7 @@ void RunRowList::fitColumns() {
     int width = GetClientSize().x;
     for (int column = statusColumn; column < commandColumn; ++column) width -= GetColumnWidth(column);
     if (const auto longest = rows_.longestLine()) {
-        width = std::max(width, widthOf(shownLine(rows_.row(*longest).line)) + 4 * GetCharWidth());
+        width = std::max(width, widthOf(shownLine(rows_.row(*longest).line())) + 4 * GetCharWidth());
     }
     if (GetColumnWidth(commandColumn) != width) SetColumnWidth(commandColumn, width);
 }
@@ -151,7 +151,7 @@ wxString RunRowList::OnGetItemText(long item, long column) const {
         case durationColumn:
             return toWx(durationText(rows_, job));
         default:
-            return toWx(shownLine(rows_.row(job).line));
+            return toWx(shownLine(rows_.row(job).line()));
     }
 }
 

@@ -8,6 +8,12 @@
 
 namespace brasquelin {
 
+namespace {
+
+constexpr std::int64_t longestDuration = (std::int64_t(1) << 39U) - 1;  // 17 years
+
+}  // namespace
+
 void RunRows::take(const RunMessage& message) {
     ++revision_;
     switch (message.kind) {
@@ -23,8 +29,10 @@ void RunRows::take(const RunMessage& message) {
         case RunMessageKind::earlierEnd:
             return takeEnd(message);
         case RunMessageKind::ready:  // what an earlier run has ended well stays so
-            runJobs(openJobs());
-            return;
+            for (RunRow& row : rows_) {
+                if (row.state != JobState::done) waitAgain(row);
+            }
+            return beginRun();
         case RunMessageKind::mayResume:
             phase_ = RunPhase::asking;
             return;
@@ -40,10 +48,11 @@ void RunRows::take(const RunMessage& message) {
     }
 }
 
-void RunRows::addJob(const std::string& line) {
-    rows_.push_back({line});
+void RunRows::addJob(std::string_view line) {
+    const std::string_view kept = lines_.add(line);
+    rows_.push_back({kept.data(), static_cast<std::uint32_t>(kept.size())});
     ++counts_.waiting;
-    if (longest_ == 0 || line.size() > row(longest_).line.size()) longest_ = rows_.size();
+    if (longest_ == 0 || line.size() > row(longest_).lineSize) longest_ = rows_.size();
 }
 
 void RunRows::takeStart(const RunMessage& message) {
@@ -64,9 +73,9 @@ void RunRows::takeEnd(const RunMessage& message) {
     if (message.job == 0 || message.job > rows_.size()) return;
     RunRow& row = rows_[message.job - 1];
     row.start = message.time;
-    row.duration = message.duration;
+    row.duration = std::max<std::int64_t>(message.duration, 0) & longestDuration;
     row.exitCode = message.exitCode;
-    row.signal = message.signal;
+    row.signal = static_cast<std::int8_t>(message.signal);
     row.outputEnd = message.output;
     setState(row, message.exitCode == 0 && message.signal == 0 ? JobState::done : JobState::failed);
     if (running_ == message.job) running_ = 0;
@@ -88,34 +97,38 @@ void RunRows::endRun(RunPhase phase) {
     }
 }
 
+void RunRows::waitAgain(RunRow& row) {
+    setState(row, JobState::waiting);
+    row.start = 0;
+    row.hasOutput = false;
+}
+
+void RunRows::beginRun() {
+    phase_ = RunPhase::running;
+    endedInRun_ = 0;
+    runBegin_.reset();
+    lastStarted_ = 0;
+}
+
 RunMessage RunRows::runJobs(const std::vector<std::size_t>& jobs) {
     ++revision_;
     for (RunRow& row : rows_) {
         if (row.state == JobState::waiting) setState(row, JobState::leftOut);
     }
-    for (const std::size_t job : jobs) {
-        RunRow& row = rows_[job - 1];
-        setState(row, JobState::waiting);
-        row.start = 0;
-        row.hasOutput = false;
-    }
-    phase_ = RunPhase::running;
-    endedInRun_ = 0;
-    runBegin_.reset();
-    lastStarted_ = 0;
+    for (const std::size_t job : jobs) waitAgain(rows_[job - 1]);
+    beginRun();
     RunMessage message{RunMessageKind::runJobs};
     message.text = jobRanges(jobs);
     return message;
 }
 
-std::vector<RunMessage> RunRows::aboutRun() const {
-    std::vector<RunMessage> messages(std::begin(about_), std::end(about_));
-    messages.reserve(messages.size() + rows_.size());
+void RunRows::tellAboutRun(const std::function<void(const RunMessage&)>& tell) const {
+    std::for_each(std::begin(about_), std::end(about_), tell);
+    RunMessage job{RunMessageKind::job};
     for (const RunRow& row : rows_) {
-        messages.push_back({RunMessageKind::job});
-        messages.back().text = row.line;
+        job.text = row.line();
+        tell(job);
     }
-    return messages;
 }
 
 std::int64_t RunRows::durationOf(std::size_t job) const {
@@ -177,7 +190,9 @@ std::vector<std::size_t> RunRows::openJobs() const {
 }
 
 std::vector<std::size_t> RunRows::jobsFrom(std::size_t job) const {
-    return jobsWith([first = &row(job)](const RunRow& each) { return &each >= first; });
+    std::vector<std::size_t> jobs;
+    for (; job <= rows_.size(); ++job) jobs.push_back(job);
+    return jobs;
 }
 
 void RunRows::setState(RunRow& row, JobState state) {

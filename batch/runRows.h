@@ -3,10 +3,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "batch/lineStore.h"
 #include "batch/runMessages.h"
 
 namespace brasquelin {
@@ -14,14 +18,18 @@ namespace brasquelin {
 /// `brokenOff`: the run ended without a word about the job's end. `leftOut`: not asked for, or the run ended before it.
 enum class JobState : std::uint8_t { waiting, running, done, failed, brokenOff, leftOut };
 
+/// There may be a million: each byte counts.
 struct RunRow {
-    std::string line;
-    std::int64_t start = 0;     // milliseconds since 1970; 0: has not been started
-    std::int64_t duration = 0;  // milliseconds; of a running job see RunRows::durationOf
+    std::string_view line() const { return {lineBegin, lineSize}; }
+
+    const char* lineBegin = nullptr;
+    std::uint32_t lineSize = 0;
+    std::int32_t exitCode = 0;
+    std::int64_t start = 0;  // milliseconds since 1970; 0: has not been started
     std::uint64_t outputBegin = 0;
-    std::uint64_t outputEnd = 0;  // known when the job has ended
-    int exitCode = 0;
-    int signal = 0;
+    std::uint64_t outputEnd = 0;     // known when the job has ended
+    std::int64_t duration : 40 = 0;  // milliseconds; of a running job see RunRows::durationOf
+    std::int64_t signal : 8 = 0;
     JobState state = JobState::waiting;
     bool hasOutput = false;  // where it is in the output file is known
 };
@@ -86,14 +94,15 @@ class RunRows {
     /// These jobs wait again and the run goes on with them; others that waited are left out. Gives the message that
     /// tells the runner.
     RunMessage runJobs(const std::vector<std::size_t>& jobs);
-    /// What a new runner has to know before that.
-    std::vector<RunMessage> aboutRun() const;
+    /// What a new runner has to know before that, one message after the other.
+    void tellAboutRun(const std::function<void(const RunMessage&)>& tell) const;
 
     /// Grows with every change.
     std::uint64_t revision() const { return revision_; }
 
   private:
-    void addJob(const std::string& line);
+    void addJob(std::string_view line);
+    void waitAgain(RunRow& row);
     void takeStart(const RunMessage& message);
     void takeEnd(const RunMessage& message);
     void beginRun();
@@ -105,7 +114,8 @@ class RunRows {
 
     RunMessage about_[4] = {
         {RunMessageKind::title}, {RunMessageKind::batchFile}, {RunMessageKind::logFile}, {RunMessageKind::outputFile}};
-    std::vector<RunRow> rows_;
+    LineStore lines_;
+    std::deque<RunRow> rows_;  // never copied to grow
     JobCounts counts_;
     RunPhase phase_ = RunPhase::reading;
     RunOutcome outcome_ = RunOutcome::complete;

@@ -1,7 +1,6 @@
 #include "batch/runSession.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace brasquelin {
@@ -13,20 +12,22 @@ bool RunSession::poll() {
     constexpr std::size_t mostAtOnce = 20'000;
     // Before receiving: the last words of a runner come before its end.
     const bool open = link_ && link_->isOpen();
-    if (link_) {
-        auto fresh = link_->receive();
-        std::move(fresh.begin(), fresh.end(), std::back_inserter(waiting_));
-    }
-    const std::size_t count = std::min(waiting_.size(), mostAtOnce);
-    for (std::size_t i = 0; i < count; ++i) {
-        take(waiting_.front());
-        waiting_.pop_front();
-    }
-    if (open || !waiting_.empty() || !link_) return count > 0;
+    std::size_t count = 0;
+    for (; count < mostAtOnce && hasReceived(); ++count) take(received_[taken_++]);
+    if (open || taken_ < received_.size() || !link_) return count > 0;
     link_.reset();
     if (rows_.phase() != RunPhase::ended) ++ends_;
     rows_.runnerGone();
     return true;
+}
+
+/// More is only received when all has been taken: a runner can be far ahead.
+bool RunSession::hasReceived() {
+    if (taken_ == received_.size() && link_) {
+        received_ = link_->receive();
+        taken_ = 0;
+    }
+    return taken_ < received_.size();
 }
 
 void RunSession::take(const RunMessage& message) {
@@ -89,10 +90,11 @@ void RunSession::runNothing() {
 
 void RunSession::runAgain(const std::vector<std::size_t>& jobs) {
     auto link = startRunner_();
-    for (const RunMessage& message : rows_.aboutRun()) link->send(message);
+    rows_.tellAboutRun([&link](const RunMessage& message) { link->send(message); });
     link->send(rows_.runJobs(jobs));
     link_ = std::move(link);
-    waiting_.clear();
+    received_.clear();
+    taken_ = 0;
     troubles_.clear();
     stopping_ = false;
     if (stopsAtFailure_) setStopAtFailure(true);

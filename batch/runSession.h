@@ -49,13 +49,15 @@ class RunSession {
     void runAgain(const std::vector<std::size_t>& jobs);
 
   private:
+    bool hasReceived();
     void take(const RunMessage& message);
     void send(RunMessageKind kind, std::size_t job = 0);
 
     std::unique_ptr<RunLink> link_;
     StartRunner startRunner_;
     RunRows rows_;
-    std::deque<RunMessage> waiting_;
+    std::vector<RunMessage> received_;
+    std::size_t taken_ = 0;  // of those
     std::deque<std::string> troubles_;
     std::size_t ends_ = 0;
     bool stopsAtFailure_ = false;

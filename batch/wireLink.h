@@ -14,7 +14,7 @@ class WireLink : public RunLink {
   public:
     explicit WireLink(std::unique_ptr<Wire> wire) : wire_(std::move(wire)) {}
 
-    std::vector<RunMessage> receive() override { return reader_.take(wire_->receive()); }
+    std::vector<RunMessage> receive() override;
     void send(const RunMessage& message) override { wire_->send(encode(message)); }
     bool isOpen() const override { return wire_->isOpen(); }
 

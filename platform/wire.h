@@ -13,7 +13,7 @@ class Wire {
     virtual ~Wire() = default;
     /// Lost when the other side is gone.
     virtual void send(std::string_view bytes) = 0;
-    /// What has come since the last call.
+    /// What has come since the last call, a limited part of it at a time.
     virtual std::string receive() = 0;
     /// False when the other side is gone and all that it sent has been received.
     virtual bool isOpen() const = 0;

@@ -5,9 +5,11 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <utility>
 
 #include "platform/posix/descendants.h"
 #include "platform/posix/descriptor.h"
@@ -31,14 +33,10 @@ class SocketWire : public Wire {
     }
     std::string receive() override {
         push();
-        std::string bytes;
-        std::array<char, 1U << 16U> piece{};
-        ssize_t taken = 0;
-        while (open_ && (taken = recv(socket_.get(), piece.data(), piece.size(), 0)) > 0) {
-            bytes.append(piece.data(), static_cast<std::size_t>(taken));
-        }
-        if (taken == 0 || (errno != EAGAIN && errno != EINTR)) open_ = open_ && taken > 0;
-        return bytes;
+        std::array<char, 1U << 14U> piece{};
+        const ssize_t taken = open_ ? recv(socket_.get(), piece.data(), piece.size(), 0) : 0;
+        if (taken == 0 || (taken < 0 && errno != EAGAIN && errno != EINTR)) open_ = false;
+        return {piece.data(), static_cast<std::size_t>(std::max<ssize_t>(taken, 0))};
     }
     bool isOpen() const override { return open_; }
     void letGo() override {
@@ -59,16 +57,21 @@ class SocketWire : public Wire {
     }
     void push() {
         while (open_ && !unsent_.empty()) {
-            const ssize_t sent = ::send(socket_.get(), unsent_.data(), unsent_.size(), MSG_NOSIGNAL);
+            const std::string_view rest = std::string_view(unsent_).substr(sent_);
+            const ssize_t sent = ::send(socket_.get(), rest.data(), rest.size(), MSG_NOSIGNAL);
             if (sent < 0 && errno == EINTR) continue;
-            if (sent < 0 && errno != EAGAIN) unsent_.clear();
+            if (sent < 0 && errno != EAGAIN) unsent_.resize(sent_ = 0);
             if (sent <= 0) return;
-            unsent_.erase(0, static_cast<std::size_t>(sent));
+            sent_ += static_cast<std::size_t>(sent);
+            // Not with every piece: much can be waiting behind it.
+            if (sent_ < unsent_.size() / 2) continue;
+            unsent_.erase(0, std::exchange(sent_, 0));
         }
     }
 
     Descriptor socket_;
     std::string unsent_;
+    std::size_t sent_ = 0;  // of its bytes
     bool open_ = true;
 };
 

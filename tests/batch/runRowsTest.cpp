@@ -99,9 +99,11 @@ TEST_F(RunRowsTest, WhatFailedRunsAgainInTheSameRows) {
     tell(Kind::finished, "complete");
     EXPECT_EQ("All 3 jobs are done.", endText(rows));
     EXPECT_EQ("Done - 3 of 3 - Tool", titleText(rows));
-    ASSERT_EQ(7U, rows.aboutRun().size());
-    EXPECT_EQ("/x/brasquelin.bat", rows.aboutRun()[1].text);
-    EXPECT_EQ("job 3", rows.aboutRun()[6].text);
+    Lines told;
+    rows.tellAboutRun([&told](const RunMessage& message) { told.push_back(message.text); });
+    ASSERT_EQ(7U, told.size());
+    EXPECT_EQ("/x/brasquelin.bat", told[1]);
+    EXPECT_EQ("job 3", told[6]);
 }
 
 TEST_F(RunRowsTest, AnEndBeforeTheLastJobLeavesTheRestOut) {

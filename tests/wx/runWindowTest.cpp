@@ -40,12 +40,13 @@ class FakeLink : public RunLink {
 
 class RunWindow : public WindowTest {
   protected:
-    void open(int jobs, Kind then = Kind::ready) {
+    void open(int jobs, Kind then = Kind::ready, const std::function<void()>& more = {}) {
         say(Kind::title, " Tool");
         say(Kind::batchFile, "/x/brasquelin.bat");
         say(Kind::outputFile, inDirectory("output.txt"));
         for (int i = 1; i <= jobs; ++i) say(Kind::job, "job\t" + std::to_string(i));
         if (then != Kind::job) say(then);
+        if (more) more();
         showRunWindow(
             std::make_unique<FakeLink>(wire),
             [this] {
@@ -145,6 +146,17 @@ TEST_F(RunWindow, JobsAndOutputAreShownAsTheyCome) {
     choosePopUps("Copy line");
     rightClick(rows());
     EXPECT_EQ("job\t1", clipboard());
+}
+
+/// It may be over, and what follows in the file the output of others.
+TEST_F(RunWindow, TheOutputOfAJobIsShownOnceItRunsForAWhile) {
+    open(2, Kind::ready, [this] {
+        start(1);
+        print("of whom?\n");
+    });
+    EXPECT_EQ(1U, rows().selectedJob());
+    EXPECT_EQ("", output());
+    EXPECT_TRUE(becomesTrue([this] { return output() == "of whom?\n"; }));
 }
 
 TEST_F(RunWindow, ButtonsTellTheRunner) {
@@ -261,6 +273,9 @@ TEST_F(RunWindow, ABurstOfMessagesIsTakenInSlices) {
     RunSession session(std::make_unique<FakeLink>(burst), {});
     session.poll();
     EXPECT_LT(session.rows().size(), 50'000U);
+    burst->said.push_back({.kind = Kind::ready});
+    session.poll();
+    EXPECT_EQ(1U, burst->said.size());  // left where it is until there is room for it
     open(100'000);
     for (std::size_t job = 1; job <= 100'000; ++job) {
         wire->said.push_back({Kind::started, job, 1000, 0, 0});
