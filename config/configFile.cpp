@@ -120,8 +120,14 @@ std::string storedPath(const std::string& field) {
 
 }  // namespace
 
-std::string configFilePath() {
-    return joinPath(programDirectory(), "Brasquelin.ini");
+const std::string& configFilePath() {
+    static std::string directory;
+    static std::string path;
+    if (directory != programDirectory() || path.empty()) {
+        directory = programDirectory();
+        path = joinPath(directory, "Brasquelin.ini");
+    }
+    return path;
 }
 
 void readConfig(std::string_view path) {

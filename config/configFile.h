@@ -34,7 +34,7 @@ struct Settings {
 extern Settings settings;
 
 /// The program directory's "Brasquelin.ini".
-std::string configFilePath();
+const std::string& configFilePath();
 
 /// Reads the file into `settings`. Keys that do not occur leave their setting as it was; the global variables start
 /// over. Raises the error of opening the file, 5 for a variable without "=", 9 for a 257th one.

@@ -100,20 +100,17 @@ struct KeptCommand {
     CommandSection section;
 };
 
-std::shared_ptr<const TextFile> readCommandSection(std::string_view path) {
-    const auto file = readTextFile(path);
+void readCommandSection(std::string_view path, const TextFile& file) {
     auto& variables = variableTables.functionVariables;
     const std::uint64_t declared = variables.revision();
-    const auto kept = onlooker() ? nullptr : file->understood.get<KeptCommand>();
+    const auto kept = onlooker() ? nullptr : file.understood.get<KeptCommand>();
     if (kept != nullptr && kept->declared == declared) {
         variables.take(kept->variables);
-        obey(kept->section);
-        return file;
+        return obey(kept->section);
     }
-    CommandSection section = takeCommandLines(*file, path);
+    CommandSection section = takeCommandLines(file, path);
     obey(section);
-    file->understood.keep(KeptCommand{declared, variables, std::move(section)});
-    return file;
+    file.understood.keep(KeptCommand{declared, variables, std::move(section)});
 }
 
 /// Raises what the writing of a file would, which is not done.
@@ -166,11 +163,12 @@ struct CommandNames {
     std::uint64_t variables = 0;
     std::uint64_t results = 0;
     ReferenceNames names;
+    bool isPlain = true;  // the value of a variable is its text as it stands
 };
 
 CommandNames collectNames(const Table<VariableDeclaration>& variables, const Table<NamedValue>& results) {
     const auto& globals = settings.globalVars;
-    CommandNames all{globals.revision(), variables.revision(), results.revision(), {}};
+    CommandNames all{globals.revision(), variables.revision(), results.revision(), {}, true};
     const auto add = [&](CommandPass pass, std::size_t row, std::string_view name) {
         all.names.add(ReferenceNames::turnIn(pass, row), name);
     };
@@ -180,6 +178,10 @@ CommandNames collectNames(const Table<VariableDeclaration>& variables, const Tab
     const std::size_t last = lastPluginRow(results);
     for (std::size_t i = 0; i <= last; ++i) add(CommandPass::plugin, i, results.row(i).name);
     all.names.finish();
+    all.isPlain = std::all_of(variables.begin(), variables.end(), [](const VariableDeclaration& variable) {
+        const VariableKind kind = kindOf(variable.typeSpec);
+        return !isChoice(kind) && kind != VariableKind::dbls;
+    });
     return all;
 }
 
@@ -205,7 +207,8 @@ class FunctionRun {
 
   private:
     std::vector<std::optional<std::string_view>> matched(const std::vector<std::string>& arguments) const;
-    void resolve(const std::vector<std::string>& arguments);
+    void resolve();
+    std::string_view plainValue(std::size_t row) const;
     void expandAllForms(ReferenceText& text) const;
     void expandDirectories(ReferenceText& text, std::string_view doubledExepath) const;
     bool mayHoldForms(const std::string& command) const;
@@ -225,17 +228,22 @@ class FunctionRun {
 
     std::string_view path_;
     const FunctionContext& context_;
-    const TextFile* file_ = nullptr;  // while it performs
+    std::vector<std::optional<std::string_view>> given_;
+    std::shared_ptr<const CommandNames> names_;
     std::vector<ResolvedVariable> variables_;
 };
 
 std::string FunctionRun::perform(const TextFile& file, const std::vector<std::string>& arguments) {
-    file_ = &file;
     const bool isFile = equalIgnoringCase(functionAction.type, "file");
     if (!isFile && !equalIgnoringCase(functionAction.type, "shell")) return {};
-    resolve(arguments);
-    if (onlooker()) tellExpansions(isFile);
     const auto& action = functionAction;
+    given_ = matched(arguments);
+    names_ = namesOf(file, context_.level);
+    std::string joined;
+    const bool plain = !isFile && !onlooker() && names_->isPlain;
+    if (plain && joinCommand(action.command, joined)) return joined;
+    resolve();
+    if (onlooker()) tellExpansions(isFile);
     std::string command = placed(action.commandLine, [&] { return expandedCommand(action.command); });
     if (!isFile) return command;
     // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): it loses track of the reference behind the lambda
@@ -259,14 +267,13 @@ std::vector<std::optional<std::string_view>> FunctionRun::matched(const std::vec
     return given;
 }
 
-void FunctionRun::resolve(const std::vector<std::string>& arguments) {
-    const auto given = matched(arguments);
+void FunctionRun::resolve() {
     const auto& variables = variableTables.functionVariables;
     VariableResolver resolver;
     variables_.reserve(variables.count());
     for (std::size_t i = 0; i < variables.count(); ++i) {
         std::string room;
-        const std::string_view value = valueText(variables.row(i), given[i], room);
+        const std::string_view value = valueText(variables.row(i), given_[i], room);
         resolver.resolve(variables.row(i), value, variables_.emplace_back());
     }
 }
@@ -297,26 +304,31 @@ bool FunctionRun::mayHoldForms(const std::string& command) const {
     return command.find("($") != std::string::npos && std::any_of(variables_.begin(), variables_.end(), hasForms);
 }
 
+/// As resolved or, where that is not needed, as it was given.
+std::string_view FunctionRun::plainValue(std::size_t row) const {
+    if (!variables_.empty()) return variables_[row].choice.value;
+    return given_[row] ? *given_[row] : std::string_view(variableTables.functionVariables.row(row).defaultValue);
+}
+
 /// False when the order of the names may matter.
 bool FunctionRun::joinCommand(const std::string& command, std::string& joined) const {
-    const auto names = namesOf(*file_, context_.level);
     std::string directory;
-    const auto valueOf = [&](ReferenceNames::Turn turn) -> const std::string* {
+    const auto valueOf = [&](ReferenceNames::Turn turn) -> std::optional<std::string_view> {
         const std::size_t row = ReferenceNames::rowOf(turn);
         switch (ReferenceNames::passOf<CommandPass>(turn)) {
             case CommandPass::builtIn:
                 directory = builtInDirectory(commandBuiltIns[row], [this] { return dirOf(shortPath(path_)); });
-                return &directory;
+                return directory;
             case CommandPass::global:
-                return &settings.globalVars.row(row).value;
+                return settings.globalVars.row(row).value;
             case CommandPass::variable:
-                return &variables_[row].choice.value;
+                return plainValue(row);
             case CommandPass::plugin:
-                return &variableTables.pluginResults[context_.level].row(row).value;
+                return variableTables.pluginResults[context_.level].row(row).value;
         }
-        return nullptr;
+        return std::nullopt;
     };
-    return names->names.join(command, valueOf, joined);
+    return names_->names.join(command, valueOf, joined);
 }
 
 std::string FunctionRun::expandedCommand(const std::string& command) const {
@@ -409,15 +421,19 @@ std::string runBasicFunction(std::string_view path, const FunctionContext& conte
                              const std::vector<std::string>& arguments) {
     FunctionRun run(path, context);
     readConfig(configFilePath());
-    readFunctionVariables(path);
-    return run.perform(*readCommandSection(path), arguments);
+    const auto file = readTextFile(path);
+    readFunctionVariables(path, *file);
+    readCommandSection(path, *file);
+    return run.perform(*file, arguments);
 }
 
 std::string runPromptedLibrary(std::string_view path, const std::vector<std::string>& arguments) {
     const FunctionContext openedByUser;
     FunctionRun run(path, openedByUser);
     readConfig(configFilePath());
-    return run.perform(*readCommandSection(path), arguments);
+    const auto file = readTextFile(path);
+    readCommandSection(path, *file);
+    return run.perform(*file, arguments);
 }
 
 bool runNamedFunction(std::string_view name, std::string_view parameter, const FunctionContext& context,
@@ -427,8 +443,9 @@ bool runNamedFunction(std::string_view name, std::string_view parameter, const F
     if (onlooker()) onlooker()->follows(*path);
     FunctionRun run(*path, context);
     readConfig(configFilePath());
-    readFunctionVariables(*path);
-    const auto file = readCommandSection(*path);
+    const auto file = readTextFile(*path);
+    readFunctionVariables(*path, *file);
+    readCommandSection(*path, *file);
     jobLine = run.perform(*file, parameterEntries(parameter));
     return true;
 }

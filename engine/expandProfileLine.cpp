@@ -164,10 +164,7 @@ struct Kept {
     std::string builtInValue;
 };
 
-Kept& kept() {
-    static Kept all;
-    return all;
-}
+Kept kept;
 
 /// One line's way through the passes.
 class LineExpansion {
@@ -177,12 +174,12 @@ class LineExpansion {
           scriptPath_(scriptPath),
           index_(index),
           assignments_(assignmentsOf(level)),  // a bad one shows in any line
-          names_(kept().names[level].of(level, assignments_)) {}
+          names_(kept.names[level].of(level, assignments_)) {}
 
     /// True when the line could be joined, without the passes from `end` on being needed.
     bool join(std::string_view line, Turn end) const {
         const auto value = [this, end](Turn turn) { return turn < end ? plainValue(turn) : nullptr; };
-        return names_.join(line, value, kept().joined);
+        return names_.join(line, value, kept.joined);
     }
 
     void replace(ReferenceText& text, Turn from, Turn end) const {
@@ -203,7 +200,7 @@ class LineExpansion {
 };
 
 const std::string& LineExpansion::builtInValue(std::size_t row) const {
-    std::string& value = kept().builtInValue;
+    std::string& value = kept.builtInValue;
     const auto scriptDirectory = [this] { return dirOf(scriptPath_); };
     value = row == indexRow ? std::to_string(index_) : builtInDirectory(builtIns[row], scriptDirectory);
     return value;
@@ -253,8 +250,8 @@ void LineExpansion::replaceOne(ReferenceText& text, Turn turn) const {
 std::string expandProfileLine(std::string& line, int level, std::string_view scriptPath, int index) {
     constexpr Turn lastPass = turnOf(Pass::plugin, 0);
     const LineExpansion expansion(level, scriptPath, index);
-    if (expansion.join(line, lastPass)) return line = kept().joined;
-    ReferenceText& text = kept().text;
+    if (expansion.join(line, lastPass)) return line = kept.joined;
+    ReferenceText& text = kept.text;
     text.assign(line);
     expansion.replace(text, 0, lastPass);
     line = text.text();
@@ -264,10 +261,10 @@ std::string expandProfileLine(std::string& line, int level, std::string_view scr
 
 const std::string& expandedLine(std::string_view line, int level, std::string_view scriptPath, int index) {
     const LineExpansion expansion(level, scriptPath, index);
-    if (expansion.join(line, ReferenceNames::never)) return kept().joined;
-    kept().text.assign(line);
-    expansion.replace(kept().text, 0, ReferenceNames::never);
-    return kept().text.text();
+    if (expansion.join(line, ReferenceNames::never)) return kept.joined;
+    kept.text.assign(line);
+    expansion.replace(kept.text, 0, ReferenceNames::never);
+    return kept.text.text();
 }
 
 void endForUnknownVar(std::string_view name, std::string_view fromFile, int fromLine, std::string_view inFile) {

@@ -66,7 +66,9 @@ std::shared_ptr<const SectionLines> sectionOf(const TextFile& file) {
 }  // namespace
 
 std::string replaceDirectories(std::string_view path, std::string_view profilePath) {
-    return replaceVar("scriptpath", dirOf(profilePath), replaceVar("exepath", exeDirectory(), path));
+    std::string replaced = replaceVar("exepath", exeDirectory(), path);
+    if (replaced.find('$') == std::string::npos) return replaced;
+    return replaceVar("scriptpath", dirOf(profilePath), replaced);
 }
 
 void processLibrarySection(const std::string& path, int level) {

@@ -96,6 +96,19 @@ int countRun() {
     return count;
 }
 
+struct LinesBeforeBody {
+    std::size_t count = 0;
+};
+
+/// Nothing in front of the body's first tag is obeyed.
+std::size_t linesBeforeBody(const TextFile& file) {
+    if (const auto kept = file.understood.get<LinesBeforeBody>()) return kept->count;
+    SectionState body(Section::profile);
+    const auto first = std::find_if(file.lines.begin(), file.lines.end(),
+                                    [&](const std::string& line) { return body.noteTag(line) && body.isOpen(); });
+    return file.understood.keep(LinesBeforeBody{static_cast<std::size_t>(first - file.lines.begin())})->count;
+}
+
 ProfileRun::ProfileRun(const std::string& path, int level) : path_(path), level_(level), index_(countRun()) {
     engineTables.callables[level].resetCount();
     engineTables.plugins[level].resetCount();
@@ -110,6 +123,7 @@ void ProfileRun::run() {
     readConfig(configFilePath());
     loops().depth = 0;
     file_ = readTextFile(path_);
+    if (!onlooker()) position_ = linesBeforeBody(*file_);
     while (nextLine()) attempt(path_, lineNumber(), [this] { handleLine(); });
     if (onlooker()) tellOpenLoops();
 }

@@ -84,6 +84,7 @@ template <typename ValueOf>
 bool ReferenceNames::join(std::string_view line, ValueOf valueOf, std::string& joined) const {
     if (!oddOnes_.empty()) return false;
     joined.clear();
+    joined.reserve(2 * line.size());
     std::size_t taken = 0;
     std::size_t longest = line.size();  // on the way
     for (auto begin = line.find('$'); begin != std::string_view::npos;) {
@@ -95,8 +96,8 @@ bool ReferenceNames::join(std::string_view line, ValueOf valueOf, std::string& j
             begin = end;
             continue;
         }
-        const std::string* value = valueOf(turn);
-        if (value == nullptr || value->find('$') != std::string::npos) return false;
+        const auto value = valueOf(turn);
+        if (!value || value->find('$') != std::string_view::npos) return false;
         longest += value->size();
         if (longest > mostExpandedBytes) return false;
         joined.append(line, taken, begin - taken).append(*value);

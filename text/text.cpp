@@ -165,7 +165,8 @@ bool isAscii(std::string_view text) {
 }
 
 bool equalIgnoringCase(std::string_view left, std::string_view right) {
-    if (left.empty() || right.empty()) return left.empty() && right.empty();
+    if (left == right) return true;
+    if (left.empty() || right.empty()) return false;
     if (isAscii(left[0], right[0]) && asciiLowerCase(left[0]) != asciiLowerCase(right[0])) return false;
     if (left.size() == right.size()) {
         std::size_t i = 0;
@@ -183,6 +184,10 @@ bool startsWithIgnoringCase(std::string_view text, std::string_view prefix) {
 }
 
 bool endsWithIgnoringCase(std::string_view text, std::string_view suffix) {
+    if (text.ends_with(suffix)) return true;
+    if (text.empty() || suffix.empty()) return false;
+    const bool differs = asciiLowerCase(text.back()) != asciiLowerCase(suffix.back());
+    if (differs && isAscii(text.back(), suffix.back())) return false;
     return equalIgnoringCase(lastCharacters(text, characterCount(suffix)), suffix);
 }
 

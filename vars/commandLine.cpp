@@ -44,8 +44,10 @@ bool endsWithProgram(std::string_view text) {
 }  // namespace
 
 std::vector<std::string> parsePresets(std::string_view argumentText) {
+    constexpr std::size_t usual = 8;
     std::vector<std::string> presets;
     if (argumentText.find(firstPresetKey) == std::string_view::npos) return presets;
+    presets.reserve(usual);
     std::string_view rest = argumentText;
     std::size_t equals = findKey(rest, 1);
     for (int next = 2; equals != std::string_view::npos; ++next) {

@@ -172,15 +172,14 @@ void keep(const TextFile& file, Table<VariableDeclaration>& table) {
 }
 
 template <typename Reader>
-bool readDeclarations(std::string_view path, Table<VariableDeclaration>& table, const ReaderRules& rules,
-                      OnParseError onParseError) {
-    const auto file = openFor(path, table);
-    if (takeKept<Reader>(*file, table)) return true;
+bool readDeclarations(std::string_view path, const TextFile& file, Table<VariableDeclaration>& table,
+                      const ReaderRules& rules, OnParseError onParseError) {
+    if (takeKept<Reader>(file, table)) return true;
     table.resetCount();
-    DeclarationReader reader(path, *file, table, rules);
+    DeclarationReader reader(path, file, table, rules);
     try {
         reader.read();
-        if (!onlooker() && reader.dependsOnFileAlone()) keep<Reader>(*file, table);
+        if (!onlooker() && reader.dependsOnFileAlone()) keep<Reader>(file, table);
     } catch (const ParseError& error) {
         table.resetCount();
         if (onParseError == OnParseError::endProgram) {
@@ -196,16 +195,26 @@ bool readDeclarations(std::string_view path, Table<VariableDeclaration>& table, 
     return true;
 }
 
+constexpr ReaderRules functionRules{false, false, false, 0};
+
 }  // namespace
 
 bool readProfileVariables(std::string_view path, int level, OnParseError onParseError) {
     const ReaderRules rules{true, true, true, level};
-    return readDeclarations<ProfileReader>(path, variableTables.profileVariables[level], rules, onParseError);
+    auto& table = variableTables.profileVariables[level];
+    const auto file = openFor(path, table);
+    return readDeclarations<ProfileReader>(path, *file, table, rules, onParseError);
 }
 
 bool readFunctionVariables(std::string_view path, OnParseError onParseError) {
-    const ReaderRules rules{false, false, false, 0};
-    return readDeclarations<FunctionReader>(path, variableTables.functionVariables, rules, onParseError);
+    auto& table = variableTables.functionVariables;
+    const auto file = openFor(path, table);
+    return readDeclarations<FunctionReader>(path, *file, table, functionRules, onParseError);
+}
+
+bool readFunctionVariables(std::string_view path, const TextFile& file) {
+    return readDeclarations<FunctionReader>(path, file, variableTables.functionVariables, functionRules,
+                                            OnParseError::endProgram);
 }
 
 }  // namespace brasquelin

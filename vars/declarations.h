@@ -5,6 +5,8 @@
 
 namespace brasquelin {
 
+struct TextFile;
+
 /// What follows the message about an invalid type text.
 enum class OnParseError { endProgram, report };
 
@@ -16,5 +18,7 @@ bool readProfileVariables(std::string_view path, int level, OnParseError onParse
 /// count declarations rather than lines, a fourth line that begins with "." is nothing special, and the end of the file
 /// right behind a declaration is error 62 (reported).
 bool readFunctionVariables(std::string_view path, OnParseError onParseError = OnParseError::endProgram);
+/// From its lines.
+bool readFunctionVariables(std::string_view path, const TextFile& file);
 
 }  // namespace brasquelin
