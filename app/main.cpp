@@ -11,6 +11,7 @@
 
 int main(int argc, char** argv) try {
     using namespace brasquelin;
+    programDirectory();  // where it cannot be made, nothing else works
     const std::string commandLine = processCommandLine(argc, argv);
     if (const auto status = answerRunOption(commandLine)) return *status;
     if (const auto status = answerOption(commandLine, processArguments(argc, argv))) return *status;

@@ -27,8 +27,9 @@ std::string pathRelativeTo(std::string_view directory, std::string_view path) {
 }
 
 const std::string& programDirectory() {
-    static const std::string running = dirOf(executablePath());
-    return directoryOverride.empty() ? running : directoryOverride;
+    if (!directoryOverride.empty()) return directoryOverride;
+    static const std::string own = ownProgramDirectory();
+    return own;
 }
 
 void setProgramDirectory(std::string directory) {

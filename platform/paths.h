@@ -16,7 +16,8 @@ extern const std::string_view programFileName;
 /// directory + separator + name.
 std::string joinPath(std::string_view directory, std::string_view name);
 
-/// The directory of the running executable, without a trailing separator; another one for tests.
+/// The directory of the running executable (or the user's own one: ownProgramDirectory), without a trailing separator;
+/// another one for tests.
 const std::string& programDirectory();
 void setProgramDirectory(std::string directory);
 

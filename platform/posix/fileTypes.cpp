@@ -3,12 +3,12 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/posix/userData.h"
 #include "text/substitution.h"
 #include "text/text.h"
 
@@ -48,14 +48,6 @@ std::string mimePackage(const FileType& type) {
         mimeTypeOf(type) + "\">\n    <comment>" + type.description + "</comment>\n";
     for (const auto& extension : type.extensions) text += "    <glob pattern=\"*" + extension + "\"/>\n";
     return text + "  </mime-type>\n</mime-info>\n";
-}
-
-/// The user's directory for application data; empty when there is none.
-std::string userDataDirectory() {
-    const char* data = std::getenv("XDG_DATA_HOME");
-    if (data != nullptr && *data == '/') return data;
-    const char* home = std::getenv("HOME");
-    return home != nullptr && *home == '/' ? std::string(home) + "/.local/share" : std::string();
 }
 
 /// True when the file did not have this text before.

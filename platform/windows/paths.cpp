@@ -54,6 +54,10 @@ std::wstring_view behindProgram(std::wstring_view line) {
 
 }  // namespace
 
+std::string ownProgramDirectory() {
+    return dirOf(executablePath());
+}
+
 std::string executablePath() {
     std::wstring name(MAX_PATH, L'\0');
     DWORD length = 0;
