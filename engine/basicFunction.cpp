@@ -237,8 +237,8 @@ std::string FunctionRun::perform(const TextFile& file, const std::vector<std::st
     const bool isFile = equalIgnoringCase(functionAction.type, "file");
     if (!isFile && !equalIgnoringCase(functionAction.type, "shell")) return {};
     const auto& action = functionAction;
-    given_ = matched(arguments);
     names_ = namesOf(file, context_.level);
+    given_ = matched(arguments);
     std::string joined;
     const bool plain = !isFile && !onlooker() && names_->isPlain;
     if (plain && joinCommand(action.command, joined)) return joined;
@@ -258,10 +258,11 @@ std::vector<std::optional<std::string_view>> FunctionRun::matched(const std::vec
     std::vector<std::optional<std::string_view>> given(variables.count());
     for (const auto& argument : arguments) {
         const Assignment assignment = splitAssignment(argument);
-        const int index = findVar(assignment.name, variables);
+        const auto turn = names_->names.turnOf(assignment.name, ReferenceNames::turnIn(CommandPass::variable, 0));
+        const bool known = turn < ReferenceNames::turnIn(CommandPass::plugin, 0);
         attempt(context_.fromFile, context_.fromLine, [&] {
-            if (index < 0) endForUnknownVar(assignment.name, context_.fromFile, context_.fromLine, path_);
-            given[static_cast<std::size_t>(index)] = assignment.value;
+            if (!known) endForUnknownVar(assignment.name, context_.fromFile, context_.fromLine, path_);
+            given[ReferenceNames::rowOf(turn)] = assignment.value;
         });
     }
     return given;

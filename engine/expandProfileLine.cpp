@@ -40,20 +40,34 @@ SourceLine callingLine() {
     endForUnknownVar(name, outer.path, outer.line, stack.empty() ? std::string() : stack.back().path);
 }
 
+/// Raises what the assignment raises.
+void resolveAssignment(const Assignment& assignment, int level, VariableResolver& resolver,
+                       ResolvedVariable& resolved) {
+    const auto& variables = variableTables.profileVariables[level];
+    const int index = findVar(assignment.name, variables);
+    if (index < 0) rejectAssignment(assignment.name);
+    resolver.resolve(variables.row(static_cast<std::size_t>(index)), assignment.value, resolved);
+}
+
+/// What was resolved by the same declarations before serves for a text of the same name: only its value is another.
 void resolveAssignments(ResolvedLevel& resolved, int level) {
     const auto& values = variableTables.values[level];
-    const auto& variables = variableTables.profileVariables[level];
+    const bool sameVariables = resolved.variablesRevision == variableTables.profileVariables[level].revision();
+    const std::size_t before = sameVariables ? resolved.assignments.size() : 0;
     VariableResolver resolver;
     std::size_t count = 0;
     resolved.assignments.resize(values.count());
     for (const auto& entry : values) {
         const Assignment assignment = splitAssignment(entry);
-        const int index = findVar(assignment.name, variables);
-        const SourceLine place = callingLine();
-        attempt(place.path, place.line, [&] {
-            if (index < 0) rejectAssignment(assignment.name);
-            const auto& variable = variables.row(static_cast<std::size_t>(index));
-            resolver.resolve(variable, assignment.value, resolved.assignments[count]);
+        ResolvedVariable& place = resolved.assignments[count];
+        if (count < before && !place.isChoice && place.name == assignment.name) {
+            place.choice.value = assignment.value;
+            ++count;
+            continue;
+        }
+        const SourceLine calling = callingLine();
+        attempt(calling.path, calling.line, [&] {
+            resolveAssignment(assignment, level, resolver, place);
             ++count;
         });
     }
@@ -70,7 +84,12 @@ const std::vector<ResolvedVariable>& assignmentsOf(int level) {
         resolved.usable && resolved.valuesRevision == valuesRevision && resolved.variablesRevision == variablesRevision;
     if (current) return resolved.assignments;
     resolved.usable = false;
-    resolveAssignments(resolved, level);
+    try {
+        resolveAssignments(resolved, level);
+    } catch (...) {
+        resolved.assignments.clear();
+        throw;
+    }
     resolved.valuesRevision = valuesRevision;
     resolved.variablesRevision = variablesRevision;
     resolved.usable = true;

@@ -6,7 +6,8 @@ void VariableResolver::resolve(const VariableDeclaration& variable, std::string_
                                ResolvedVariable& resolved) {
     resolved.name = variable.name;
     resolved.label.clear();
-    if (isChoice(kindOf(variable.typeSpec))) {
+    resolved.isChoice = isChoice(kindOf(variable.typeSpec));
+    if (resolved.isChoice) {
         resolved.choice = resolveChoice(variable.typeSpec, value);
     } else {
         resolved.choice.value = value;

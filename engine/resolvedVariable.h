@@ -11,7 +11,8 @@
 namespace brasquelin {
 
 struct ResolvedVariable {
-    std::string name;  // as declared
+    std::string name;       // as declared
+    bool isChoice = false;  // a list or comb
     ResolvedChoice choice;
     std::string label;  // what "text($name$)" becomes
 };

@@ -78,7 +78,7 @@ ReferenceNames::Turn ReferenceNames::turnOf(std::string_view name, Turn from) co
     for (std::size_t i = places_[hash & (places_.size() - 1)]; i != none; i = entries_[i].next) {
         const Entry& entry = entries_[i];
         if (entry.hash != hash || entry.turn < from || isLeftOut(entry.turn)) continue;
-        if (equalIgnoringCase(entry.name, name)) return entry.turn;
+        if (entry.name == name || equalIgnoringCase(entry.name, name)) return entry.turn;
     }
     return never;
 }

@@ -110,14 +110,15 @@ bool takeValue(PromptRow& row, PromptKind kind, const std::string& value) {
 }
 
 void applyPreset(PromptRow& row, const PromptForm& form, const std::string& value) {
-    if (equalIgnoringCase(value, askMarker)) {
+    const bool marked = value.starts_with('#');
+    if (marked && equalIgnoringCase(value, askMarker)) {
         row.askUser = true;
         return;
     }
     bool taken = false;
-    if (startsWithIgnoringCase(value, popKeyMarker)) {
+    if (marked && startsWithIgnoringCase(value, popKeyMarker)) {
         taken = popRow(row, form, fromCharacter(value, popKeyMarker.size() + 1));
-    } else if (equalIgnoringCase(value, popMarker)) {
+    } else if (marked && equalIgnoringCase(value, popMarker)) {
         taken = popRow(row, form, {});
     } else {
         taken = takeValue(row, form.kind, value);
