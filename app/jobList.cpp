@@ -15,12 +15,23 @@ JobList::Line JobList::keep(std::string_view text) {
     char* const kept = static_cast<char*>(memory_->allocate(text.size() + 1, 1));
     text.copy(kept, text.size());
     used_ += text.size();
-    return {kept, static_cast<std::uint32_t>(text.size()), static_cast<std::uint32_t>(shownWidth(text))};
+    return {kept, static_cast<std::uint32_t>(text.size()), 0};
+}
+
+void JobList::measure() const {
+    for (; measured_ < lines_.size(); ++measured_) {
+        lines_[measured_].width = static_cast<std::uint32_t>(shownWidth(line(measured_)));
+        if (lines_[measured_].width > lines_[longest_].width) longest_ = measured_;
+    }
+}
+
+std::uint32_t JobList::width(std::size_t index) const {
+    measure();
+    return lines_[index].width;
 }
 
 void JobList::append(std::string_view line) {
     lines_.push_back(keep(line));
-    if (lines_.back().width > lines_[longest_].width) longest_ = lines_.size() - 1;
     ++revision_;
 }
 
@@ -28,7 +39,7 @@ void JobList::clear() {
     lines_ = {};
     memory_.reset();
     used_ = 0;
-    longest_ = 0;
+    measured_ = longest_ = 0;
     ++revision_;
 }
 
@@ -42,9 +53,13 @@ void JobList::takeBack(const LineChange& change) {
 
 /// In place as far as both are equally long, so that a long list is moved at most once.
 void JobList::replace(std::size_t position, std::size_t count, const std::vector<std::string>& lines) {
+    measure();
     std::vector<Line> kept;
     kept.reserve(lines.size());
-    for (const auto& line : lines) kept.push_back(keep(line));
+    for (const auto& line : lines) {
+        kept.push_back(keep(line));
+        kept.back().width = static_cast<std::uint32_t>(shownWidth(line));
+    }
     const auto both = static_cast<std::ptrdiff_t>(std::min(count, lines.size()));
     const auto begin = lines_.begin() + static_cast<std::ptrdiff_t>(position);
     const auto end = std::copy(kept.begin(), kept.begin() + both, begin);
@@ -53,6 +68,7 @@ void JobList::replace(std::size_t position, std::size_t count, const std::vector
     } else {
         lines_.insert(end, kept.begin() + both, kept.end());
     }
+    measured_ = lines_.size();
     giveUnusedBack();
     const auto narrower = [](const Line& left, const Line& right) { return left.width < right.width; };
     longest_ = static_cast<std::size_t>(std::max_element(lines_.begin(), lines_.end(), narrower) - lines_.begin());
@@ -67,7 +83,7 @@ void JobList::giveUnusedBack() {
     if (used_ < 2 * needed + little) return;
     const auto before = std::move(memory_);
     used_ = 0;
-    for (auto& line : lines_) line = keep({line.text, line.size});
+    for (auto& line : lines_) line.text = keep({line.text, line.size}).text;
 }
 
 std::vector<std::string> JobList::lines(std::size_t begin, std::size_t count) const {
@@ -79,6 +95,7 @@ std::vector<std::string> JobList::lines(std::size_t begin, std::size_t count) co
 
 std::optional<std::size_t> JobList::longestLine() const {
     if (lines_.empty()) return std::nullopt;
+    measure();
     return longest_;
 }
 

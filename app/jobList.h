@@ -36,7 +36,7 @@ class JobList {
     /// The line of which most characters are shown, for the width of the column; nothing for an empty list.
     std::optional<std::size_t> longestLine() const;
     /// How many characters of a line are shown.
-    std::uint32_t width(std::size_t index) const { return lines_[index].width; }
+    std::uint32_t width(std::size_t index) const;
     /// Grows with every change.
     std::uint64_t revision() const { return revision_; }
 
@@ -44,18 +44,20 @@ class JobList {
     struct Line {
         const char* text;
         std::uint32_t size;
-        std::uint32_t width;  // in shown characters
+        std::uint32_t width;  // in shown characters, once it was measured
     };
     using Memory = std::pmr::monotonic_buffer_resource;
 
     Line keep(std::string_view text);
+    void measure() const;
     void replace(std::size_t position, std::size_t count, const std::vector<std::string>& lines);
     void giveUnusedBack();
 
-    std::deque<Line> lines_;
+    mutable std::deque<Line> lines_;
+    mutable std::size_t measured_ = 0;  // lines; nobody asks for widths where there is no window
     std::unique_ptr<Memory> memory_;
     std::size_t used_ = 0;  // bytes of the memory, those of removed lines, too
-    std::size_t longest_ = 0;
+    mutable std::size_t longest_ = 0;
     std::uint64_t revision_ = 0;
 };
 extern JobList jobList;

@@ -163,12 +163,13 @@ struct CommandNames {
     std::uint64_t variables = 0;
     std::uint64_t results = 0;
     ReferenceNames names;
-    bool isPlain = true;  // the value of a variable is its text as it stands
+    bool areDistinct = true;  // no variable has the name of another one
+    bool isPlain = true;      // the value of a variable is its text as it stands
 };
 
 CommandNames collectNames(const Table<VariableDeclaration>& variables, const Table<NamedValue>& results) {
     const auto& globals = settings.globalVars;
-    CommandNames all{globals.revision(), variables.revision(), results.revision(), {}, true};
+    CommandNames all{globals.revision(), variables.revision(), results.revision(), {}, true, true};
     const auto add = [&](CommandPass pass, std::size_t row, std::string_view name) {
         all.names.add(ReferenceNames::turnIn(pass, row), name);
     };
@@ -178,6 +179,10 @@ CommandNames collectNames(const Table<VariableDeclaration>& variables, const Tab
     const std::size_t last = lastPluginRow(results);
     for (std::size_t i = 0; i <= last; ++i) add(CommandPass::plugin, i, results.row(i).name);
     all.names.finish();
+    for (std::size_t i = 0; i < variables.count(); ++i) {
+        const auto first = all.names.turnOf(variables.row(i).name, ReferenceNames::turnIn(CommandPass::variable, 0));
+        all.areDistinct = all.areDistinct && ReferenceNames::rowOf(first) == i;
+    }
     all.isPlain = std::all_of(variables.begin(), variables.end(), [](const VariableDeclaration& variable) {
         const VariableKind kind = kindOf(variable.typeSpec);
         return !isChoice(kind) && kind != VariableKind::dbls;
@@ -207,6 +212,7 @@ class FunctionRun {
 
   private:
     std::vector<std::optional<std::string_view>> matched(const std::vector<std::string>& arguments) const;
+    ReferenceNames::Turn turnOf(std::string_view name, std::size_t position) const;
     void resolve();
     std::string_view plainValue(std::size_t row) const;
     void expandAllForms(ReferenceText& text) const;
@@ -252,13 +258,21 @@ std::string FunctionRun::perform(const TextFile& file, const std::vector<std::st
     return "//File saved to " + command;
 }
 
+/// Where an argument names its variable; arguments are mostly given in the order of the variables.
+ReferenceNames::Turn FunctionRun::turnOf(std::string_view name, std::size_t position) const {
+    const auto& variables = variableTables.functionVariables;
+    const bool inOrder = names_->areDistinct && position < variables.count() && variables.row(position).name == name;
+    const auto first = ReferenceNames::turnIn(CommandPass::variable, inOrder ? position : 0);
+    return inOrder ? first : names_->names.turnOf(name, first);
+}
+
 /// The value that the arguments give each variable; the last one for a variable counts.
 std::vector<std::optional<std::string_view>> FunctionRun::matched(const std::vector<std::string>& arguments) const {
     const auto& variables = variableTables.functionVariables;
     std::vector<std::optional<std::string_view>> given(variables.count());
     for (const auto& argument : arguments) {
         const Assignment assignment = splitAssignment(argument);
-        const auto turn = names_->names.turnOf(assignment.name, ReferenceNames::turnIn(CommandPass::variable, 0));
+        const auto turn = turnOf(assignment.name, static_cast<std::size_t>(&argument - arguments.data()));
         const bool known = turn < ReferenceNames::turnIn(CommandPass::plugin, 0);
         attempt(context_.fromFile, context_.fromLine, [&] {
             if (!known) endForUnknownVar(assignment.name, context_.fromFile, context_.fromLine, path_);

@@ -66,8 +66,8 @@ class ProfileRun {
     void runFunctionStatement();
     void runPluginStatement();
     void call();
-    std::vector<std::string> readParameters();
-    void callProfile(const std::string& called, std::vector<std::string> entries);
+    void readParameters();
+    void callProfile(const std::string& called);
     [[noreturn]] void rejectName(std::string_view name) const;
     [[noreturn]] void rejectParameter() const;
     FunctionContext context() const;
@@ -85,6 +85,7 @@ class ProfileRun {
     std::size_t position_ = 0;  // lines read so far; the number of the line in hand
     std::string_view line_;
     SectionState body_{Section::profile};
+    std::vector<std::string> entries_;  // the parameters of the call in hand, as name=value
     unsigned turns_ = 0;
 };
 
@@ -270,21 +271,21 @@ void ProfileRun::call() {
     const std::string& called = lookupCallable(name, level_);
     if (called.empty()) attempt(path_, lineNumber(), [&] { rejectName(name); });  // whoever collects goes on reading
     const std::size_t callLine = position_;
-    std::vector<std::string> entries = readParameters();
+    readParameters();
     markLine(callLine);
     const FileKind kind = kindOfFile(called);
-    if (kind == FileKind::library) appendJob(runBasicFunction(called, context(), entries));
-    if (kind == FileKind::profile) callProfile(called, std::move(entries));
+    if (kind == FileKind::library) appendJob(runBasicFunction(called, context(), entries_));
+    if (kind == FileKind::profile) callProfile(called);
 }
 
 /// The parameter lines as name=value. Only the value is expanded; the first "=" of the raw line splits it.
-std::vector<std::string> ProfileRun::readParameters() {
-    std::vector<std::string> entries;
+void ProfileRun::readParameters() {
+    std::size_t count = 0;
     const auto& lines = file_->lines;
     const int callLine = lineNumber();
     std::size_t last = position_;
     while (last < lines.size() && isAttribute(lines[last])) ++last;
-    entries.reserve(last - position_);
+    entries_.resize(std::max(entries_.size(), last - position_));
     while (position_ < last) {
         nextLine();
         const Assignment parameter = splitAssignment(line_.substr(1));
@@ -292,20 +293,18 @@ std::vector<std::string> ProfileRun::readParameters() {
         attempt(path_, lineNumber(), [&] {
             if (!parameter.hasEquals) rejectParameter();
             const std::string& value = expanded(parameter.value);
-            std::string& entry = entries.emplace_back();
-            entry.reserve(parameter.name.size() + 1 + value.size());
-            entry.append(parameter.name).append(1, '=').append(value);
+            entries_[count++].assign(parameter.name).append(1, '=').append(value);
         });
     }
-    return entries;
+    entries_.resize(count);
 }
 
-void ProfileRun::callProfile(const std::string& called, std::vector<std::string> entries) {
+void ProfileRun::callProfile(const std::string& called) {
     auto& values = variableTables.values[level_ + 1];
     values.resetCount();
     if (onlooker() && !onlooker()->mayCall()) return;
     readProfileVariables(called, level_ + 1);
-    for (auto& entry : entries) values.append(std::move(entry));
+    for (auto& entry : entries_) values.append(std::move(entry));
     if (!runProfile(called, level_ + 1)) throw RunStopped();
 }
 

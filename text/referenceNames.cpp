@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <functional>
 
 #include "text/text.h"
 
@@ -25,6 +26,7 @@ void ReferenceNames::clear() {
     firstCharacters_.reset();
     firstCharacters_.set('$');
     leftOutFrom_ = leftOutTo_ = 0;
+    prepared_.clear();
 }
 
 void ReferenceNames::add(Turn turn, std::string_view name) {
@@ -95,6 +97,39 @@ ReferenceNames::Turn ReferenceNames::next(const ReferenceText& text, Turn from) 
         if (due && text.refersTo(entry.name)) first = entry.turn;
     }
     return first;
+}
+
+/// Whatever lies there now: the text decides whether it is the same line.
+const ReferenceNames::Prepared& ReferenceNames::prepare(std::string_view line) const {
+    constexpr std::size_t places = 32;
+    constexpr std::size_t longLine = 4096;
+    if (prepared_.empty()) prepared_.resize(places);
+    const auto place = (std::hash<const char*>()(line.data()) >> 4U) % places;
+    Prepared& prepared = line.size() < longLine ? prepared_[place] : long_;
+    const bool known = prepared.leftOutFrom == leftOutFrom_ && prepared.line == line;
+    if (known && &prepared != &long_) return prepared;
+    prepared.line = line.size() < longLine ? line : std::string_view();
+    prepared.leftOutFrom = leftOutFrom_;
+    prepared.references.clear();
+    prepared.canBeJoined = findReferences(line, prepared.references);
+    return prepared;
+}
+
+/// The order of the names cannot matter when each piece between two dollar signs that is no reference begins as no name
+/// does: whatever is put in behind its beginning, it becomes none. False when it may matter.
+bool ReferenceNames::findReferences(std::string_view line, std::vector<Reference>& references) const {
+    if (!oddOnes_.empty()) return false;
+    for (auto begin = line.find('$'); begin != std::string_view::npos;) {
+        const auto end = line.find('$', begin + 1);
+        if (end == std::string_view::npos) break;
+        const bool mayBeName = mayBegin(line[begin + 1]);
+        const Turn turn = mayBeName ? turnOf(line.substr(begin + 1, end - begin - 1)) : never;
+        if (turn == never && mayBeName) return false;
+        if (turn != never) references.push_back({begin, end + 1, turn});
+        begin = turn == never ? end : line.find('$', end + 1);
+        if (turn != never && begin != std::string_view::npos && mayBegin(line[end + 1])) return false;
+    }
+    return true;
 }
 
 }  // namespace brasquelin

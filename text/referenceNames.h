@@ -66,6 +66,22 @@ class ReferenceNames {
     };
     static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
 
+    struct Reference {
+        std::size_t begin = 0;  // of its first dollar sign
+        std::size_t end = 0;    // behind the second one
+        Turn turn = 0;
+    };
+    /// What is known of a line while the names stay.
+    struct Prepared {
+        std::string line;
+        Turn leftOutFrom = never;
+        bool canBeJoined = false;
+        std::vector<Reference> references;
+    };
+
+    const Prepared& prepare(std::string_view line) const;
+    bool findReferences(std::string_view line, std::vector<Reference>& references) const;
+
     static std::uint32_t hashOf(std::string_view name);
     bool mayBegin(char first) const { return firstCharacters_[static_cast<unsigned char>(first)]; }
     bool isLeftOut(Turn turn) const { return turn >= leftOutFrom_ && turn < leftOutTo_; }
@@ -76,36 +92,26 @@ class ReferenceNames {
     std::bitset<256> firstCharacters_;  // of the names, in any letter case; and the dollar sign
     Turn leftOutFrom_ = 0;
     Turn leftOutTo_ = 0;
+    mutable std::vector<Prepared> prepared_;  // by where the lines lie: loops come to the same ones again
+    mutable Prepared long_;                   // one that is not kept
 };
 
-/// The order cannot matter when each piece between two dollar signs that is no reference begins as no name does:
-/// whatever is put in behind its beginning, it becomes none. Nor may a value bring dollar signs.
 template <typename ValueOf>
 bool ReferenceNames::join(std::string_view line, ValueOf valueOf, std::string& joined) const {
-    if (!oddOnes_.empty()) return false;
+    const Prepared& prepared = prepare(line);
+    if (!prepared.canBeJoined) return false;
     joined.clear();
-    joined.reserve(2 * line.size());
     std::size_t taken = 0;
     std::size_t longest = line.size();  // on the way
-    for (auto begin = line.find('$'); begin != std::string_view::npos;) {
-        const auto end = line.find('$', begin + 1);
-        if (end == std::string_view::npos) break;
-        const Turn turn = mayBegin(line[begin + 1]) ? turnOf(line.substr(begin + 1, end - begin - 1)) : never;
-        if (turn == never) {
-            if (mayBegin(line[begin + 1])) return false;
-            begin = end;
-            continue;
-        }
-        const auto value = valueOf(turn);
+    for (const Reference& reference : prepared.references) {
+        const auto value = valueOf(reference.turn);
         if (!value || value->find('$') != std::string_view::npos) return false;
         longest += value->size();
         if (longest > mostExpandedBytes) return false;
-        joined.append(line, taken, begin - taken).append(*value);
-        taken = end + 1;
-        begin = line.find('$', taken);
-        if (begin != std::string_view::npos && mayBegin(line[taken])) return false;
+        joined.append(line.data() + taken, reference.begin - taken).append(*value);
+        taken = reference.end;
     }
-    joined.append(line, taken);
+    joined.append(line.data() + taken, line.size() - taken);
     return true;
 }
 
