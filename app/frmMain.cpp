@@ -21,6 +21,7 @@
 #include "app/startUp.h"
 #include "config/configFile.h"
 #include "platform/manual.h"
+#include "platform/wx/accessibleNames.h"
 #include "platform/wx/fileDropTarget.h"
 #include "platform/wx/mnemonics.h"
 #include "platform/wx/noticeLine.h"
@@ -67,6 +68,7 @@ FrmMain::FrmMain()
     makeMenu();
     makeToolbar();
     JobList_ = new JobListView(this);
+    nameForAssistiveTools(*JobList_, "Jobs");
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(JobList_, wxSizerFlags(1).Expand());
     SetSizer(sizer);
@@ -147,6 +149,7 @@ void FrmMain::makeLine() {
     constexpr int rows = 3;
     txtLine_ = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                               wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP, wxDefaultValidator, "txtLine");
+    nameForAssistiveTools(*txtLine_, "Selected line");
     txtLine_->SetFont(JobList_->GetFont());
     txtLine_->SetMargins(FromDIP(2));
     txtLine_->SetMinSize(wxSize(-1, rows * txtLine_->GetCharHeight() + FromDIP(12)));

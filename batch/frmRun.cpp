@@ -23,6 +23,7 @@
 #include "batch/runTexts.h"
 #include "platform/desktop.h"
 #include "platform/reporting.h"
+#include "platform/wx/accessibleNames.h"
 #include "platform/wx/buttons.h"
 #include "platform/wx/choiceBox.h"
 #include "platform/wx/colours.h"
@@ -82,6 +83,10 @@ FrmRun::FrmRun(std::unique_ptr<RunLink> link, StartRunner startRunner, std::stri
     SetClientSize(size);
     placeOnScreen(*this);
     bindEvents();
+    nameForAssistiveTools(*JobRows_, "Jobs");
+    nameForAssistiveTools(*txtCommand_, "Command line");
+    nameForAssistiveTools(*txtOutput_, "Output");
+    nameForAssistiveTools(*gauge_, "Progress");
     JobRows_->SetFocus();
     tick();
     timer_.Start(tickTime);
@@ -423,6 +428,7 @@ void FrmRun::closing(wxCloseEvent& event) {
 
 void showRunWindow(std::unique_ptr<RunLink> link, StartRunner startRunner, const std::string& preferences) {
     auto* window = new FrmRun(std::move(link), std::move(startRunner), preferences);
+    nameControlsByLabels(*window);
     window->Show();
     window->Raise();
 }

@@ -17,6 +17,7 @@
 #include "platform/fileFilter.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/wx/accessibleNames.h"
 #include "platform/wx/application.h"
 #include "platform/wx/frmRunning.h"
 #include "platform/wx/messageLines.h"
@@ -109,6 +110,7 @@ bool WxDesktop::isLoaded(const wxTopLevelWindow* window) {
 }
 
 void WxDesktop::showModeless(wxTopLevelWindow& window) {
+    nameControlsByLabels(window);
     window.Show();
     window.Raise();
     window.CallAfter([&window] { window.Raise(); });  // some window managers heed only one that is up
@@ -118,6 +120,7 @@ void WxDesktop::showUntilClosed(wxDialog& window) {
     std::function<void()> lastStep;
     {
         const Unloading unloading(window);
+        nameControlsByLabels(window);
         showModally(window);
         if (auto* dialog = dynamic_cast<ProgramDialog*>(&window)) lastStep = dialog->takeLastStep();
     }
