@@ -17,7 +17,8 @@ KeptTables::~KeptTables() {
     setJobSink(std::move(sink_));
 }
 
-KeptDirectory::KeptDirectory() : path_(shortPath(".")) {}
+// A short path would stay relative on Windows.
+KeptDirectory::KeptDirectory() : path_(anchoredPath("./")) {}
 
 void KeptDirectory::goBack() const noexcept {
     try {

@@ -9,6 +9,7 @@
 #include "config/configFile.h"
 #include "editor/newLines.h"
 #include "engine/runProfile.h"
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "support/programTest.h"
 #include "text/text.h"
@@ -107,6 +108,16 @@ TEST_F(CheckFile, FindsNothingInWhatTheEditorWrites) {
     document.append(EditorList::commands, {"Say", ".text=$n$" + references, "Next"});
     saveDocument(document, path);
     EXPECT_EQ(check("written.bqp"), "") << read("written.bqp");
+}
+
+TEST_F(CheckFile, ComesBackToTheDirectoryThatRelativePathsStartAt) {
+    changeDirectory(folder());
+    write("list.txt", {"x\\brasquelin.exe $exepath$/profiles/a.bqp"});
+    for (const char* name : {"profiles/a.bqp", "profiles/b.bqp"}) write(name, {"#Brasquelin Profile Example"});
+    Checker checker;
+    for (const char* name : {"list.txt", "profiles/a.bqp", "profiles/b.bqp"})
+        EXPECT_NO_THROW(checker.check(name)) << name;
+    EXPECT_TRUE(checker.findings().empty());
 }
 
 TEST_F(CheckFile, LeavesTheTablesOfTheProgramAlone) {
