@@ -1,6 +1,7 @@
 // Expansion of one profile line, beside a peer that searches the whole line for every name in turn.
 #include <benchmark/benchmark.h>
 
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,8 +19,8 @@ namespace {
 const std::string line = "$exepath$/tool --input $source$ --size $size$ --part $i$ --to $global7$/out.bin";
 const std::string scriptPath = "/profiles/x.bqp";
 
-/// 10 declared and assigned variables, 20 global variables, two open loops; the line above has 5 references.
-void fillTables() {
+/// Declared and assigned variables, 20 global variables, two open loops; the line above has 5 references.
+void fillTables(std::int64_t declared = 10) {
     settings.reset();
     variableTables.reset();
     engineTables.reset();
@@ -31,21 +32,34 @@ void fillTables() {
         variableTables.profileVariables[1].append({name, "Text", "none", "default"});
         variableTables.values[1].append(std::string(name) + "=value of " + name);
     }
+    for (std::int64_t i = 10; i < declared; ++i) {
+        variableTables.profileVariables[1].append({"further" + std::to_string(i), "Text", "none", "default"});
+        variableTables.values[1].append("further" + std::to_string(i) + "=value");
+    }
     auto& loops = engineTables.loops[1];
     loops.depth = 2;
     loops.started = 2;
     loops.records = {{"i", 1, 9, 1, 5, "5", 1}, {"inner", 1, 9, 1, 7, "7", 1}};
 }
 
+/// Of so many variables that are declared, in a line that is so many times as long.
 void expandOneLine(benchmark::State& state) {
-    fillTables();
+    fillTables(state.range(0));
+    std::string whole;
+    for (std::int64_t i = 0; i < state.range(1); ++i) whole += line;
     for (auto _ : state) {
-        std::string text = line;
+        std::string text = whole;
         benchmark::DoNotOptimize(expandProfileLine(text, 1, scriptPath, 1));
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(expandOneLine);
+BENCHMARK(expandOneLine)
+    ->Args({10, 1})
+    ->Args({50, 1})
+    ->Args({250, 1})
+    ->Args({10, 10})
+    ->Args({10, 100})
+    ->Args({10, 1000});
 
 void peerSearchesForEveryName(benchmark::State& state) {
     fillTables();

@@ -81,9 +81,10 @@ bool ListFile::nextBytes(std::string_view& bytes) {
     }
     bytes = restOfPiece().substr(0, end);
     const bool ended = end != std::string_view::npos;
-    position_ += bytes.size() + (ended ? unitOf(lineEnd_).size() : 0);
-    const std::string carriageReturn = unitOf('\r');
-    if (ended && lineEnd_ == '\n' && bytes.ends_with(carriageReturn)) bytes.remove_suffix(carriageReturn.size());
+    const std::size_t unitSize = units_ == Units::bytes ? 1 : 2;
+    position_ += bytes.size() + (ended ? unitSize : 0);
+    const bool returns = units_ == Units::bytes ? bytes.ends_with('\r') : bytes.ends_with(unitOf('\r'));
+    if (ended && lineEnd_ == '\n' && returns) bytes.remove_suffix(unitSize);
     return true;
 }
 
@@ -112,11 +113,11 @@ std::string_view ListFile::restOfPiece() const {
 }
 
 std::string ListFile::unitOf(char character) const {
-    if (units_ == Units::bytes) return {character};
     return units_ == Units::bigEndian ? std::string{'\0', character} : std::string{character, '\0'};
 }
 
 std::size_t ListFile::findEnd(std::string_view bytes) const {
+    if (units_ == Units::bytes) return bytes.find(lineEnd_);
     const std::string end = unitOf(lineEnd_);
     std::size_t at = bytes.find(end);
     while (at != std::string_view::npos && at % end.size() != 0) at = bytes.find(end, at + 1);

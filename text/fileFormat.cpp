@@ -102,11 +102,22 @@ std::string_view valueBehind(std::string_view key, std::string_view line) {
 
 Statement statementOf(std::string_view line) {
     if (line.empty() || isAttribute(line) || line.front() == '[') return Statement::none;
-    if (equalIgnoringCase(line, forWord)) return Statement::loopStart;
-    if (equalIgnoringCase(line, nextWord)) return Statement::loopEnd;
-    if (startsWithIgnoringCase(line, functionPrefix)) return Statement::basicFunction;
-    if (startsWithIgnoringCase(line, pluginPrefix)) return Statement::plugin;
-    return Statement::call;
+    switch (line.front()) {
+        case 'F':
+        case 'f':
+            return equalIgnoringCase(line, forWord) ? Statement::loopStart : Statement::call;
+        case 'N':
+        case 'n':
+            return equalIgnoringCase(line, nextWord) ? Statement::loopEnd : Statement::call;
+        case 'B':
+        case 'b':
+            return startsWithIgnoringCase(line, functionPrefix) ? Statement::basicFunction : Statement::call;
+        case 'P':
+        case 'p':
+            return startsWithIgnoringCase(line, pluginPrefix) ? Statement::plugin : Statement::call;
+        default:
+            return Statement::call;
+    }
 }
 
 bool isAttribute(std::string_view line) {

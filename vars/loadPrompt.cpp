@@ -152,13 +152,12 @@ bool refusesConfirmation(const PromptForm& form) {
 
 bool confirmPrompt(PromptForm& form) {
     if (refusesConfirmation(form)) return false;
-    std::vector<std::string> entries;
-    entries.reserve(form.rows.size());
-    for (const auto& row : form.rows) {
+    auto& entries = form.entries;
+    entries.resize(form.rows.size());
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const PromptRow& row = form.rows[i];
         rejectUnknownType(form, row);
-        std::string& entry = entries.emplace_back();
-        entry.reserve(row.label.size() + row.value().size());
-        entry.append(row.label).append(row.value());
+        entries[i].assign(row.label).append(row.value());
     }
     if (form.kind == PromptKind::profile) {
         variableTables.profileVariables[1].take(form.declarations);

@@ -73,6 +73,7 @@ struct PromptForm {
     std::string title;  // the window's caption
     Table<VariableDeclaration> declarations;
     std::vector<PromptRow> rows;
+    std::vector<std::string> entries;  // what OK has stored, as name=value
     Box cmdCancel{0, 0, 2295, 375};
     Box cmdOK{2300, 0, 3240, 375};
     bool endsProgram = false;  // closing the window ends the program
