@@ -150,6 +150,7 @@ void FrmMain::makeLine() {
     txtLine_ = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                               wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP, wxDefaultValidator, "txtLine");
     nameForAssistiveTools(*txtLine_, "Selected line");
+    JobList_->takeFontOfLines();
     txtLine_->SetFont(JobList_->GetFont());
     txtLine_->SetMargins(FromDIP(2));
     txtLine_->SetMinSize(wxSize(-1, rows * txtLine_->GetCharHeight() + FromDIP(12)));
@@ -206,8 +207,8 @@ void FrmMain::run(const MainCommand& command) {
 }
 
 void FrmMain::showChanges() {
-    JobList_->showChanges();
     if (!txtLine_ && !jobList.empty()) makeLine();
+    JobList_->showChanges();
     showStatus();
     keepLater();
     if (!txtLine_) return;

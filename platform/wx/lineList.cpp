@@ -80,9 +80,11 @@ void LineList::paintHint(wxPaintEvent& event) {
     const int gap = FromDIP(6);
     const int room = GetClientSize().x - 2 * gap;
     drawing.DrawText(wxControl::Ellipsize(toWx(hint_), drawing, wxELLIPSIZE_END, room), gap, gap);
+    // With the first line it could be too late: while a menu's choice is worked off, a right click counts twice then.
+    if (!hasFontOfLines_) CallAfter(&LineList::takeFontOfLines);
 }
 
-/// With equal widths the line with the most characters is the widest. A list without lines does without the font, which
+/// With equal widths the line with the most characters is the widest. An empty list is shown without the font, which
 /// takes a while to be found.
 void LineList::takeFontOfLines() {
     if (std::exchange(hasFontOfLines_, true)) return;

@@ -48,6 +48,9 @@ class LineList : public wxListView {
     /// What an empty list says, on one dim line.
     void setHint(std::string hint);
 
+    /// A list has the font of its lines once it was painted or has lines. This gives it now.
+    void takeFontOfLines();
+
     /// From now on the selected lines can be dragged, and what is dragged there dropped.
     void letLinesBeDragged(DragActions actions);
 
@@ -72,7 +75,6 @@ class LineList : public wxListView {
     bool selectFirstSeen();
     void setAllSelected(bool selected);
     void paintHint(wxPaintEvent& event);
-    void takeFontOfLines();
 
     std::string hint_;
     bool hasFontOfLines_ = false;
