@@ -143,7 +143,8 @@ std::unique_ptr<WireLink> startWindow() try {
 }
 
 int runJobs(RunPlan plan, const RunRequest& request) {
-    const auto window = request.inWindow ? startWindow() : nullptr;
+    std::unique_ptr<WireLink> window;
+    if (request.inWindow) window = startWindow();
     if (window) introduce(*window, request.title, plan);
     choose(plan, request.resume, window.get());
     int status = 0;

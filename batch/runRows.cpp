@@ -11,6 +11,7 @@ namespace brasquelin {
 namespace {
 
 constexpr std::int64_t longestDuration = (std::int64_t(1) << 39U) - 1;  // 17 years
+constexpr int mostSignal = 0x7f;
 
 }  // namespace
 
@@ -75,7 +76,7 @@ void RunRows::takeEnd(const RunMessage& message) {
     row.start = message.time;
     row.duration = std::max<std::int64_t>(message.duration, 0) & longestDuration;
     row.exitCode = message.exitCode;
-    row.signal = static_cast<std::int8_t>(message.signal);
+    row.signal = message.signal & mostSignal;
     row.outputEnd = message.output;
     setState(row, message.exitCode == 0 && message.signal == 0 ? JobState::done : JobState::failed);
     if (running_ == message.job) running_ = 0;

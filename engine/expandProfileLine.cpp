@@ -202,8 +202,9 @@ class LineExpansion {
     }
 
     void replace(ReferenceText& text, Turn from, Turn end) const {
-        for (Turn turn = names_.next(text, from); turn < end; turn = names_.next(text, turn + 1))
+        for (Turn turn = names_.next(text, from); turn < end; turn = names_.next(text, turn + 1)) {
             replaceOne(text, turn);
+        }
     }
 
   private:

@@ -67,8 +67,9 @@ std::uint32_t ReferenceNames::hashOf(std::string_view name) {
     constexpr std::uint32_t factor = 16777619;
     std::uint32_t hash = start;
     for (const char byte : name) {
-        if (static_cast<unsigned char>(byte) >= 0x80)
+        if (static_cast<unsigned char>(byte) >= 0x80) {
             return static_cast<std::uint32_t>(std::hash<std::string>()(lowerCase(name)));
+        }
         hash = (hash ^ static_cast<unsigned char>(asciiLowerCase(byte))) * factor;
     }
     return hash ^ (hash >> 15U);

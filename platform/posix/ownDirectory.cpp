@@ -51,10 +51,10 @@ std::string userDataDirectory() {
 }
 
 std::string ownProgramDirectory() {
-    const std::string installed = dirOf(executablePath());
+    std::string installed = dirOf(executablePath());
     const std::string shipped = joinPath(installed, "shipped");
     if (!fs::is_directory(shipped)) return installed;
-    const std::string own = joinPath(userDataDirectory(), "brasquelin");
+    std::string own = joinPath(userDataDirectory(), "brasquelin");
     try {
         if (!fs::is_directory(own)) makeDirectory(shipped, own);
     } catch (const fs::filesystem_error& error) {
