@@ -26,8 +26,9 @@ OptionsModel::OptionsModel()
     : paths_{settings.libraryPath, settings.profileDirectory, settings.pluginPath, settings.basicFunctionPath},
       directoryChoice_(joinPath(programDirectory(), "Select this directory")),
       fileChoice_(joinPath(programDirectory(), "Select the file")) {
-    for (const auto& [name, value] : settings.globalVars)
+    for (const auto& [name, value] : settings.globalVars) {
         variables_.push_back(std::string(name).append("=").append(value));
+    }
 }
 
 void OptionsModel::browse(Field field) {
