@@ -34,8 +34,8 @@ std::filesystem::path currentDirectoryPath(std::string_view path);
 [[noreturn]] void raiseTooLarge(std::string_view path, std::uint64_t most);
 
 /// The program directory. Linux: where the program was installed for all users (a directory "shipped" stands beside
-/// it), each works in one of his own, which is made at his first start: in XDG_DATA_HOME, with copies of the shipped
-/// files and links to the shipped programs. Raises the error of making it.
+/// it), each works in one of his own, which is made at his first start: in XDG_DATA_HOME, with copies of what
+/// the user may change and links to the rest. Raises the error of making it.
 std::string ownProgramDirectory();
 
 /// The running program itself. Tests may redirect programDirectory, not this.

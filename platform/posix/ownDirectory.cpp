@@ -15,12 +15,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What is run stays the installed one, which an update replaces; all else is the user's.
-void putEntry(const fs::directory_entry& shipped, const fs::path& place) {
-    constexpr auto executable = fs::perms::owner_exec;
+/// Configuration and list stand beside what belongs to the program; all else that is to be changed has folders.
+bool isOfTheUser(const fs::directory_entry& shipped, bool isInFolder) {
+    const bool isRun = (shipped.status().permissions() & fs::perms::owner_exec) != fs::perms::none;
+    const auto ending = shipped.path().extension();
+    return !isRun && (isInFolder || ending == ".ini" || ending == ".txt");
+}
+
+/// What is the program's stays the installed one, which an update replaces.
+void putEntry(const fs::directory_entry& shipped, bool isInFolder, const fs::path& place) {
     if (shipped.is_directory()) {
         fs::create_directory(place);
-    } else if ((shipped.status().permissions() & executable) == executable) {
+    } else if (!isOfTheUser(shipped, isInFolder)) {
         fs::create_symlink(shipped.path(), place);
     } else {
         fs::copy_file(shipped.path(), place);
@@ -32,8 +38,8 @@ void putEntry(const fs::directory_entry& shipped, const fs::path& place) {
 void makeDirectory(const fs::path& shipped, const fs::path& own) {
     const fs::path begun = own.string() + ".new" + std::to_string(getpid());
     fs::create_directories(begun);
-    for (const auto& entry : fs::recursive_directory_iterator(shipped)) {
-        putEntry(entry, begun / entry.path().lexically_relative(shipped));
+    for (fs::recursive_directory_iterator entry(shipped), end; entry != end; ++entry) {
+        putEntry(*entry, entry.depth() > 0, begun / entry->path().lexically_relative(shipped));
     }
     fs::create_symlink(executablePath(), begun / programFileName);
     std::error_code taken;

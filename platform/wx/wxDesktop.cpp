@@ -6,6 +6,7 @@
 #include <wx/filedlg.h>
 #include <wx/filedlgcustomize.h>
 #include <wx/filename.h>
+#include <wx/log.h>
 #include <wx/richmsgdlg.h>
 #include <wx/textctrl.h>
 #include <wx/textdlg.h>
@@ -239,6 +240,7 @@ void WxDesktop::openLink(std::string_view target) {
     const bool link = target.starts_with("mailto:") || target.find("://") != std::string_view::npos;
     const wxString found = toWx(link ? std::string(target) : resolvePath(target));
     const bool inBrowser = link || target.ends_with(".html");
+    const wxLogNull quiet;  // one message is enough
     const bool opened = inBrowser ? wxLaunchDefaultBrowser(found) : wxLaunchDefaultApplication(found);
     if (!opened) showMessage("No program opens '" + std::string(target) + "'.", "Brasquelin", Icon::exclamation);
 }

@@ -110,23 +110,25 @@ TEST_F(LinuxExecutable, TellsWhatItsWindowsLackAndWorksWithoutThem) {
 TEST_F(LinuxExecutable, EachUserOfAnInstalledProgramHasADirectoryOfHisOwn) {
     program.writeLineLibrary();
     program.runShell(
-        "mkdir -p shipped/sub && mv Brasquelin.ini line.bqs shipped && echo 'echo tool' >shipped/sub/tool &&"
-        " chmod 755 shipped/sub/tool && chmod 444 shipped/*.*");
-    program.writeLines("list.txt", "/x/brasquelin $exepath$/line.bqs 001=sh sub/tool");
+        "mkdir -p shipped/sub && mv Brasquelin.ini shipped && mv line.bqs shipped/sub && echo >shipped/manual.html && "
+        "echo 'echo tool' >shipped/sub/tool &&"
+        " chmod 755 shipped/sub/tool && chmod 444 shipped/*.* shipped/*/*.*");
+    program.writeLines("list.txt", "/x/brasquelin $exepath$/sub/line.bqs 001=sh tool");
     const std::string list = "./brasquelin -f list.txt";
     EXPECT_EQ(program.runShell(list + " & " + list + "; wait"), 0) << program.read("err.txt");
     EXPECT_NE(program.read("out.txt").find("\ntool\n"), std::string::npos) << program.read("out.txt");
     const std::filesystem::path own = program.path() / "data/brasquelin";
-    EXPECT_TRUE(is_symlink(own / "brasquelin") && is_symlink(own / "sub/tool") && !is_symlink(own / "line.bqs"));
+    EXPECT_TRUE(is_symlink(own / "brasquelin") && is_symlink(own / "sub/tool") && is_symlink(own / "manual.html"));
+    EXPECT_FALSE(is_symlink(own / "Brasquelin.ini") || is_symlink(own / "sub/line.bqs"));
     EXPECT_TRUE(exists(own / "brasquelin.bat") && !program.exists("brasquelin.bat"));
     const std::filesystem::directory_iterator data(own.parent_path());
     EXPECT_TRUE(std::none_of(begin(data), end(data), [](const auto& entry) {
         return entry.path().filename().string().starts_with("brasquelin.new");
     }));
 
-    program.write("data/brasquelin/line.bqs", program.read("shipped/line.bqs") + "#mine\r\n");
+    program.write("data/brasquelin/sub/line.bqs", program.read("shipped/sub/line.bqs") + "#mine\r\n");
     EXPECT_EQ(program.runShell("data/brasquelin/brasquelin -f list.txt"), 0);
-    EXPECT_TRUE(program.read("data/brasquelin/line.bqs").ends_with("#mine\r\n"));
+    EXPECT_TRUE(program.read("data/brasquelin/sub/line.bqs").ends_with("#mine\r\n"));
     EXPECT_EQ(program.runShell("XDG_DATA_HOME=/dev/null/x " + list), 1);
     EXPECT_NE(program.read("err.txt").find("'/dev/null/x/brasquelin'"), std::string::npos) << program.read("err.txt");
 }
