@@ -4,7 +4,6 @@
 
 #ifdef __WXGTK__
 
-#include <dlfcn.h>
 #include <wx/listctrl.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -14,26 +13,21 @@
 #include <limits>
 #include <vector>
 
+#include "platform/wx/gtkFunction.h"
+
 namespace brasquelin {
 
 namespace {
 
-/// The toolkit's toolkit has what its own interface leaves out. Its headers come with none of the program's packages.
-template <typename Function>
-Function* functionNamed(const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
-}
-
 struct Atk {
-    void* (*objectOf)(void* widget) = functionNamed<void*(void*)>("gtk_widget_get_accessible");
-    const char* (*nameOf)(void* object) = functionNamed<const char*(void*)>("atk_object_get_name");
-    void (*setName)(void* object, const char* name) = functionNamed<void(void*, const char*)>("atk_object_set_name");
-    int (*roleNamed)(const char* name) = functionNamed<int(const char*)>("atk_role_for_name");
-    void (*setRole)(void* object, int role) = functionNamed<void(void*, int)>("atk_object_set_role");
-    unsigned long (*scrolledType)() = functionNamed<unsigned long()>("gtk_scrolled_window_get_type");
-    int (*isA)(void* widget,
-               unsigned long type) = functionNamed<int(void*, unsigned long)>("g_type_check_instance_is_a");
-    void* (*childOf)(void* widget) = functionNamed<void*(void*)>("gtk_bin_get_child");
+    void* (*objectOf)(void* widget) = gtkFunction<void*(void*)>("gtk_widget_get_accessible");
+    const char* (*nameOf)(void* object) = gtkFunction<const char*(void*)>("atk_object_get_name");
+    void (*setName)(void* object, const char* name) = gtkFunction<void(void*, const char*)>("atk_object_set_name");
+    int (*roleNamed)(const char* name) = gtkFunction<int(const char*)>("atk_role_for_name");
+    void (*setRole)(void* object, int role) = gtkFunction<void(void*, int)>("atk_object_set_role");
+    unsigned long (*scrolledType)() = gtkFunction<unsigned long()>("gtk_scrolled_window_get_type");
+    int (*isA)(void* widget, unsigned long type) = gtkFunction<int(void*, unsigned long)>("g_type_check_instance_is_a");
+    void* (*childOf)(void* widget) = gtkFunction<void*(void*)>("gtk_bin_get_child");
 
     bool complete() const {
         return objectOf && nameOf && setName && roleNamed && setRole && scrolledType && isA && childOf;

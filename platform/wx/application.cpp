@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/desktop.h"
+#include "platform/wx/gtkFunction.h"
 #include "text/runTimeError.h"
 
 namespace brasquelin {
@@ -83,9 +84,18 @@ class Application : public wxApp {
     std::exception_ptr stored_;
 };
 
+/// The configuration of the fonts is read by a thread of the font library's, beside all that shows no text yet. Without
+/// this it begins with the first text, which then waits.
+void beginReadingFonts() {
+#ifdef __WXGTK__
+    if (auto* fontMap = gtkFunction<void*()>("pango_cairo_font_map_get_default")) fontMap();
+#endif
+}
+
 }  // namespace
 
 int runApplication(std::function<void()> start) {
+    beginReadingFonts();
     wxApp::SetInstance(new Application(std::move(start)));
     char name[] = "brasquelin";
     char* arguments[] = {name, nullptr};
