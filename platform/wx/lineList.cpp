@@ -45,6 +45,9 @@ LineList::LineList(wxWindow* parent, const char* name, long border, const wxSize
           parent, wxID_ANY, wxDefaultPosition, size,
           wxLC_REPORT | wxLC_VIRTUAL | wxLC_NO_HEADER | border | (selection == Selection::one ? wxLC_SINGLE_SEL : 0),
           wxDefaultValidator, name) {
+#ifndef __WXGTK__
+    takeFontOfLines();  // is found at once here
+#endif
     AppendColumn("");
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         widenColumn();
