@@ -88,9 +88,14 @@ bool mayOpen() {
 
 bool openFile(const std::string& path, std::vector<std::string> presets) {
     const FileKind kind = kindOfFile(path);
-    if (kind == FileKind::profile) openProfile(path, std::move(presets));
-    if (kind == FileKind::library) openLibrary(path, std::move(presets));
-    return kind == FileKind::profile || kind == FileKind::library;
+    if (kind == FileKind::profile) {
+        openProfile(path, std::move(presets));
+    } else if (kind == FileKind::library) {
+        openLibrary(path, std::move(presets));
+    } else {
+        return false;
+    }
+    return true;
 }
 
 bool openPicked(const std::string& path) {
