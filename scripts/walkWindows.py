@@ -216,6 +216,9 @@ def main_window(look):
             if dialog := program.look_at(title):
                 program.walk(dialog, title)
                 program.leave(title)
+        keys("ctrl+f")
+        program.walk(program.look_at("Brasquelin"), "Brasquelin, finding")
+        keys("Escape")
         program.choose(window, "Joblist", "Profile Editor")
         editor(program)
 
@@ -231,6 +234,10 @@ def editor(program):
         if dialog := program.look_at(title):
             program.walk(dialog, title)
             program.leave(title)
+    keys("F5")
+    if dialog := program.look_at("Preview"):
+        program.walk(dialog, "Preview")
+        program.leave("Preview")
     program.leave("Profile Editor", "alt+F4")
 
 

@@ -6,6 +6,7 @@
 
 #include <utility>
 
+#include "platform/wx/accessibleNames.h"
 #include "platform/wx/buttons.h"
 #include "platform/wx/oneLine.h"
 #include "platform/wx/wxText.h"
@@ -18,6 +19,7 @@ FindBar::FindBar(wxWindow* parent, const char* closeCaption, Actions actions)
     constexpr int characters = 40;
     txtFind_ = makeTextBox(this, "txtFind", "", [this](const std::string& text) { actions_.search(text); });
     txtFind_->SetMinSize(wxSize(characters * GetCharWidth(), -1));
+    nameForAssistiveTools(*txtFind_, "Find");
     txtFind_->Bind(wxEVT_CHAR_HOOK, &FindBar::handleKey, this);
     lblFound_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblFound");
     auto* close = makeButton(this, closeCaption, "cmdCloseFind", [this] { actions_.close(); });
