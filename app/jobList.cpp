@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "text/visibleText.h"
 
@@ -10,12 +11,8 @@ namespace brasquelin {
 JobList jobList;
 
 JobList::Line JobList::keep(std::string_view text) {
-    constexpr std::size_t firstBlock = 1U << 14U;  // the next ones are larger and larger
-    if (!memory_) memory_ = std::make_unique<Memory>(firstBlock);
-    char* const kept = static_cast<char*>(memory_->allocate(text.size() + 1, 1));
-    text.copy(kept, text.size());
     used_ += text.size();
-    return {kept, static_cast<std::uint32_t>(text.size()), 0};
+    return {texts_.add(text).data(), static_cast<std::uint32_t>(text.size()), 0};
 }
 
 void JobList::measure() const {
@@ -37,7 +34,7 @@ void JobList::append(std::string_view line) {
 
 void JobList::clear() {
     lines_ = {};
-    memory_.reset();
+    texts_ = {};
     used_ = 0;
     measured_ = longest_ = 0;
     ++revision_;
@@ -81,7 +78,7 @@ void JobList::giveUnusedBack() {
     const auto add = [](std::size_t sum, const Line& line) { return sum + line.size; };
     const std::size_t needed = std::accumulate(lines_.begin(), lines_.end(), std::size_t{0}, add);
     if (used_ < 2 * needed + little) return;
-    const auto before = std::move(memory_);
+    const LineStore before = std::exchange(texts_, {});
     used_ = 0;
     for (auto& line : lines_) line.text = keep({line.text, line.size}).text;
 }

@@ -4,18 +4,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <memory>
-#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "text/lineChange.h"
+#include "text/lineStore.h"
 
 namespace brasquelin {
 
-/// The texts lie one behind the other in blocks of memory, so that a long list takes little more than its bytes.
 class JobList {
   public:
     void append(std::string_view line);
@@ -46,7 +44,6 @@ class JobList {
         std::uint32_t size;
         std::uint32_t width;  // in shown characters, once it was measured
     };
-    using Memory = std::pmr::monotonic_buffer_resource;
 
     Line keep(std::string_view text);
     void measure() const;
@@ -55,8 +52,8 @@ class JobList {
 
     mutable std::deque<Line> lines_;
     mutable std::size_t measured_ = 0;  // lines; nobody asks for widths where there is no window
-    std::unique_ptr<Memory> memory_;
-    std::size_t used_ = 0;  // bytes of the memory, those of removed lines, too
+    LineStore texts_;
+    std::size_t used_ = 0;  // bytes of the texts, those of removed lines, too
     mutable std::size_t longest_ = 0;
     std::uint64_t revision_ = 0;
 };

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "batch/lineStore.h"
 #include "batch/runMessages.h"
+#include "text/lineStore.h"
 
 namespace brasquelin {
 

@@ -1,4 +1,4 @@
-#include "batch/lineStore.h"
+#include "text/lineStore.h"
 
 #include <algorithm>
 
