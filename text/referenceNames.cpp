@@ -1,8 +1,10 @@
 #include "text/referenceNames.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <functional>
+#include <utility>
 
 #include "text/text.h"
 
@@ -18,6 +20,12 @@ char asciiUpperCase(char byte) {
     return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - ('a' - 'A')) : byte;
 }
 
+/// By where the line lies.
+template <typename Places>
+std::size_t placeIn(const Places& places, std::string_view line) {
+    return (std::hash<const char*>()(line.data()) >> 4U) % places.size();
+}
+
 }  // namespace
 
 void ReferenceNames::clear() {
@@ -26,6 +34,8 @@ void ReferenceNames::clear() {
     firstCharacters_.reset();
     firstCharacters_.set('$');
     leftOutFrom_ = leftOutTo_ = 0;
+    static std::uint64_t lastRevision = 0;
+    revision_ = ++lastRevision;
     prepared_.clear();
 }
 
@@ -100,20 +110,66 @@ ReferenceNames::Turn ReferenceNames::next(const ReferenceText& text, Turn from) 
     return first;
 }
 
+/// Long lines, of all names together: each by itself would take too much.
+class ReferenceNames::LongLines {
+  public:
+    struct Place {
+        std::uint64_t names = 0;
+        Prepared prepared;
+    };
+
+    Place& placeOf(std::string_view line) { return places_[placeIn(places_, line)]; }
+
+    /// A line that would take all the memory is only there until the next one comes.
+    const Prepared& keep(Place& place, std::uint64_t names, Prepared&& prepared) {
+        bytes_ -= bytesOf(place.prepared);
+        place = {};
+        const std::size_t needed = bytesOf(prepared);
+        if (needed > mostBytes) return unkept_ = std::move(prepared);
+        if (bytes_ + needed > mostBytes) places_ = {}, bytes_ = 0;
+        bytes_ += needed;
+        place = {names, std::move(prepared)};
+        return place.prepared;
+    }
+
+  private:
+    static constexpr std::size_t mostBytes = 1U << 20U;
+
+    static std::size_t bytesOf(const Prepared& prepared) {
+        return prepared.line.size() + prepared.references.capacity() * sizeof(Reference);
+    }
+
+    std::array<Place, 32> places_;
+    std::size_t bytes_ = 0;  // of all that is kept
+    Prepared unkept_;
+};
+
+void ReferenceNames::prepareAnew(std::string_view line, Prepared& prepared) const {
+    prepared.line = line;
+    prepared.leftOutFrom = leftOutFrom_;
+    prepared.references.clear();
+    prepared.canBeJoined = findReferences(line, prepared.references);
+}
+
 /// Whatever lies there now: the text decides whether it is the same line.
 const ReferenceNames::Prepared& ReferenceNames::prepare(std::string_view line) const {
     constexpr std::size_t places = 32;
     constexpr std::size_t longLine = 4096;
+    if (line.size() >= longLine) return prepareLong(line);
     if (prepared_.empty()) prepared_.resize(places);
-    const auto place = (std::hash<const char*>()(line.data()) >> 4U) % places;
-    Prepared& prepared = line.size() < longLine ? prepared_[place] : long_;
-    const bool known = prepared.leftOutFrom == leftOutFrom_ && prepared.line == line;
-    if (known && &prepared != &long_) return prepared;
-    prepared.line = line.size() < longLine ? line : std::string_view();
-    prepared.leftOutFrom = leftOutFrom_;
-    prepared.references.clear();
-    prepared.canBeJoined = findReferences(line, prepared.references);
+    Prepared& prepared = prepared_[placeIn(prepared_, line)];
+    if (prepared.leftOutFrom != leftOutFrom_ || prepared.line != line) prepareAnew(line, prepared);
     return prepared;
+}
+
+const ReferenceNames::Prepared& ReferenceNames::prepareLong(std::string_view line) const {
+    static LongLines lines;
+    auto& place = lines.placeOf(line);
+    const Prepared& known = place.prepared;
+    if (place.names == revision_ && known.leftOutFrom == leftOutFrom_ && known.line == line) return known;
+    Prepared prepared;
+    prepareAnew(line, prepared);
+    return lines.keep(place, revision_, std::move(prepared));
 }
 
 /// The order of the names cannot matter when each piece between two dollar signs that is no reference begins as no name

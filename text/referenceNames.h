@@ -79,7 +79,11 @@ class ReferenceNames {
         std::vector<Reference> references;
     };
 
+    class LongLines;
+
     const Prepared& prepare(std::string_view line) const;
+    const Prepared& prepareLong(std::string_view line) const;
+    void prepareAnew(std::string_view line, Prepared& prepared) const;
     bool findReferences(std::string_view line, std::vector<Reference>& references) const;
 
     static std::uint32_t hashOf(std::string_view name);
@@ -92,8 +96,8 @@ class ReferenceNames {
     std::bitset<256> firstCharacters_;  // of the names, in any letter case; and the dollar sign
     Turn leftOutFrom_ = 0;
     Turn leftOutTo_ = 0;
+    std::uint64_t revision_ = 0;              // of the names: other names never have the same
     mutable std::vector<Prepared> prepared_;  // by where the lines lie: loops come to the same ones again
-    mutable Prepared long_;                   // one that is not kept
 };
 
 template <typename ValueOf>

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
+
 #include "engine/engineTables.h"
 #include "support/programTest.h"
 #include "vars/variableTables.h"
@@ -69,6 +71,38 @@ TEST_F(ExpandProfileLine, ChoiceErrorsShowOnlyWhereTheLineRefersToTheVariable) {
     EXPECT_EQ(errorOf([] { expand("$opt$"); }), ErrorNumber::typeMismatch);
     assign("none=list(0)");
     EXPECT_EQ(errorOf([] { expand("no reference at all"); }), ErrorNumber::subscriptOutOfRange);
+}
+
+/// What is kept of a line belongs to its text and to the names that it was looked at with.
+TEST_F(ExpandProfileLine, LongLinesThatComeAgainFollowTheTables) {
+    const auto times = [](std::size_t count, const std::string& piece) {
+        std::string text;
+        while (count-- > 0) text += piece;
+        return text;
+    };
+    for (const std::size_t length : {1000, 400'000}) {  // the longer one is more than is ever kept
+        variableTables.reset();
+        declare("a", "Text", "x");
+        std::string line = times(length, "$a$ $b$ ");
+        const auto expanded = [&line](int level) { return expandedLine(line, level, "/a.bqp", 1); };
+        for (int again = 0; again < 2; ++again) {
+            EXPECT_TRUE(expanded(1) == times(length, "x $b$ ")) << length;
+            EXPECT_TRUE(expanded(2) == line) << length;
+        }
+        declare("b", "Text", "y");
+        EXPECT_TRUE(expanded(1) == times(length, "x y ")) << length;
+        line.replace(line.size() - 4, 3, "$A$");
+        EXPECT_TRUE(expanded(1) == times(length - 1, "x y ") + "x x ") << length;
+    }
+}
+
+TEST_F(ExpandProfileLine, MoreLongLinesThanAreKept) {
+    declare("a", "Text", "x");
+    std::deque<std::string> lines;
+    for (int i = 0; i < 300; ++i) lines.push_back("$a$" + std::string(8000, '-') + std::to_string(i));
+    for (int again = 0; again < 2; ++again) {
+        for (const auto& line : lines) EXPECT_EQ(expandedLine(line, 1, "/a.bqp", 1), "x" + line.substr(3));
+    }
 }
 
 TEST_F(ExpandProfileLine, PluginVariablesComeLastAndTheRowBehindThemCountsToo) {
