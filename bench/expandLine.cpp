@@ -20,21 +20,20 @@ const std::string line = "$exepath$/tool --input $source$ --size $size$ --part $
 const std::string scriptPath = "/profiles/x.bqp";
 
 /// Declared and assigned variables, 20 global variables, two open loops; the line above has 5 references.
-void fillTables(std::int64_t declared = 10) {
+void fillTables(std::size_t declared = 10) {
     settings.reset();
     variableTables.reset();
     engineTables.reset();
     for (int i = 0; i < 20; ++i) {
         settings.globalVars.append({"global" + std::to_string(i), "/data/" + std::to_string(i)});
     }
-    for (const char* name :
-         {"source", "target", "size", "format", "quality", "bitrate", "codec", "preset", "start", "stop"}) {
+    std::vector<std::string> names{"source",  "target", "size",   "format", "quality",
+                                   "bitrate", "codec",  "preset", "start",  "stop"};
+    while (names.size() < declared) names.push_back("further" + std::to_string(names.size()));
+    names.resize(declared);
+    for (const auto& name : names) {
         variableTables.profileVariables[1].append({name, "Text", "none", "default"});
-        variableTables.values[1].append(std::string(name) + "=value of " + name);
-    }
-    for (std::int64_t i = 10; i < declared; ++i) {
-        variableTables.profileVariables[1].append({"further" + std::to_string(i), "Text", "none", "default"});
-        variableTables.values[1].append("further" + std::to_string(i) + "=value");
+        variableTables.values[1].append(std::string(name).append("=value of ").append(name));
     }
     auto& loops = engineTables.loops[1];
     loops.depth = 2;
@@ -44,7 +43,7 @@ void fillTables(std::int64_t declared = 10) {
 
 /// Of so many variables that are declared, in a line that is so many times as long.
 void expandOneLine(benchmark::State& state) {
-    fillTables(state.range(0));
+    fillTables(static_cast<std::size_t>(state.range(0)));
     std::string whole;
     for (std::int64_t i = 0; i < state.range(1); ++i) whole += line;
     for (auto _ : state) {
@@ -54,6 +53,7 @@ void expandOneLine(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(expandOneLine)
+    ->Args({5, 1})
     ->Args({10, 1})
     ->Args({50, 1})
     ->Args({250, 1})

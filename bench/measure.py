@@ -143,22 +143,28 @@ class Bench:
         taken = {}
         for run in json.loads(out)["benchmarks"]:
             if run["run_type"] == "iteration":
-                taken.setdefault(run["run_name"], []).append(run["cpu_time"])
-        peer = next((values for name, values in taken.items() if name.startswith("peer")), None)
-        for name, values in taken.items():
-            if values is peer:
-                continue
-            ours = peer is not None and name.startswith("expandOneLine")
-            row = Row(f"expansion of a line: {name}", spread(values, "ns"))
-            if ours and name in ("expandOneLine", "expandOneLine/10"):
+                name, *sizes = run["run_name"].split("/")
+                taken.setdefault((name, *map(int, sizes)), []).append(run["cpu_time"])
+        peer = taken.pop(("peerSearchesForEveryName",))
+        for (_, declared, length), values in sorted(taken.items(), key=lambda each: (each[0][2], each[0][1])):
+            row = Row(f"expansion of a line with 5 references, {declared} declared, 20 global"
+                      + (f", {length:,} times as long" if length > 1 else ""), spread(values, "ns"))
+            if (declared, length) == (10, 1):
                 row.peer = "each name searched for in turn: " + spread(peer, "ns")
                 row.ratio = f"{median(peer) / median(values):.1f} times as fast"
                 row.limit, row.met = "300 ns", median(values) < 300
             yield row
-        few, many = (next((v for n, v in taken.items() if n.endswith(end)), None) for end in ("Declared/5", "Declared/250"))
-        if few and many:
-            ratio = median(many) / median(few)
-            yield Row("— 250 declared variables against 5", "", "", f"{ratio:.2f}", "at most 1.5", ratio <= 1.5)
+
+        def uneven(title, limit, **sizes):
+            """The most against the least time for the same text."""
+            each = [median(taken["expandOneLine", declared, length]) / length
+                    for declared in sizes["declared"] for length in sizes["lengths"]]
+            ratio = max(each) / min(each)
+            return Row("— " + title, "", "", f"{ratio:.2f}", f"at most {limit}", ratio <= limit)
+
+        yield uneven("5, 50 and 250 declared, most against least", 1.5, declared=(5, 50, 250), lengths=(1,))
+        yield uneven("10 to 1,000 times as long, time for the same text, most against least", 1.2, declared=(10,),
+                     lengths=(10, 100, 1000))
 
     def counts(self):
         script = ROOT / "scripts/instruction-counts"
