@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <queue>
 #include <set>
 #include <utility>
 
@@ -145,14 +146,22 @@ void FileCheck::checkText(const std::string& path, std::vector<std::string> line
 }
 
 void FileCheck::checkWithFollowed(const std::string& path) {
-    std::vector<std::string> waiting{path};
-    while (!waiting.empty()) {
-        const std::string next = waiting.front();
-        waiting.erase(waiting.begin());
-        pending_.clear();
-        if (!checkOnce(next)) continue;
-        for (const auto& followed : pending_) waiting.push_back(normalPath(followed));
+    std::queue<std::string> waiting({path});
+    for (; !waiting.empty(); waiting.pop()) {
+        forgetPending();
+        if (!checkOnce(waiting.front())) continue;
+        for (const auto& followed : pending_) waiting.push(normalPath(followed));
     }
+}
+
+/// A profile may call one function a hundred thousand times.
+void FileCheck::follows(const std::string& path) {
+    if (pendingNames_.insert(path).second) pending_.push_back(path);
+}
+
+void FileCheck::forgetPending() {
+    pending_.clear();
+    pendingNames_.clear();
 }
 
 /// False for a file that was checked before, and for one that cannot be read: whoever names it tells that.
@@ -228,7 +237,7 @@ void FileCheck::openAsUser(const std::string& path, std::vector<std::string> pre
 void FileCheck::checkConfiguration(const std::string& path) {
     const Settings before = settings;
     guarded({path, 0}, [&path] { readConfig(path); });
-    if (!settings.basicFunctionPath.empty()) pending_.push_back(settings.basicFunctionPath);
+    if (!settings.basicFunctionPath.empty()) follows(settings.basicFunctionPath);
     settings = before;
     settings.readFrom.reset();
 }
@@ -237,7 +246,7 @@ void FileCheck::checkFunctionList(const std::string& path) {
     std::set<std::string> names;
     for (const auto& function : listFunctions(path)) {
         attempt(path, function.line + 1, [&] { readTextFile(function.path); });
-        pending_.push_back(function.path);
+        follows(function.path);
         if (!names.insert(lowerCase(function.name)).second) {
             add({path, function.line}, "hidden-callable",
                 "'" + function.name + "' cannot be called: a function above has the same name");
@@ -253,7 +262,7 @@ void FileCheck::checkList(const std::string& path) {
         ++place.line;
         checkListLine(place, argumentOfListLine(line));
     }
-    pending_.clear();
+    forgetPending();
 }
 
 /// First the file for itself, then with the values of the line.

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "check/findings.h"
@@ -50,7 +51,7 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     void startsLoop(const LoopNumbers& numbers, const SourceLine& place) override;
     void leavesOpen(const SourceLine& loop) override;
     void registers(int level, const SourceLine& place) override;
-    void follows(const std::string& path) override { pending_.push_back(path); }
+    void follows(const std::string& path) override;
     bool isUnknown(std::string_view number, const SourceLine& /*place*/) override { return concernsUnknown(number); }
 
     bool hasWindows() const override { return true; }
@@ -69,6 +70,7 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
 
     void checkWithFollowed(const std::string& path);
     bool checkOnce(const std::string& path);
+    void forgetPending();
     void checkAs(CheckedKind kind, const std::string& path);
     void begin(const std::string& path);
     void checkConfiguration(const std::string& path);
@@ -100,7 +102,8 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     std::set<std::string> checked_;                      // normal paths
     std::map<std::string, std::string> given_;           // normal paths to those of the caller
     std::map<std::string, std::size_t> order_;           // of shown paths
-    std::vector<std::string> pending_;                   // includes and called functions
+    std::vector<std::string> pending_;                   // includes and called functions, each once
+    std::unordered_set<std::string> pendingNames_;       // the same, as they were named
     std::set<std::string, std::less<>> brokenIncludes_;  // profiles of which an include could not be read
     SourceLine listLine_;                                // while a line of a list is replayed
     bool skippedProgram_ = false;                        // by the file in hand
