@@ -36,6 +36,7 @@ struct CommandSection {
     std::optional<std::string> write;
     int commandLine = 0;
     int writeLine = 0;
+    std::vector<int> ignored;  // lines that mean nothing
 };
 
 bool takeKey(std::string_view line, std::string_view key, std::optional<std::string>& field) {
@@ -72,16 +73,22 @@ bool takeCommandLine(std::string_view line, int number, CommandSection& section)
     return isType || isCommand || isWrite || isVariable;
 }
 
-CommandSection takeCommandLines(const TextFile& file, std::string_view path) {
+CommandSection takeCommandLines(const TextFile& file) {
     CommandSection section;
     SectionState state(Section::command);
     int number = 0;
     for (const auto& line : file.lines) {
         ++number;
         const bool meant = state.noteTag(line) || !state.isOpen() || takeCommandLine(line, number, section);
-        if (!meant) noteIgnored(path, number, line);
+        if (!meant) section.ignored.push_back(number);
     }
     return section;
+}
+
+void tellIgnored(const CommandSection& section, const TextFile& file, std::string_view path) {
+    if (!onlooker()) return;
+    for (const int number : section.ignored)
+        noteIgnored(path, number, file.lines[static_cast<std::size_t>(number) - 1]);
 }
 
 /// Keys that are not given keep their previous text.
@@ -103,14 +110,15 @@ struct KeptCommand {
 void readCommandSection(std::string_view path, const TextFile& file) {
     auto& variables = variableTables.functionVariables;
     const std::uint64_t declared = variables.revision();
-    const auto kept = onlooker() ? nullptr : file.understood.get<KeptCommand>();
+    auto kept = file.understood.get<KeptCommand>();
     if (kept != nullptr && kept->declared == declared) {
         variables.take(kept->variables);
-        return obey(kept->section);
+    } else {
+        CommandSection section = takeCommandLines(file);
+        kept = file.understood.keep(KeptCommand{declared, variables, std::move(section)});
     }
-    CommandSection section = takeCommandLines(file, path);
-    obey(section);
-    file.understood.keep(KeptCommand{declared, variables, std::move(section)});
+    obey(kept->section);
+    tellIgnored(kept->section, file, path);
 }
 
 /// Raises what the writing of a file would, which is not done.

@@ -50,7 +50,8 @@ class DeclarationReader {
 
     /// The line that was read last.
     int line() const { return static_cast<int>(position_); }
-    /// True when the declarations are the same whatever was read before and whatever plugins have told.
+    /// True when the declarations are the same whatever was read before, whatever plugins have told and whoever looks
+    /// on.
     bool dependsOnFileAlone() const { return dependsOnFileAlone_; }
 
   private:
@@ -99,12 +100,13 @@ class DeclarationReader {
         }
     }
 
-    std::string_view checkedTypeSpec() const {
+    std::string_view checkedTypeSpec() {
         const auto typeSpec = valueBehind(typeKey, line_);
         try {
             checkTypeSpec(typeSpec, path_, lineNumber());
         } catch (const ParseError& error) {
             if (!onlooker() || !onlooker()->takes(error.report(), {"bad-type", {path_, line()}})) throw;
+            dependsOnFileAlone_ = false;  // without whoever looks on there are none
             return "Text";
         }
         return typeSpec;
@@ -157,7 +159,7 @@ std::shared_ptr<const TextFile> openFor(std::string_view path, Table<VariableDec
 /// True when the reader has read the unchanged file before.
 template <typename Reader>
 bool takeKept(const TextFile& file, Table<VariableDeclaration>& table) {
-    const auto kept = onlooker() ? nullptr : file.understood.get<KeptDeclarations<Reader>>();
+    const auto kept = file.understood.get<KeptDeclarations<Reader>>();
     if (kept == nullptr || kept->exeDirectory != exeDirectory()) return false;
     table.take(kept->table);
     return true;
@@ -179,7 +181,7 @@ bool readDeclarations(std::string_view path, const TextFile& file, Table<Variabl
     DeclarationReader reader(path, file, table, rules);
     try {
         reader.read();
-        if (!onlooker() && reader.dependsOnFileAlone()) keep<Reader>(file, table);
+        if (reader.dependsOnFileAlone()) keep<Reader>(file, table);
     } catch (const ParseError& error) {
         table.resetCount();
         if (onParseError == OnParseError::endProgram) {

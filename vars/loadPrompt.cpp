@@ -57,6 +57,7 @@ void rejectUnknownType(const PromptForm& form, const PromptRow& row) {
 }
 
 /// The form that was confirmed unseen last. While a list is replayed it serves for the next line that opens its file.
+/// One whose faults were taken by whoever looks on serves for nobody else.
 std::shared_ptr<PromptForm>& unseenForm() {
     static std::shared_ptr<PromptForm> form;
     return form;
@@ -103,7 +104,7 @@ void prompt(const std::shared_ptr<PromptForm>& form, const PromptOptions& option
     const bool nothingToAsk = options.replaying && form->rows.empty();
     if (nothingToAsk || !needsUser(*form, options.presets)) {
         confirmPrompt(*form);
-        if (options.replaying) unseenForm() = form;
+        if (options.replaying && !onlooker()) unseenForm() = form;
     } else {
         show(form, !options.namedOnCommandLine);
     }

@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <fstream>
 #include <map>
+#include <thread>
 
 #include "check/codes.h"
 #include "config/configFile.h"
 #include "editor/newLines.h"
+#include "editor/problems.h"
 #include "engine/runProfile.h"
 #include "platform/files.h"
 #include "platform/paths.h"
@@ -142,6 +146,45 @@ TEST_F(CheckFile, TellsFaultsOfValuesInTheList) {
     EXPECT_EQ(check("list"),
               "list:2:1: error: Error 13 : Type mismatch 'three' is no whole number. (loop.bqp:11) [no-number]\n"
               "loop.bqp:12:1: error: Error 13 : Type mismatch 'one' is no whole number. [no-number]\n");
+}
+
+/// What is kept of a file must hide none of its faults, whoever came first: another file, or an earlier check.
+TEST_F(CheckFile, TellsTheSameEachTime) {
+    write("odd.bqs", {"#Brasquelin Library  Odd", "[var]", "a", ".Type=Number", ".Info=", "[/var]", "[command]",
+                      "type=shell", "means nothing", "command=odd $a$", "[/command]"});
+    write("caller.bqp", {"#Brasquelin Profile Caller", "[library]", ":Include $exepath$/odd.bqs", "[/library]",
+                         "[profile]", "Odd", ".a=1", "Odd", ".b=2", "[/profile]"});
+    const std::string found = check("caller.bqp");
+    EXPECT_NE(found.find("odd.bqs:4:1: error"), std::string::npos) << found;
+    EXPECT_NE(found.find("odd.bqs:9:1: warning"), std::string::npos) << found;
+    EXPECT_NE(found.find("caller.bqp:9:1: error"), std::string::npos) << found;
+    EXPECT_EQ(check("caller.bqp"), found);
+}
+
+/// By another program, while the editor is open.
+TEST_F(CheckFile, SeesThatTheFileOfACalledFunctionHasChanged) {
+    const auto put = [this](const std::string& name, int chosen) {
+        std::ofstream(fromUtf8(folder()) / name, std::ios::binary)
+            << "#Brasquelin Library  Say\n[var]\nword\n.Type=List(yes||no)\n.Info=\n.Default=" << chosen
+            << "\n[/var]\n[command]\ntype=shell\ncommand=say $word$\n[/command]\n";
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));  // a moment ago counts as unchanged
+    };
+    write("functions.ini", {"tell", "tell.ini"});
+    ProfileDocument document;
+    document.append(EditorList::include, {":Include $exepath$/say.bqs"});
+    document.append(EditorList::commands, {"Say", "BasicFunction.tell"});
+    const std::vector<std::string> files{"say.bqs", "tell.ini"};
+    for (const auto& file : files) put(file, 1);
+    EXPECT_TRUE(findProblems(document).empty());
+    for (std::size_t line = 0; line < files.size(); ++line) {
+        put(files[line], 5);
+        const auto problems = findProblems(document);
+        ASSERT_EQ(problems.size(), 1U) << files[line];
+        EXPECT_EQ(problems[0].text, "error: Error 9 : Subscript out of range");
+        EXPECT_EQ(problems[0].place, (DocumentPlace{EditorList::commands, line}));
+        put(files[line], 2);
+        EXPECT_TRUE(findProblems(document).empty()) << files[line];
+    }
 }
 
 }  // namespace
