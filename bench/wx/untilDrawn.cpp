@@ -1,4 +1,4 @@
-// Prints the microseconds from the start of a program until something is drawn in its window, and ends the program.
+// Prints the microseconds from the start of a program until it has drawn in its window, and ends the program.
 // Usage: untilDrawn TITLE PROGRAM [ARGUMENT...]
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -25,11 +25,13 @@ bool hasTitle(Display* display, Window window, const char* title) {
     return same;
 }
 
-/// Without a window manager each window of a program is a child of the root.
+/// Without a window manager each window of a program is a child of the root. The first report is of the whole window as
+/// the server shows it, with nothing in it; the next is of what the program draws.
 bool waitUntilDrawn(Display* display, const char* title) {
     int damageEvents = 0;
     int errors = 0;
     if (XDamageQueryExtension(display, &damageEvents, &errors) == 0) return false;
+    int reports = 0;
     const auto giveUp = Clock::now() + longest;
     while (Clock::now() < giveUp) {
         if (XPending(display) == 0) {
@@ -39,9 +41,9 @@ bool waitUntilDrawn(Display* display, const char* title) {
         }
         XEvent event;
         XNextEvent(display, &event);
-        if (event.type == damageEvents + XDamageNotify) return true;
+        if (event.type == damageEvents + XDamageNotify && ++reports == 2) return true;
         if (event.type == MapNotify && hasTitle(display, event.xmap.window, title)) {
-            XDamageCreate(display, event.xmap.window, XDamageReportNonEmpty);
+            XDamageCreate(display, event.xmap.window, XDamageReportRawRectangles);
         }
     }
     return false;
