@@ -65,15 +65,15 @@ FrmMain::FrmMain()
     : wxFrame(nullptr, wxID_ANY, "Brasquelin", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE, "frmMain") {
     SetIcons(programIcons());
     makePlace();
-    makeMenu();
-    makeToolbar();
+    // The list before the bars: for its size the toolkit would lay out what stands above it.
     JobList_ = new JobListView(this);
     nameForAssistiveTools(*JobList_, "Jobs");
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(JobList_, wxSizerFlags(1).Expand());
     SetSizer(sizer);
     jobs_ = std::make_unique<JobListControl>(*this, *JobList_, *sizer);
-    completeMenu();
+    makeMenu();
+    makeToolbar();
     makeStatus();
     bindCommands();
     Bind(wxEVT_CLOSE_WINDOW, &FrmMain::closing, this);
@@ -113,22 +113,17 @@ void FrmMain::makeMenu() {
     auto* commands = new wxMenu;
     appendCommands(*commands);
     commands->AppendSeparator();
-    auto* bar = new wxMenuBar;
-    bar->Append(commands, "&Joblist");
-    SetMenuBar(bar);
-}
-
-/// What belongs to the list, which comes after the menu bar.
-void FrmMain::completeMenu() {
-    wxMenu& commands = *GetMenuBar()->GetMenu(0);
-    jobs_->appendFileCommands(commands);
-    commands.AppendSeparator();
-    commands.Append(wxID_EXIT, "Exit\tCtrl+Q");
-    GetMenuBar()->Append(jobs_->makeMenu(), "&Edit");
+    jobs_->appendFileCommands(*commands);
+    commands->AppendSeparator();
+    commands->Append(wxID_EXIT, "Exit\tCtrl+Q");
     auto* help = new wxMenu;
     help->Append(wxID_HELP, "Manual\tF1");
-    GetMenuBar()->Append(help, "&Help");
-    giveMnemonics(*GetMenuBar());
+    auto* bar = new wxMenuBar;
+    bar->Append(commands, "&Joblist");
+    bar->Append(jobs_->makeMenu(), "&Edit");
+    bar->Append(help, "&Help");
+    giveMnemonics(*bar);
+    SetMenuBar(bar);
 }
 
 void FrmMain::makeToolbar() {

@@ -30,7 +30,6 @@ class FrmMain : public wxFrame {
   private:
     void makePlace();
     void makeMenu();
-    void completeMenu();
     void makeToolbar();
     void makeLine();
     void bindCommands();
