@@ -19,6 +19,7 @@ namespace {
 [[noreturn]] void becomeShell(const ProgramRun& program, const std::string& script) {
     const std::string directory = utf8(program.path());
     if (chdir(directory.c_str()) != 0) _exit(99);
+    for (const int sent : {SIGHUP, SIGINT, SIGTERM}) signal(sent, SIG_DFL);  // nohup's children ignore some
     unsetenv("DISPLAY");
     unsetenv("WAYLAND_DISPLAY");
     setenv("HOME", directory.c_str(), 1);
