@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 #include <functional>
 #include <utility>
 
@@ -26,6 +27,20 @@ std::size_t placeIn(const Places& places, std::string_view line) {
     return (std::hash<const char*>()(line.data()) >> 4U) % places.size();
 }
 
+/// By a few of its bytes: lines of a file differ in one of these places, mostly.
+std::size_t samplesOf(std::string_view line) {
+    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
+    const std::size_t size = std::min(line.size(), sizeof(std::uint64_t));
+    const std::size_t last = line.size() - size;
+    std::uint64_t hash = line.size();
+    for (const std::size_t begin : {std::size_t{0}, last / 2, last}) {
+        std::uint64_t sample = 0;
+        std::memcpy(&sample, line.data() + begin, size);
+        hash = (hash ^ sample) * factor;
+    }
+    return static_cast<std::size_t>(hash >> 48U);
+}
+
 }  // namespace
 
 void ReferenceNames::clear() {
@@ -36,7 +51,6 @@ void ReferenceNames::clear() {
     leftOutFrom_ = leftOutTo_ = 0;
     static std::uint64_t lastRevision = 0;
     revision_ = ++lastRevision;
-    prepared_.clear();
 }
 
 void ReferenceNames::add(Turn turn, std::string_view name) {
@@ -113,23 +127,17 @@ ReferenceNames::Turn ReferenceNames::next(const ReferenceText& text, Turn from) 
 /// Long lines, of all names together: each by itself would take too much.
 class ReferenceNames::LongLines {
   public:
-    struct Place {
-        std::uint64_t names = 0;
-        Prepared prepared;
-    };
-
-    Place& placeOf(std::string_view line) { return places_[placeIn(places_, line)]; }
+    Prepared& placeOf(std::string_view line) { return places_[placeIn(places_, line)]; }
 
     /// A line that would take all the memory is only there until the next one comes.
-    const Prepared& keep(Place& place, std::uint64_t names, Prepared&& prepared) {
-        bytes_ -= bytesOf(place.prepared);
+    const Prepared& keep(Prepared& place, Prepared&& prepared) {
+        bytes_ -= bytesOf(place);
         place = {};
         const std::size_t needed = bytesOf(prepared);
         if (needed > mostBytes) return unkept_ = std::move(prepared);
         if (bytes_ + needed > mostBytes) places_ = {}, bytes_ = 0;
         bytes_ += needed;
-        place = {names, std::move(prepared)};
-        return place.prepared;
+        return place = std::move(prepared);
     }
 
   private:
@@ -139,37 +147,51 @@ class ReferenceNames::LongLines {
         return prepared.line.size() + prepared.references.capacity() * sizeof(Reference);
     }
 
-    std::array<Place, 32> places_;
+    std::array<Prepared, 32> places_;
     std::size_t bytes_ = 0;  // of all that is kept
     Prepared unkept_;
 };
 
 void ReferenceNames::prepareAnew(std::string_view line, Prepared& prepared) const {
     prepared.line = line;
+    prepared.names = revision_;
     prepared.leftOutFrom = leftOutFrom_;
     prepared.references.clear();
     prepared.canBeJoined = findReferences(line, prepared.references);
 }
 
-/// Whatever lies there now: the text decides whether it is the same line.
+bool ReferenceNames::isCurrent(const Prepared& prepared, std::string_view line) const {
+    return prepared.names == revision_ && prepared.leftOutFrom == leftOutFrom_ && prepared.line == line;
+}
+
 const ReferenceNames::Prepared& ReferenceNames::prepare(std::string_view line) const {
-    constexpr std::size_t places = 32;
+    constexpr std::size_t places = 64;
     constexpr std::size_t longLine = 4096;
     if (line.size() >= longLine) return prepareLong(line);
     if (prepared_.empty()) prepared_.resize(places);
-    Prepared& prepared = prepared_[placeIn(prepared_, line)];
-    if (prepared.leftOutFrom != leftOutFrom_ || prepared.line != line) prepareAnew(line, prepared);
+    PreparedPair& pair = prepared_[samplesOf(line) % places];
+    if (isCurrent(pair.lines[pair.latest], line)) return pair.lines[pair.latest];
+    pair.latest = 1 - pair.latest;
+    Prepared& prepared = pair.lines[pair.latest];
+    if (!isCurrent(prepared, line)) prepareAnew(line, prepared);
     return prepared;
 }
 
 const ReferenceNames::Prepared& ReferenceNames::prepareLong(std::string_view line) const {
     static LongLines lines;
-    auto& place = lines.placeOf(line);
-    const Prepared& known = place.prepared;
-    if (place.names == revision_ && known.leftOutFrom == leftOutFrom_ && known.line == line) return known;
+    Prepared& place = lines.placeOf(line);
+    if (isCurrent(place, line)) return place;
     Prepared prepared;
     prepareAnew(line, prepared);
-    return lines.keep(place, revision_, std::move(prepared));
+    return lines.keep(place, std::move(prepared));
+}
+
+/// Dollar signs behind which no name begins make no references, wherever they are put in.
+bool ReferenceNames::mayBePutIn(std::string_view value) const {
+    for (auto at = value.find('$'); at != std::string_view::npos; at = value.find('$', at + 1)) {
+        if (at + 1 < value.size() && mayBegin(value[at + 1])) return false;
+    }
+    return true;
 }
 
 /// The order of the names cannot matter when each piece between two dollar signs that is no reference begins as no name

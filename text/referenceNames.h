@@ -2,6 +2,7 @@
 // in turn would give is found by looking at the line's references instead.
 #pragma once
 
+#include <array>
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
@@ -74,19 +75,27 @@ class ReferenceNames {
     /// What is known of a line while the names stay.
     struct Prepared {
         std::string line;
+        std::uint64_t names = 0;  // their revision
         Turn leftOutFrom = never;
         bool canBeJoined = false;
         std::vector<Reference> references;
     };
 
+    /// Two lines of one place, so that those that take turns do not drive each other out.
+    struct PreparedPair {
+        std::array<Prepared, 2> lines;
+        std::size_t latest = 0;
+    };
     class LongLines;
 
     const Prepared& prepare(std::string_view line) const;
     const Prepared& prepareLong(std::string_view line) const;
     void prepareAnew(std::string_view line, Prepared& prepared) const;
+    bool isCurrent(const Prepared& prepared, std::string_view line) const;
     bool findReferences(std::string_view line, std::vector<Reference>& references) const;
 
     static std::uint32_t hashOf(std::string_view name);
+    bool mayBePutIn(std::string_view value) const;
     bool mayBegin(char first) const { return firstCharacters_[static_cast<unsigned char>(first)]; }
     bool isLeftOut(Turn turn) const { return turn >= leftOutFrom_ && turn < leftOutTo_; }
 
@@ -96,12 +105,17 @@ class ReferenceNames {
     std::bitset<256> firstCharacters_;  // of the names, in any letter case; and the dollar sign
     Turn leftOutFrom_ = 0;
     Turn leftOutTo_ = 0;
-    std::uint64_t revision_ = 0;              // of the names: other names never have the same
-    mutable std::vector<Prepared> prepared_;  // by where the lines lie: loops come to the same ones again
+    std::uint64_t revision_ = 0;  // of the names: other names never have the same
+    mutable std::vector<PreparedPair>
+        prepared_;  // by samples of the lines: loops and checks come to the same ones again
 };
 
 template <typename ValueOf>
 bool ReferenceNames::join(std::string_view line, ValueOf valueOf, std::string& joined) const {
+    if (line.find('$') == std::string_view::npos) {
+        joined.assign(line);
+        return true;
+    }
     const Prepared& prepared = prepare(line);
     if (!prepared.canBeJoined) return false;
     joined.clear();
@@ -109,7 +123,7 @@ bool ReferenceNames::join(std::string_view line, ValueOf valueOf, std::string& j
     std::size_t longest = line.size();  // on the way
     for (const Reference& reference : prepared.references) {
         const auto value = valueOf(reference.turn);
-        if (!value || value->find('$') != std::string_view::npos) return false;
+        if (!value || !mayBePutIn(*value)) return false;
         longest += value->size();
         if (longest > mostExpandedBytes) return false;
         joined.append(line.data() + taken, reference.begin - taken).append(*value);

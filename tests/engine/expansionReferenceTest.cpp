@@ -171,8 +171,8 @@ class ExpansionReference : public ProgramTest {
         return names[below(below(4) == 0 ? names.size() : 8)];
     }
     std::string value() {
-        static const Lines values{"",  "1",  "x", "value", "C:\\p\\q", "é",          "$a$",
-                                  "$", "$b", "a", "b$",    "ab",       "index($a$)", "$$"};
+        static const Lines values{"",  "1",  "x",  "value",      "C:\\p\\q", "é",  "$a$",  "$", "$b",
+                                  "a", "b$", "ab", "index($a$)", "$$",       "$5", "/$ $", "5$"};
         return values[below(below(3) == 0 ? values.size() : 6)];
     }
     std::string line() {
