@@ -188,7 +188,8 @@ void FileCheck::begin(const std::string& path) {
     inHand_ = path;
     declared_.clear();
     expandedLines_.clear();
-    expandedTexts_.clear();
+    references_.clear();
+    oddTexts_.clear();
 }
 
 void FileCheck::checkAs(CheckedKind kind, const std::string& path) {

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include "check/keptTables.h"
 #include "platform/console/consoleDesktop.h"
 #include "platform/onlooker.h"
+#include "text/textHash.h"
 #include "vars/variableTables.h"
 
 namespace brasquelin {
@@ -86,7 +88,9 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     void add(const SourceLine& place, std::string_view code, std::string text, int column = 1);
     std::string shownPath(const std::string& normal);
 
-    bool isInHand(const SourceLine& place) const;
+    bool isInHand(std::string_view path) const;
+    void noteReferences(std::string_view text);
+    bool isReferredTo(const std::string& name) const;
     void warnAboutSections(CheckedKind kind, const std::string& path);
     void warnAboutReferences(const Expansion& expansion);
     void warnAboutCodePage(const Expansion& expansion);
@@ -98,22 +102,24 @@ class FileCheck : public Onlooker, public ConsoleDesktop {
     Desktop& desktopBefore_;
     KeptDirectory directory_;
     std::vector<Finding> findings_;
-    std::set<std::string> known_;                        // places and codes of the findings
-    std::set<std::string> checked_;                      // normal paths
-    std::map<std::string, std::string> given_;           // normal paths to those of the caller
-    std::map<std::string, std::size_t> order_;           // of shown paths
-    std::vector<std::string> pending_;                   // includes and called functions, each once
-    std::unordered_set<std::string> pendingNames_;       // the same, as they were named
+    std::set<std::string> known_;               // places and codes of the findings
+    std::set<std::string> checked_;             // normal paths
+    std::map<std::string, std::string> given_;  // normal paths to those of the caller
+    std::map<std::string, std::size_t> order_;  // of shown paths
+    std::vector<std::string> pending_;          // includes and called functions, each once
+    std::unordered_set<std::string, TextHash, std::equal_to<>> pendingNames_;  // the same, as they were named
     std::set<std::string, std::less<>> brokenIncludes_;  // profiles of which an include could not be read
     SourceLine listLine_;                                // while a line of a list is replayed
     bool skippedProgram_ = false;                        // by the file in hand
     bool stopped_ = false;                               // the file in hand cannot go on
     std::string inHand_;                                 // the file in hand
     Table<VariableDeclaration> declared_;                // its variables, once it has been run
-    std::set<int> expandedLines_;
-    std::vector<std::string> expandedTexts_;
-    int givenInCall_ = 0;                        // the call whose attributes are read
-    std::map<std::string, int> givenVariables_;  // their lines
+    std::vector<bool> expandedLines_;                    // by their numbers
+    std::unordered_set<std::string, TextHash, std::equal_to<>>
+        references_;                     // what stands between the dollar signs of the expanded texts
+    std::vector<std::string> oddTexts_;  // those that names with dollar signs may stand in
+    int givenInCall_ = 0;                // the call whose attributes are read
+    std::unordered_map<std::string, int, TextHash, std::equal_to<>> givenVariables_;  // their lines
     int turns_ = 0;
     int calls_ = 0;
     int expansions_ = 0;

@@ -19,7 +19,7 @@ namespace {
 
 /// Where the text begins that ends the line at this place.
 int columnOf(const Expansion& expansion) {
-    const std::size_t line = characterCount(lineAt(expansion.place));
+    const std::size_t line = characterCount(lineAt(expansion.place()));
     const std::size_t text = characterCount(expansion.text);
     return static_cast<int>(line > text ? line - text : 0) + 1;
 }
@@ -99,24 +99,41 @@ void FileCheck::warnAboutSections(CheckedKind kind, const std::string& path) {
 }
 
 /// Only the file in hand, at the level at which a user would open it.
-bool FileCheck::isInHand(const SourceLine& place) const {
-    return listLine_.path.empty() && place.path == inHand_ && engineTables.fileStack.size() <= 1;
+bool FileCheck::isInHand(std::string_view path) const {
+    return engineTables.fileStack.size() <= 1 && listLine_.path.empty() && path == inHand_;
 }
 
 void FileCheck::ignores(const SourceLine& place) {
     const std::string line = lineAt(place);
     const bool looksLikeTag = line.find_first_not_of(" \t") == line.find('[');
-    if (isInHand(place) && !looksLikeTag) add(place, "ignored-line", "the line means nothing here and is ignored");
+    if (isInHand(place.path) && !looksLikeTag) add(place, "ignored-line", "the line means nothing here and is ignored");
 }
 
 void FileCheck::expands(const Expansion& expansion) {
     ++expansions_;
-    if (!isInHand(expansion.place) || !expandedLines_.insert(expansion.place.line).second) return;
-    expandedTexts_.emplace_back(expansion.text);
+    if (!isInHand(expansion.path)) return;
+    const auto line = static_cast<std::size_t>(expansion.line);
+    if (expandedLines_.size() <= line) expandedLines_.resize(2 * line + 1);
+    if (expandedLines_[line]) return;
+    expandedLines_[line] = true;
     if (expansion.ofFunction) declared_ = variableTables.functionVariables;
-    warnAboutReferences(expansion);
+    const bool mayRefer = expansion.text.find('$') != std::string_view::npos;
+    if (mayRefer) noteReferences(expansion.text);
+    if (mayRefer) warnAboutReferences(expansion);
     warnAboutCodePage(expansion);
-    if (expansion.ofFunction) hintAtPaths(expansion);
+    if (mayRefer && expansion.ofFunction) hintAtPaths(expansion);
+}
+
+/// Each only once: a long file refers to few names.
+void FileCheck::noteReferences(std::string_view text) {
+    std::size_t dollars = 0;
+    for (auto begin = text.find('$'); begin != std::string_view::npos; ++dollars) {
+        const auto end = text.find('$', begin + 1);
+        const auto name = text.substr(begin + 1, end - begin - 1);
+        if (end != std::string_view::npos && !references_.contains(name)) references_.emplace(name);
+        begin = end;
+    }
+    if (dollars > 2) oddTexts_.emplace_back(text);
 }
 
 void FileCheck::warnAboutReferences(const Expansion& expansion) {
@@ -124,7 +141,7 @@ void FileCheck::warnAboutReferences(const Expansion& expansion) {
     const auto expand = [&expansion](const std::string& reference) { return expanded(expansion, reference); };
     for (const auto& left : leftReferences(expansion.text, expand)) {
         const std::string nearest = nearestName(left.name, knownNames(expansion));
-        add(expansion.place, "unknown-reference",
+        add(expansion.place(), "unknown-reference",
             "nothing declares '$" + std::string(left.name) + "$'" +
                 suggestion(nearest.empty() ? nearest : "$" + nearest + "$"),
             columnAt(expansion, left.begin));
@@ -132,40 +149,41 @@ void FileCheck::warnAboutReferences(const Expansion& expansion) {
 }
 
 void FileCheck::warnAboutCodePage(const Expansion& expansion) {
+    if (isAscii(expansion.text)) return;  // every code page holds it
     if (decodeOem(encodeOem(expansion.text)) == expansion.text) return;
     for (std::size_t n = 0; n < characterCount(expansion.text); ++n) {
         const auto character = firstCharacters(fromCharacter(expansion.text, n + 1), 1);
         if (decodeOem(encodeOem(character)) == character) continue;
-        return add(expansion.place, "code-page", "the batch file cannot hold '" + std::string(character) + "'",
+        return add(expansion.place(), "code-page", "the batch file cannot hold '" + std::string(character) + "'",
                    columnOf(expansion) + static_cast<int>(n));
     }
 }
 
 /// What a function writes is no command.
 void FileCheck::hintAtPaths(const Expansion& expansion) {
-    if (!startsWithIgnoringCase(lineAt(expansion.place), "command=")) return;
+    if (!startsWithIgnoringCase(lineAt(expansion.place()), "command=")) return;
     const auto asItIs = [](const std::string& reference) { return reference; };
     for (const auto& reference : leftReferences(expansion.text, asItIs)) {
         if (!isPath(reference.name) || isInQuotes(expansion.text.substr(0, reference.begin))) continue;
         const std::string name = "'$" + std::string(reference.name) + "$'";
-        add(expansion.place, "unquoted-path", "the path " + name + " stands outside quotes, so blanks split it",
+        add(expansion.place(), "unquoted-path", "the path " + name + " stands outside quotes, so blanks split it",
             columnAt(expansion, reference.begin));
     }
 }
 
 void FileCheck::gives(std::string_view variable, const SourceLine& place, int callLine) {
-    if (!isInHand(place)) return;
+    if (!isInHand(place.path)) return;
     if (callLine != givenInCall_) givenVariables_.clear();
     givenInCall_ = callLine;
-    if (!givenVariables_.emplace(lowerCase(variable), place.line).second &&
-        givenVariables_[lowerCase(variable)] != place.line) {
+    const auto [given, isFirst] = givenVariables_.emplace(lowerCase(variable), place.line);
+    if (!isFirst && given->second != place.line) {
         add(place, "repeated-attribute", "'" + std::string(variable) + "' is given twice in this call");
     }
 }
 
 /// "Next" ends a loop when its counter is beyond the end, and not before.
 void FileCheck::startsLoop(const LoopNumbers& numbers, const SourceLine& place) {
-    if (!isInHand(place) || headerRefers(place)) return;
+    if (!isInHand(place.path) || headerRefers(place)) return;
     if (numbers.step == 0 && numbers.start >= numbers.end) {
         return add(place, "endless-loop", "the loop never ends: it goes " + numbersOf(numbers));
     }
@@ -175,11 +193,11 @@ void FileCheck::startsLoop(const LoopNumbers& numbers, const SourceLine& place) 
 
 void FileCheck::leavesOpen(const SourceLine& loop) {
     const bool isLoop = statementOf(lineAt(loop)) == Statement::loopStart;
-    if (isInHand(loop) && isLoop) add(loop, "for-without-next", "no \"Next\" ends this loop; its body runs once");
+    if (isInHand(loop.path) && isLoop) add(loop, "for-without-next", "no \"Next\" ends this loop; its body runs once");
 }
 
 void FileCheck::registers(int level, const SourceLine& place) {
-    if (!isInHand(place)) return;
+    if (!isInHand(place.path)) return;
     const auto& callables = engineTables.callables[level];
     const std::string& name = callables.row(callables.count() - 1).name;
     const auto same = std::count_if(callables.begin(), callables.end(), [&name](const Callable& callable) {
@@ -190,14 +208,21 @@ void FileCheck::registers(int level, const SourceLine& place) {
     }
 }
 
+bool FileCheck::isReferredTo(const std::string& name) const {
+    if (name.find('$') != std::string::npos) {
+        return std::any_of(oddTexts_.begin(), oddTexts_.end(),
+                           [&name](const std::string& text) { return ReferenceText(text).refersTo(name); });
+    }
+    return references_.contains(name) ||
+           std::any_of(references_.begin(), references_.end(),
+                       [&name](const std::string& reference) { return equalIgnoringCase(reference, name); });
+}
+
 void FileCheck::warnAboutUnused() {
-    std::vector<std::string> texts = expandedTexts_;
-    for (const auto& variable : declared_) texts.push_back(variable.defaultValue);
-    for (const auto& variable : settings.globalVars) texts.push_back(variable.value);
+    for (const auto& variable : declared_) noteReferences(variable.defaultValue);
+    for (const auto& variable : settings.globalVars) noteReferences(variable.value);
     for (const auto& variable : declared_) {
-        const bool used = std::any_of(texts.begin(), texts.end(), [&variable](const std::string& text) {
-            return ReferenceText(text).refersTo(variable.name);
-        });
+        const bool used = isReferredTo(variable.name);
         if (!used) add({inHand_, variable.line}, "unused-variable", "nothing uses '" + variable.name + "'");
     }
 }
@@ -206,7 +231,7 @@ bool FileCheck::mayRunProgram(std::string_view path) {
     skippedProgram_ = true;
     const auto& stack = engineTables.fileStack;
     if (resolveProgram(path).empty()) return false;
-    if (stack.size() == 1 && isInHand(stack.back()) && variableTables.profileVariables[1].empty()) {
+    if (stack.size() == 1 && isInHand(stack.back().path) && variableTables.profileVariables[1].empty()) {
         add(stack.back(), "plugin-at-once",
             "'" + fileNameOf(path) + "' runs as soon as the file is opened: there is nothing to ask first");
     }

@@ -87,8 +87,9 @@ CommandSection takeCommandLines(const TextFile& file) {
 
 void tellIgnored(const CommandSection& section, const TextFile& file, std::string_view path) {
     if (!onlooker()) return;
-    for (const int number : section.ignored)
+    for (const int number : section.ignored) {
         noteIgnored(path, number, file.lines[static_cast<std::size_t>(number) - 1]);
+    }
 }
 
 /// Keys that are not given keep their previous text.
@@ -221,7 +222,7 @@ class FunctionRun {
   private:
     std::vector<std::optional<std::string_view>> matched(const std::vector<std::string>& arguments) const;
     ReferenceNames::Turn turnOf(std::string_view name, std::size_t position) const;
-    void resolve();
+    void resolve() const;
     std::string_view plainValue(std::size_t row) const;
     void expandAllForms(ReferenceText& text) const;
     void expandDirectories(ReferenceText& text, std::string_view doubledExepath) const;
@@ -244,7 +245,7 @@ class FunctionRun {
     const FunctionContext& context_;
     std::vector<std::optional<std::string_view>> given_;
     std::shared_ptr<const CommandNames> names_;
-    std::vector<ResolvedVariable> variables_;
+    mutable std::vector<ResolvedVariable> variables_;  // empty until they are needed
 };
 
 std::string FunctionRun::perform(const TextFile& file, const std::vector<std::string>& arguments) {
@@ -254,10 +255,11 @@ std::string FunctionRun::perform(const TextFile& file, const std::vector<std::st
     names_ = namesOf(file, context_.level);
     given_ = matched(arguments);
     std::string joined;
-    const bool plain = !isFile && !onlooker() && names_->isPlain;
+    const bool plain = !isFile && names_->isPlain;
+    if (!plain) resolve();
+    if (onlooker()) tellExpansions(isFile);
     if (plain && joinCommand(action.command, joined)) return joined;
     resolve();
-    if (onlooker()) tellExpansions(isFile);
     std::string command = placed(action.commandLine, [&] { return expandedCommand(action.command); });
     if (!isFile) return command;
     // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): it loses track of the reference behind the lambda
@@ -290,7 +292,8 @@ std::vector<std::optional<std::string_view>> FunctionRun::matched(const std::vec
     return given;
 }
 
-void FunctionRun::resolve() {
+void FunctionRun::resolve() const {
+    if (!variables_.empty()) return;
     const auto& variables = variableTables.functionVariables;
     VariableResolver resolver;
     variables_.reserve(variables.count());
@@ -313,12 +316,14 @@ void FunctionRun::expandDirectories(ReferenceText& text, std::string_view double
 }
 
 void FunctionRun::tellExpansions(bool isFile) const {
-    const std::string path(path_);
     const auto& action = functionAction;
-    const auto command = [this](const std::string& text) { return expandedCommand(text); };
+    const auto command = [this](const std::string& text) {
+        resolve();
+        return expandedCommand(text);
+    };
     const auto write = [this](const std::string& text) { return expandedWriteText(text); };
-    if (action.commandLine > 0) onlooker()->expands({{path, action.commandLine}, action.command, true, command});
-    if (isFile && action.writeLine > 0) onlooker()->expands({{path, action.writeLine}, action.write, true, write});
+    if (action.commandLine > 0) onlooker()->expands({path_, action.commandLine, action.command, true, command});
+    if (isFile && action.writeLine > 0) onlooker()->expands({path_, action.writeLine, action.write, true, write});
 }
 
 /// "index($name$)" or "text($name$)"

@@ -150,7 +150,7 @@ const std::string& ProfileRun::expanded(std::string_view text) const {
 
 void ProfileRun::tellExpansion(std::string_view text) const {
     const auto expand = [this](const std::string& other) { return expandedLine(other, level_, path_, index_); };
-    onlooker()->expands({{path_, lineNumber()}, text, false, expand});
+    onlooker()->expands({path_, lineNumber(), text, false, expand});
 }
 
 void ProfileRun::obeyChecks() const {
@@ -289,7 +289,7 @@ void ProfileRun::readParameters() {
     while (position_ < last) {
         nextLine();
         const Assignment parameter = splitAssignment(line_.substr(1));
-        if (onlooker()) onlooker()->gives(parameter.name, {path_, lineNumber()}, callLine);
+        if (onlooker()) onlooker()->gives(parameter.name, engineTables.fileStack.back(), callLine);
         attempt(path_, lineNumber(), [&] {
             if (!parameter.hasEquals) rejectParameter();
             const std::string& value = expanded(parameter.value);

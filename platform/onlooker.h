@@ -23,10 +23,13 @@ struct Fault {
 
 /// A text that is about to be expanded: the end of a line, or the whole line.
 struct Expansion {
-    SourceLine place;
+    std::string_view path;  // where it stands
+    int line = 0;
     std::string_view text;
     bool ofFunction = false;                                // of its command or write text
     std::function<std::string(const std::string&)> expand;  // any other text in its place
+
+    SourceLine place() const { return {std::string(path), line}; }
 };
 
 /// The numbers of a loop that starts.

@@ -8,6 +8,7 @@
 #include "platform/paths.h"
 #include "text/runTimeError.h"
 #include "text/text.h"
+#include "text/textHash.h"
 
 namespace brasquelin {
 
@@ -25,11 +26,6 @@ struct Kept {
 
 /// A file whose stamp was looked at a moment ago is taken as unchanged: a loop reads the same library a million times.
 constexpr auto moment = std::chrono::milliseconds(10);
-
-struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-};
 
 /// The files in memory by their absolute paths. Relative ones depend on the current directory and are not kept.
 struct Cache {

@@ -148,6 +148,21 @@ TEST_F(CheckFile, TellsFaultsOfValuesInTheList) {
               "loop.bqp:12:1: error: Error 13 : Type mismatch 'one' is no whole number. [no-number]\n");
 }
 
+TEST_F(CheckFile, FindsUsesInAnyLetterCaseAndInDefaults) {
+    std::vector<std::string> lines{"#Brasquelin Profile Uses", "[library]", ":Include $exepath$/say.bqs", "[/library]",
+                                   "[var]"};
+    for (const char* name : {"Plain", "a$b", "inner", "alone", "outer"}) {
+        lines.insert(lines.end(), {name, ".Type=Text", ".Info="});
+    }
+    lines.insert(lines.end(), {".Default=in $INNER$", "[/var]", "[profile]", "Say", ".text=$PLAIN$, $A$B$",
+                               ".text=$Outer$", "[/profile]"});
+    writeSayLibrary("say.bqs");
+    write("uses.bqp", lines);
+    std::string unused;
+    for (const auto& line : splitLines(check("uses.bqp"))) unused += line.ends_with("[unused-variable]") ? line : "";
+    EXPECT_EQ(unused, "uses.bqp:15:1: warning: nothing uses 'alone' [unused-variable]");
+}
+
 /// What is kept of a file must hide none of its faults, whoever came first: another file, or an earlier check.
 TEST_F(CheckFile, TellsTheSameEachTime) {
     write("odd.bqs", {"#Brasquelin Library  Odd", "[var]", "a", ".Type=Number", ".Info=", "[/var]", "[command]",
