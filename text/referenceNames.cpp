@@ -30,12 +30,15 @@ std::size_t placeIn(const Places& places, std::string_view line) {
 /// By a few of its bytes: lines of a file differ in one of these places, mostly.
 std::size_t samplesOf(std::string_view line) {
     constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
-    const std::size_t size = std::min(line.size(), sizeof(std::uint64_t));
-    const std::size_t last = line.size() - size;
+    std::uint64_t sample = 0;
     std::uint64_t hash = line.size();
+    if (line.size() < sizeof sample) {
+        std::memcpy(&sample, line.data(), line.size());
+        return static_cast<std::size_t>(((hash ^ sample) * factor) >> 48U);
+    }
+    const std::size_t last = line.size() - sizeof sample;
     for (const std::size_t begin : {std::size_t{0}, last / 2, last}) {
-        std::uint64_t sample = 0;
-        std::memcpy(&sample, line.data() + begin, size);
+        std::memcpy(&sample, line.data() + begin, sizeof sample);
         hash = (hash ^ sample) * factor;
     }
     return static_cast<std::size_t>(hash >> 48U);
@@ -186,9 +189,9 @@ const ReferenceNames::Prepared& ReferenceNames::prepareLong(std::string_view lin
     return lines.keep(place, std::move(prepared));
 }
 
-/// Dollar signs behind which no name begins make no references, wherever they are put in.
-bool ReferenceNames::mayBePutIn(std::string_view value) const {
-    for (auto at = value.find('$'); at != std::string_view::npos; at = value.find('$', at + 1)) {
+/// From the first dollar sign on. Those behind which no name begins make no references, wherever they are put in.
+bool ReferenceNames::mayBePutIn(std::string_view value, std::size_t dollar) const {
+    for (auto at = dollar; at != std::string_view::npos; at = value.find('$', at + 1)) {
         if (at + 1 < value.size() && mayBegin(value[at + 1])) return false;
     }
     return true;

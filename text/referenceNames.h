@@ -95,7 +95,7 @@ class ReferenceNames {
     bool findReferences(std::string_view line, std::vector<Reference>& references) const;
 
     static std::uint32_t hashOf(std::string_view name);
-    bool mayBePutIn(std::string_view value) const;
+    bool mayBePutIn(std::string_view value, std::size_t dollar) const;
     bool mayBegin(char first) const { return firstCharacters_[static_cast<unsigned char>(first)]; }
     bool isLeftOut(Turn turn) const { return turn >= leftOutFrom_ && turn < leftOutTo_; }
 
@@ -123,7 +123,9 @@ bool ReferenceNames::join(std::string_view line, ValueOf valueOf, std::string& j
     std::size_t longest = line.size();  // on the way
     for (const Reference& reference : prepared.references) {
         const auto value = valueOf(reference.turn);
-        if (!value || !mayBePutIn(*value)) return false;
+        if (!value) return false;
+        const auto dollar = value->find('$');
+        if (dollar != std::string_view::npos && !mayBePutIn(*value, dollar)) return false;
         longest += value->size();
         if (longest > mostExpandedBytes) return false;
         joined.append(line.data() + taken, reference.begin - taken).append(*value);
