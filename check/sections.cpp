@@ -8,12 +8,7 @@ namespace brasquelin {
 
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
+constexpr std::string_view blanks = " \t";
 
 class StrayLineFinder {
   public:
@@ -26,12 +21,11 @@ class StrayLineFinder {
     }
 
     void take(std::string_view line, int number) {
-        const bool isTag = std::count_if(states_.begin(), states_.end(),
-                                         [line](SectionState& state) { return state.noteTag(line); }) > 0;
-        const std::string_view text = trimmed(line);
+        const auto begin = line.find_first_not_of(blanks);
+        const bool isTag = noteTag(line);
         if (isTag) told_ = false;
-        if (isTag || text.empty() || text.front() == '#') return;
-        if (text.front() == '[') return tellTag(text, number);
+        if (isTag || begin == std::string_view::npos || line[begin] == '#') return;
+        if (line[begin] == '[') return tellTag(line.substr(begin, line.find_last_not_of(blanks) - begin + 1), number);
         const bool inside =
             std::any_of(states_.begin(), states_.end(), [](const SectionState& state) { return state.isOpen(); });
         if (!inside && !told_) tellOutside(number);
@@ -40,6 +34,11 @@ class StrayLineFinder {
     std::vector<StrayLine> found;
 
   private:
+    /// A tag concerns each section.
+    bool noteTag(std::string_view line) {
+        return line.starts_with('[') && std::count_if(states_.begin(), states_.end(),
+                                                      [line](SectionState& state) { return state.noteTag(line); }) > 0;
+    }
     void tellTag(std::string_view text, int number) {
         const std::string told = "'" + std::string(text) + "' is no tag of a section here";
         found.push_back({number, "unknown-section", told + suggestion(nearestName(text, tags_))});
@@ -56,10 +55,10 @@ class StrayLineFinder {
 
 }  // namespace
 
-std::vector<StrayLine> strayLines(const TextFile& file, const std::vector<Section>& sections, LetterCase letterCase) {
+std::vector<StrayLine> strayLines(const TextFile& file, const std::vector<Section>& sections, LetterCase letterCase,
+                                  std::size_t headerLines) {
     StrayLineFinder finder(sections, letterCase);
-    int number = 0;
-    for (const auto& line : file.lines) finder.take(line, ++number);
+    for (std::size_t i = headerLines; i < file.lines.size(); ++i) finder.take(file.lines[i], static_cast<int>(i) + 1);
     return std::move(finder.found);
 }
 

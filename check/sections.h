@@ -1,6 +1,7 @@
 // Lines that no section of a file takes.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +18,8 @@ struct StrayLine {
 };
 
 /// Tags that are none of the sections, and text in front of, between and behind them (the first line of each stretch).
-/// Lines that begin with "#" are comments.
-std::vector<StrayLine> strayLines(const TextFile& file, const std::vector<Section>& sections, LetterCase letterCase);
+/// Lines that begin with "#" are comments; the first `headerLines` are passed over.
+std::vector<StrayLine> strayLines(const TextFile& file, const std::vector<Section>& sections, LetterCase letterCase,
+                                  std::size_t headerLines);
 
 }  // namespace brasquelin

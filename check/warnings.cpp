@@ -90,10 +90,8 @@ void FileCheck::warnAboutSections(CheckedKind kind, const std::string& path) {
     if (kind == CheckedKind::profile) sections = {Section::library, Section::var, Section::profile};
     if (kind == CheckedKind::configuration) sections = {Section::config, Section::var};
     const LetterCase letterCase = kind == CheckedKind::configuration ? LetterCase::exact : LetterCase::any;
-    TextFile file = *readTextFile(path);
     const bool hasHeader = kind == CheckedKind::profile || kind == CheckedKind::library;
-    if (hasHeader && !file.lines.empty()) file.lines.front().clear();
-    for (auto& stray : strayLines(file, sections, letterCase)) {
+    for (auto& stray : strayLines(*readTextFile(path), sections, letterCase, hasHeader ? 1 : 0)) {
         add({path, stray.line}, stray.code, std::move(stray.text));
     }
 }

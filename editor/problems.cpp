@@ -19,8 +19,8 @@ std::vector<Problem> findProblems(const ProfileDocument& document) {
     const std::string path = documentPath(document);
     std::vector<Problem> problems;
     Checker checker;
-    const DocumentLayout layout(document);
-    checker.checkText(path, layout.lines());
+    DocumentLayout layout(document);
+    checker.checkText(path, layout.takeLines());
     for (const auto& finding : checker.findings()) {
         const bool ofDocument = finding.path == path;
         Problem problem{finding.severity, shownText(finding, ofDocument), {}};

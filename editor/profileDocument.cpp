@@ -154,7 +154,7 @@ DocumentPlace DocumentLayout::placeOf(std::size_t fileLine) const {
 }
 
 std::vector<std::string> documentLines(const ProfileDocument& document) {
-    return DocumentLayout(document).lines();
+    return DocumentLayout(document).takeLines();
 }
 
 std::string documentPath(const ProfileDocument& document) {

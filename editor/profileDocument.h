@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/codePages.h"
@@ -77,7 +78,8 @@ class DocumentLayout {
   public:
     explicit DocumentLayout(const ProfileDocument& document);
 
-    const std::vector<std::string>& lines() const { return lines_; }
+    /// The lines of the file. They are given once only.
+    std::vector<std::string> takeLines() { return std::move(lines_); }
     /// Where a line of the file (from 1) stands in the document; in no list for the header, tags and empty lines.
     DocumentPlace placeOf(std::size_t fileLine) const;
 
