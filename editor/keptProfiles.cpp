@@ -13,6 +13,7 @@
 #include "platform/reporting.h"
 #include "platform/textFiles.h"
 #include "text/substitution.h"
+#include "text/text.h"
 #include "vars/variableTables.h"
 
 namespace brasquelin {
@@ -26,6 +27,50 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr std::string_view keptStart = "profile";
+
+std::string dumped(const Json& value) {
+    return value.dump(0, ' ', false, Json::error_handler_t::replace);
+}
+
+/// True for what stands between quotes as it is.
+bool isPlain(std::string_view line) {
+    return isAscii(line) &&
+           std::none_of(line.begin(), line.end(), [](char byte) { return byte < ' ' || byte == '"' || byte == '\\'; });
+}
+
+/// An object as a Json would be written. Its lines, of which there may be very many, never become one.
+class KeptText {
+  public:
+    void add(std::string_view name, const Json& value) {
+        begin(name);
+        text_ += dumped(value);
+    }
+
+    void addLines(std::string_view name, const std::vector<std::string>& lines) {
+        if (lines.empty()) return add(name, Json::array());
+        begin(name);
+        char before = '[';
+        for (const auto& line : lines) {
+            text_.append(1, std::exchange(before, ',')).append(1, '\n');
+            if (isPlain(line)) {
+                text_.append(1, '"').append(line).append(1, '"');
+            } else {
+                text_ += dumped(line);
+            }
+        }
+        text_ += "\n]";
+    }
+
+    std::string take() { return std::move(text_.append("\n}\n")); }
+
+  private:
+    void begin(std::string_view name) {
+        text_ += text_.empty() ? "{\n" : ",\n";
+        text_ += dumped(name) + ": ";
+    }
+
+    std::string text_;
+};
 
 KeptProfile fromJson(const Json& all) {
     KeptProfile kept;
@@ -56,15 +101,16 @@ std::string offerText(const std::string& file) {
 void writeKept(const std::string& file, const KeptProfile& kept) {
     const ProfileDocument& document = kept.document;
     const auto& plugins = document.pluginNames;
-    const Json all{{"path", kept.path},
-                   {"name", document.profileName},
-                   {"library", document.listInclude},
-                   {"var", document.listVar},
-                   {"profile", document.listCommand},
-                   {"plugins", std::vector<std::string>(plugins.begin(), plugins.end())},
-                   {"foreign", document.foreign},
-                   {"encoding", document.encoding}};
-    writeFile(file, all.dump(0, ' ', false, Json::error_handler_t::replace) + "\n");
+    KeptText text;
+    text.add("path", kept.path);
+    text.add("name", document.profileName);
+    text.addLines("library", document.listInclude);
+    text.addLines("var", document.listVar);
+    text.addLines("profile", document.listCommand);
+    text.addLines("plugins", {plugins.begin(), plugins.end()});
+    text.add("foreign", document.foreign);
+    text.add("encoding", document.encoding);
+    writeFile(file, text.take());
 }
 
 KeptProfile readKept(const std::string& file) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "config/configFile.h"
 #include "editor/editorActions.h"
 #include "support/programTest.h"
@@ -122,6 +124,23 @@ TEST_F(KeptProfiles, RestoringKeepsWhatItReplaces) {
     edit();
     restore();
     EXPECT_EQ(offered(), "The new profile 'newprofile' was not saved, but kept.");
+}
+
+/// Byte for byte what other versions of the program have written, and read.
+TEST_F(KeptProfiles, TheFileIsWrittenAsAnyJson) {
+    KeptProfile kept;
+    kept.path = "C:\\a\\b.bqp";
+    kept.document.append(EditorList::commands,
+                         {"plain", "", "\"", "\\", "\t", "\x7F", "\xC3\xA9", "bad \xC3", "\xED\xA0\x80"});
+    for (const char* list : {"", ":Include a.bqs"}) {
+        if (*list != '\0') kept.document.append(EditorList::include, {list});
+        writeKept(folder() + "/profile.kept", kept);
+        const std::string text = read("profile.kept");
+        EXPECT_EQ(text, nlohmann::ordered_json::parse(text).dump(0) + "\n");
+        EXPECT_NE(text.find("\"\",\n\"\\\"\",\n\"\\\\\",\n\"\\t\",\n\"\x7F\",\n\"\xC3\xA9\",\n\"bad \xEF\xBF\xBD\""),
+                  std::string::npos);
+        EXPECT_EQ(readKept(folder() + "/profile.kept").document.listInclude, kept.document.listInclude);
+    }
 }
 
 }  // namespace
