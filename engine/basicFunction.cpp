@@ -394,17 +394,45 @@ std::string functionPath(const TextFile& list, std::size_t nameLine, std::string
     return pathRelativeTo(dirOf(listPath), path);
 }
 
+/// The functions of an unchanged list file, by the lines of their names.
+struct ListedFunctions {
+    ReferenceNames names;
+    // As far as they were asked for, with these globals and this program directory:
+    mutable std::vector<std::optional<std::string>> paths;
+    mutable std::uint64_t globals = 0;
+    mutable std::string exeDirectory;
+
+    const std::string& pathOf(const TextFile& list, std::size_t nameLine, std::string_view listPath) const {
+        const bool current = globals == settings.globalVars.revision() && exeDirectory == brasquelin::exeDirectory();
+        if (!current) paths.assign(list.lines.size(), std::nullopt);
+        globals = settings.globalVars.revision();
+        exeDirectory = brasquelin::exeDirectory();
+        auto& path = paths[nameLine];
+        if (!path) path = functionPath(list, nameLine, listPath);
+        return *path;
+    }
+};
+
+std::shared_ptr<const ListedFunctions> functionsOf(const TextFile& list) {
+    if (auto kept = list.understood.get<ListedFunctions>()) return kept;
+    ListedFunctions listed;
+    for (std::size_t i = 0; i < list.lines.size(); i += 2) {
+        listed.names.add(static_cast<ReferenceNames::Turn>(i), list.lines[i]);
+    }
+    listed.names.finish();
+    return list.understood.keep(std::move(listed));
+}
+
 std::optional<std::string> findFunction(std::string_view name) {
     if (settings.basicFunctionPath.empty()) {
         throw RunTimeError(ErrorNumber::fileNotFound)
             .because("The setting BasicFunctionPath is empty: it names the list file of the basic functions.");
     }
     const auto list = readTextFile(settings.basicFunctionPath);
-    for (std::size_t i = 0; i < list->lines.size(); i += 2) {
-        if (!equalIgnoringCase(list->lines[i], name)) continue;
-        return functionPath(*list, i, settings.basicFunctionPath);
-    }
-    return std::nullopt;
+    const auto functions = functionsOf(*list);
+    const auto line = functions->names.turnOf(name);
+    if (line == ReferenceNames::never) return std::nullopt;
+    return functions->pathOf(*list, line, settings.basicFunctionPath);
 }
 
 /// The declared variable whose "name=" the text starts with, -1 for none.
