@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
+#include <cstdint>
 
 #include "text/fileFormat.h"
 #include "text/runTimeError.h"
@@ -14,6 +14,18 @@ namespace {
 
 constexpr std::size_t choicePrefix = 5;  // "list(" and "comb("
 constexpr std::size_t dialogPrefix = 9;  // "pathopen(" and its like
+
+/// A kind is told by as many letters, in any letter case.
+constexpr std::size_t kindLetters = 4;
+
+constexpr std::uint32_t kindWord(std::string_view typeSpec) {
+    std::uint32_t word = 0;
+    for (const char each : typeSpec.substr(0, kindLetters)) {
+        const bool isUpper = each >= 'A' && each <= 'Z';
+        word = (word << 8U) | static_cast<unsigned char>(isUpper ? each + ('a' - 'A') : each);
+    }
+    return word;
+}
 
 bool startsDialog(std::string_view typeSpec) {
     constexpr std::array<std::string_view, 4> prefixes{"pathsave(", "pathopen(", "dblsopen(", "dblssave("};
@@ -48,16 +60,21 @@ std::string chosenByNumber(VariableKind kind, const std::vector<std::string_view
 }  // namespace
 
 VariableKind kindOf(std::string_view typeSpec) {
-    constexpr std::array<std::pair<std::string_view, VariableKind>, 5> kinds{{{"text", VariableKind::text},
-                                                                              {"list", VariableKind::list},
-                                                                              {"comb", VariableKind::comb},
-                                                                              {"path", VariableKind::path},
-                                                                              {"dbls", VariableKind::dbls}}};
-    const std::string_view start = typeSpec.substr(0, 4);
-    for (const auto& [word, kind] : kinds) {
-        if (equalIgnoringCase(start, word)) return kind;
+    if (typeSpec.size() < kindLetters) return VariableKind::unknown;
+    switch (kindWord(typeSpec)) {
+        case kindWord("text"):
+            return VariableKind::text;
+        case kindWord("list"):
+            return VariableKind::list;
+        case kindWord("comb"):
+            return VariableKind::comb;
+        case kindWord("path"):
+            return VariableKind::path;
+        case kindWord("dbls"):
+            return VariableKind::dbls;
+        default:
+            return VariableKind::unknown;
     }
-    return VariableKind::unknown;
 }
 
 std::string_view typeWord(std::string_view typeSpec) {
