@@ -23,8 +23,7 @@ ListFile::ListFile(std::string path, std::uint64_t mostPieceBytes, std::uint64_t
     size_ = isOnePiece ? piece_.size() : stamp_.size;
     if (!isOnePiece && !isAbsolutePath(path_)) path_ = shortPath(path_);  // each line may change the directory
     readMark();
-    if (findEnd(restOfPiece()) == std::string_view::npos && !reachesEnd()) load(mostPieceBytes_);
-    if (findEnd(restOfPiece()) == std::string_view::npos) lineEnd_ = '\r';
+    if (findEnd() == std::string_view::npos) lineEnd_ = '\r';
     examine();
 }
 
@@ -40,23 +39,30 @@ void ListFile::readMark() {
 
 /// Which code page it is, only the whole file tells; and what cannot be obeyed is found before any line is.
 void ListFile::examine() {
-    examining_ = true;
     for (std::string_view bytes; nextBytes(bytes); ++lineCount_) {
         const bool holdsNul = (units_ == Units::bytes ? bytes.find('\0') : decoded(bytes).find('\0')) != bytes.npos;
         if (holdsNul) raiseNul(path_, static_cast<int>(lineNumber_));
         isUtf8_ = isUtf8_ && isUtf8(bytes);
+        if (isKept()) kept_.add(bytes);
     }
-    examining_ = false;
+    if (isKept()) {
+        std::string().swap(piece_);
+        return;
+    }
     lineNumber_ = 0;
     position_ = begin_;
-    if (pieceBegin_ == begin_) return;
-    if (isKept()) kept_.push_back(std::move(piece_));
     load(usualPieceBytes_);
 }
 
 bool ListFile::next(std::string& line) {
     std::string_view bytes;
-    if (!nextBytes(bytes)) return false;
+    if (isKept()) {
+        const auto kept = kept_.take();
+        if (!kept) return false;
+        bytes = *kept;
+    } else if (!nextBytes(bytes)) {
+        return false;
+    }
     if (units_ == Units::bytes && isUtf8_) {
         line = bytes;
     } else {
@@ -69,12 +75,7 @@ bool ListFile::next(std::string& line) {
 bool ListFile::nextBytes(std::string_view& bytes) {
     if (position_ >= size_) return false;
     ++lineNumber_;
-    std::size_t end = findEnd(restOfPiece());
-    for (const std::uint64_t most : {usualPieceBytes_, mostPieceBytes_}) {
-        if (end != std::string_view::npos || reachesEnd()) break;
-        load(most);
-        end = findEnd(piece_);
-    }
+    const std::size_t end = findEnd();
     if (end == std::string_view::npos && !reachesEnd()) {
         throw RunTimeError(ErrorNumber::outOfMemory, path_, static_cast<int>(lineNumber_))
             .because("The line is longer than " + std::to_string(mostPieceBytes_ >> 20U) + " MB.");
@@ -88,24 +89,26 @@ bool ListFile::nextBytes(std::string_view& bytes) {
     return true;
 }
 
-/// The piece that starts with the line in hand. The lines are gone through twice, each time by the same pieces.
-void ListFile::load(std::uint64_t most) {
-    if (!examining_ && !kept_.empty()) {
-        piece_ = std::move(kept_.front());
-        kept_.pop_front();
-    } else {
-        if (examining_ && isKept()) kept_.push_back(std::move(piece_));
-        readPiece(most);
+/// Where the line in hand ends in the rest of the piece, which becomes as long as it has to. npos for a last line
+/// without an end, and for one that is longer than the longest piece.
+std::size_t ListFile::findEnd() {
+    std::size_t end = findEnd(restOfPiece());
+    for (std::uint64_t most = usualPieceBytes_; end == std::string_view::npos && !reachesEnd(); most *= 2) {
+        load(std::min(most, mostPieceBytes_));
+        end = findEnd(piece_);
+        if (most >= mostPieceBytes_) break;
     }
-    pieceBegin_ = position_;
-    if (piece_.empty()) size_ = position_;
+    return end;
 }
 
-void ListFile::readPiece(std::uint64_t most) {
+/// The piece that starts with the line in hand.
+void ListFile::load(std::uint64_t most) {
     if (fileStamp(path_) != stamp_) {
         throw RunTimeError(ErrorNumber::pathFileAccess, path_).because("The file was changed while it was read.");
     }
     piece_ = readFilePart(path_, position_, static_cast<std::size_t>(std::min(most, size_ - position_)));
+    pieceBegin_ = position_;
+    if (piece_.empty()) size_ = position_;
 }
 
 std::string_view ListFile::restOfPiece() const {

@@ -3,22 +3,22 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string>
 #include <string_view>
 
 #include "platform/files.h"
+#include "text/lineQueue.h"
 
 namespace brasquelin {
 
 /// The lines of a file whose unmarked bytes may be in the OEM page (see codePages.h). A file of any size is read. Up to
-/// the size of the longest piece it is kept in memory and leaves it piece by piece as the lines are taken; of a longer
-/// one there is no more than one piece. Pieces start with a line and hold an even number of bytes.
+/// the size of the longest piece its lines are kept in memory and leave it as they are taken; of a longer one there is
+/// no more than one piece. Pieces start with a line and hold an even number of bytes.
 class ListFile {
   public:
     /// Raises 53, 70, 75 or 76; with the line: 75 for what holds a NUL, 7 for a line longer than a piece.
     explicit ListFile(std::string path, std::uint64_t mostPieceBytes = mostTextBytes,
-                      std::uint64_t usualPieceBytes = 1U << 20U);
+                      std::uint64_t usualPieceBytes = 1U << 16U);
 
     std::size_t lineCount() const { return lineCount_; }
 
@@ -33,10 +33,10 @@ class ListFile {
     void examine();
     bool nextBytes(std::string_view& bytes);
     void load(std::uint64_t most);
-    void readPiece(std::uint64_t most);
     bool isKept() const { return stamp_.size <= mostPieceBytes_; }
     bool reachesEnd() const { return pieceBegin_ + piece_.size() >= size_; }
     std::string_view restOfPiece() const;
+    std::size_t findEnd();
     std::size_t findEnd(std::string_view bytes) const;
     std::string unitOf(char character) const;
     std::string decoded(std::string_view bytes) const;
@@ -48,8 +48,7 @@ class ListFile {
     std::uint64_t size_ = 0;
     std::string piece_;
     std::uint64_t pieceBegin_ = 0;
-    std::deque<std::string> kept_;  // the pieces in the order in which they are asked for
-    bool examining_ = false;
+    LineQueue kept_;           // the lines
     std::uint64_t begin_ = 0;  // of the text, behind the mark
     std::uint64_t position_ = 0;
     Units units_ = Units::bytes;

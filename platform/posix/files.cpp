@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <filesystem>
@@ -107,15 +108,15 @@ std::string readFileBytes(std::string_view path, std::uint64_t most) {
 
 std::string readFilePart(std::string_view path, std::uint64_t begin, std::size_t most) {
     const Descriptor file(openForReading(path));
-    std::string bytes(most, '\0');
-    std::size_t size = 0;
-    while (size < most) {
-        const ssize_t length = pread(file.get(), bytes.data() + size, most - size, static_cast<off_t>(begin + size));
+    std::string bytes;
+    char buffer[1 << 16];
+    while (bytes.size() < most) {
+        const std::size_t wanted = std::min(most - bytes.size(), sizeof buffer);
+        const ssize_t length = pread(file.get(), buffer, wanted, static_cast<off_t>(begin + bytes.size()));
         if (length == 0) break;
         if (length < 0 && errno != EINTR) raise(errno, FileUse::reading, path);
-        if (length > 0) size += static_cast<std::size_t>(length);
+        if (length > 0) bytes.append(buffer, static_cast<std::size_t>(length));
     }
-    bytes.resize(size);
     return bytes;
 }
 
