@@ -112,7 +112,7 @@ std::string batchFilePath() {
 }
 
 void writeBatchFile() {
-    constexpr std::size_t pieceBytes = 1U << 16U;
+    constexpr std::size_t pieceBytes = 1U << 14U;
     writeInPieces(batchFilePath(), [](const TakeBytes& take) {
         std::string piece;
         for (std::size_t job = 0; job < jobList.size(); ++job) {
