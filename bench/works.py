@@ -56,6 +56,34 @@ x
 Unknown
 [/profile]
 """
+STATEMENTS = """#Brasquelin Profile Statements
+[library]
+:Include $exepath$/pack2.bqs
+[/library]
+[var]
+x
+.Type=Text
+.Info=none
+[/var]
+[profile]
+{statements}
+Unknown
+[/profile]
+"""
+FUNCTION = """[var]
+input
+.Type=Text
+.Info=none
+level
+.Type=List(fast||best)
+.Info=none
+.Default=1
+[/var]
+[command]
+type=shell
+command=tool{number} --$level$ "$input$"
+[/command]
+"""
 FIVE = ["input", "output", "third", "fourth", "fifth"]
 
 
@@ -74,8 +102,7 @@ class Works:
         self.program = self.folder / "brasquelin"
         self.batch = self.folder / "brasquelin.bat"
         self.batch.unlink(missing_ok=True)
-        write(self.folder / "Brasquelin.ini",
-              "[config]\nshellexec = true\n[/config]\n[var]\nOutDir=$exepath$/out\n[/var]\n")
+        self.configure()
         declared = "{}\n.Type=Text\n.Info=none\n"
         write(self.folder / "pack.bqs", LIBRARY.format(more="".join(declared.format(name) for name in FIVE[2:]),
                                                        options=" ".join(f"${name}$" for name in FIVE[2:])))
@@ -83,6 +110,10 @@ class Works:
         write(self.folder / "replayed.bqp",
               REPLAYED.format(declarations="".join(declared.format(name) for name in FIVE),
                               parameters="".join(f".{name}=${name}$\n" for name in FIVE)))
+
+    def configure(self, setting=""):
+        write(self.folder / "Brasquelin.ini",
+              f"[config]\nshellexec = true\n{setting}[/config]\n[var]\nOutDir=$exepath$/out\n[/var]\n")
 
     def replay(self, lines):
         """Arguments that replay a list of so many lines with five presets each: a job a line."""
@@ -105,6 +136,17 @@ class Works:
         path = self.folder / f"long-{lines}.bqp"
         call = "Pack\n.input=$x$ of {0}\n.output=$exepath$/out-{0}\n.third=3"
         write(path, LONG.format(calls="\n".join(call.format(i) for i in range(lines // 4))))
+        return str(path)
+
+    def statements(self, lines):
+        """The path of a profile with so many statements, by turns one of ten functions and a library, and one finding."""
+        self.configure("BasicFunctionPath = $exepath$/functions.ini\n")
+        write(self.folder / "functions.ini", "".join(f"Tool{n}\n$exepath$/tool{n}.ini\n" for n in range(10)))
+        for number in range(10):
+            write(self.folder / f"tool{number}.ini", FUNCTION.format(number=number))
+        path = self.folder / f"statements-{lines}.bqp"
+        pair = "BasicFunction.Tool{0}=input=$x$ of {1}||level=best\nPack"
+        write(path, STATEMENTS.format(statements="\n".join(pair.format(n % 10, n) for n in range(lines // 2))))
         return str(path)
 
     def environment(self, **more):
