@@ -33,7 +33,7 @@ class SocketWire : public Wire {
     }
     std::string receive() override {
         push();
-        std::array<char, 1U << 14U> piece{};
+        std::array<char, 1U << 12U> piece{};
         const ssize_t taken = open_ ? recv(socket_.get(), piece.data(), piece.size(), 0) : 0;
         if (taken == 0 || (taken < 0 && errno != EAGAIN && errno != EINTR)) open_ = false;
         return {piece.data(), static_cast<std::size_t>(std::max<ssize_t>(taken, 0))};
