@@ -190,7 +190,7 @@ class Bench:
     def peaks(self, what, arguments):
         """Of unattended runs, `arguments(jobs)` being what starts them."""
         def peak(jobs):
-            turns = 21 if jobs <= 100_000 else 3  # the same run takes 0.1 MB more or less
+            turns = 11 if jobs <= 100_000 else 3  # the same run takes 0.1 MB more or less
             return median([self.works.run(arguments(jobs), jobs)[1] for _ in range(turns)])
 
         base = peak(1)

@@ -113,7 +113,7 @@ class Works:
 
     def configure(self, setting=""):
         write(self.folder / "Brasquelin.ini",
-              f"[config]\nshellexec = true\n{setting}[/config]\n[var]\nOutDir=$exepath$/out\n[/var]\n")
+              f"[config]\nshellexec = grep -q .\n{setting}[/config]\n[var]\nOutDir=$exepath$/out\n[/var]\n")
 
     def replay(self, lines):
         """Arguments that replay a list of so many lines with five presets each: a job a line."""
