@@ -3,7 +3,7 @@
 namespace brasquelin {
 
 FrmAddFunction::FrmAddFunction()
-    : FrmPicker({"frmAddFunction", "Add Function", "functionName", "Load library",
+    : FrmPicker({"frmAddFunction", "Add Function", "functionName", "Libraries", "Load library",
                  "There are no libraries in the library folder."},
                 listLibraries()) {}
 

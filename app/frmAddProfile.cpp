@@ -3,7 +3,7 @@
 namespace brasquelin {
 
 FrmAddProfile::FrmAddProfile()
-    : FrmPicker({"frmAddProfile", "Add profile", "profileName", "Load Profile",
+    : FrmPicker({"frmAddProfile", "Add profile", "profileName", "Profiles", "Load Profile",
                  "There are no profiles in the profile folder."},
                 listProfiles()) {}
 

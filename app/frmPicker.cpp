@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/openFile.h"
+#include "platform/wx/accessibleNames.h"
 #include "platform/wx/buttons.h"
 #include "platform/wx/listBox.h"
 
@@ -15,6 +16,7 @@ FrmPicker::FrmPicker(const PickerTexts& texts, PickerList files)
     : ProgramDialog(texts.window, texts.caption), files_(std::move(files)) {
     const bool empty = files_.titles.empty();
     titles_ = makeListBox(this, texts.list, wxSize(320, 240), files_.titles);
+    nameForAssistiveTools(*titles_, texts.listName);
     auto* hint = new wxStaticText(this, wxID_ANY, texts.whenEmpty);
     hint->Show(empty);
     auto* cancel = makeCancelButton(this);

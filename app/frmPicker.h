@@ -12,6 +12,7 @@ struct PickerTexts {
     const char* window;
     const char* caption;
     const char* list;
+    const char* listName;  // for assistive tools
     const char* button;
     const char* whenEmpty;
 };

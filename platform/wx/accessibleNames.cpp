@@ -59,7 +59,7 @@ void setName(wxWindow& control, const wxString& name) {
     if (void* object = objectOf(control)) atk().setName(object, name.utf8_str());
 }
 
-/// Every control below the window, labels apart.
+/// Every control below the window, and the labels that are to be seen.
 struct Controls {
     std::vector<wxStaticText*> labels;
     std::vector<wxWindow*> others;
@@ -70,7 +70,7 @@ void gather(wxWindow& window, Controls& controls) {
         if (child->IsTopLevel()) continue;
         auto* label = dynamic_cast<wxStaticText*>(child);
         if (label) {
-            controls.labels.push_back(label);
+            if (label->IsShown()) controls.labels.push_back(label);
         } else if (child->GetChildren().empty() || dynamic_cast<wxListView*>(child)) {
             controls.others.push_back(child);
         } else {
