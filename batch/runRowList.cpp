@@ -7,6 +7,7 @@
 #include "batch/runTexts.h"
 #include "platform/wx/colours.h"
 #include "platform/wx/pictures.h"
+#include "platform/wx/selectedItem.h"
 #include "platform/wx/wxText.h"
 #include "text/visibleText.h"
 
@@ -105,14 +106,14 @@ void RunRowList::refreshVisible() {
 }
 
 std::optional<std::size_t> RunRowList::selectedJob() const {
-    const long selected = GetFirstSelected();
+    const long selected = selectedItem(*this);
     if (selected < 0 || jobOf(selected) > rows_.size()) return std::nullopt;
     return jobOf(selected);
 }
 
 void RunRowList::selectJob(std::size_t job) {
     const long item = static_cast<long>(job) - 1;
-    if (item >= GetItemCount() || item == GetFirstSelected()) return;
+    if (item >= GetItemCount() || item == selectedItem(*this)) return;
     selecting_ = true;
     Select(item);
     Focus(item);  // scrolls, too
@@ -128,12 +129,12 @@ void RunRowList::selectJobAt(const wxPoint& place) {
 }
 
 void RunRowList::keepSelectionVisible() {
-    if (const long selected = GetFirstSelected(); selected >= 0) EnsureVisible(selected);
+    if (const long selected = selectedItem(*this); selected >= 0) EnsureVisible(selected);
 }
 
 wxPoint RunRowList::placeOfSelection() const {
     wxRect row;
-    const long selected = GetFirstSelected();
+    const long selected = selectedItem(*this);
     if (selected < 0 || !GetItemRect(selected, row)) return {};
     return wxPoint(0, std::clamp(row.GetBottom(), 0, GetClientSize().y));
 }

@@ -10,6 +10,7 @@
 
 #include "platform/desktop.h"
 #include "platform/wx/colours.h"
+#include "platform/wx/selectedItem.h"
 #include "platform/wx/wxText.h"
 #include "text/visibleText.h"
 
@@ -114,9 +115,7 @@ void LineList::widenColumn() {
 }
 
 std::optional<std::size_t> LineList::selectedLine() const {
-    if (GetSelectedItemCount() == 0) return std::nullopt;
-    const long focused = GetFocusedItem();
-    const long selected = focused >= 0 && IsSelected(focused) ? focused : GetFirstSelected();
+    const long selected = selectedItem(*this);
     if (selected < 0 || static_cast<std::size_t>(selected) >= lineCount()) return std::nullopt;
     return static_cast<std::size_t>(selected);
 }
