@@ -229,7 +229,7 @@ class Bench:
     def window_peak(self, batch):
         with self.run_window(batch) as (window, _):
             before = -1000.0
-            while (busy := processor_seconds(window)) - before > 0.2:  # takes in what the runner has told
+            while (busy := processor_seconds(window)) - before > 0.05:  # takes in what the runner has told
                 before = busy
                 time.sleep(1)
             status = pathlib.Path(f"/proc/{window}/status").read_text()
