@@ -42,9 +42,9 @@ Next
 Next
 [/profile]
 """
-LONG = """#Brasquelin Profile Long
+CALLING = """#Brasquelin Profile Long
 [library]
-:Include $exepath$/pack.bqs
+:Include $exepath$/{library}.bqs
 [/library]
 [var]
 x
@@ -53,20 +53,6 @@ x
 [/var]
 [profile]
 {calls}
-Unknown
-[/profile]
-"""
-STATEMENTS = """#Brasquelin Profile Statements
-[library]
-:Include $exepath$/pack2.bqs
-[/library]
-[var]
-x
-.Type=Text
-.Info=none
-[/var]
-[profile]
-{statements}
 Unknown
 [/profile]
 """
@@ -135,7 +121,8 @@ class Works:
         """The path of a profile with so many lines in its command section, and one finding."""
         path = self.folder / f"long-{lines}.bqp"
         call = "Pack\n.input=$x$ of {0}\n.output=$exepath$/out-{0}\n.third=3"
-        write(path, LONG.format(calls="\n".join(call.format(i) for i in range(lines // 4))))
+        calls = "\n".join(call.format(i) for i in range(lines // 4))
+        write(path, CALLING.format(library="pack", calls=calls))
         return str(path)
 
     def statements(self, lines):
@@ -146,7 +133,8 @@ class Works:
             write(self.folder / f"tool{number}.ini", FUNCTION.format(number=number))
         path = self.folder / f"statements-{lines}.bqp"
         pair = "BasicFunction.Tool{0}=input=$x$ of {1}||level=best\nPack"
-        write(path, STATEMENTS.format(statements="\n".join(pair.format(n % 10, n) for n in range(lines // 2))))
+        calls = "\n".join(pair.format(n % 10, n) for n in range(lines // 2))
+        write(path, CALLING.format(library="pack2", calls=calls))
         return str(path)
 
     def environment(self, **more):
